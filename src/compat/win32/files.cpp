@@ -1,0 +1,206 @@
+#include "files.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "paths.h"
+
+using kvarn::HostPath;
+
+namespace {
+
+thread_local DWORD lastError = ERROR_SUCCESS;
+
+DWORD WindowsError(int error) {
+    switch (error) {
+    case ENOENT:
+        return ERROR_FILE_NOT_FOUND;
+    case ENOTDIR:
+        return ERROR_PATH_NOT_FOUND;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case EISDIR:
+    case ETXTBSY:
+        return ERROR_ACCESS_DENIED;
+    case EEXIST:
+        return ERROR_ALREADY_EXISTS;
+    case EBADF:
+        return ERROR_INVALID_HANDLE;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return ERROR_DISK_FULL;
+    case ENAMETOOLONG:
+        return ERROR_INVALID_NAME;
+    default:
+        return ERROR_GEN_FAILURE;
+    }
+}
+
+// The result of a Windows call from that of a host call that fails with -1.
+BOOL Done(long hostResult) {
+    if (hostResult >= 0) {
+        return TRUE;
+    }
+    lastError = WindowsError(errno);
+    return FALSE;
+}
+
+// A handle is the descriptor plus one, so that no handle is null.
+HANDLE ToHandle(int descriptor) { return reinterpret_cast<HANDLE>(std::intptr_t{descriptor} + 1); }
+int Descriptor(HANDLE file) { return static_cast<int>(reinterpret_cast<std::intptr_t>(file)) - 1; }
+
+int OpenFlags(DWORD access, DWORD disposition) {
+    int flags = O_CLOEXEC;
+    flags |= (access & GENERIC_WRITE) == 0  ? O_RDONLY
+             : (access & GENERIC_READ) == 0 ? O_WRONLY
+                                            : O_RDWR;
+    if (disposition == CREATE_NEW) {
+        flags |= O_CREAT | O_EXCL;
+    } else if (disposition == OPEN_ALWAYS) {
+        flags |= O_CREAT;
+    }
+    return flags;
+}
+
+// Until the folder is on disk too, a crash may bring the old name back.
+BOOL FlushFolderOf(std::string const& hostPath) {
+    std::size_t const slash = hostPath.rfind('/');
+    std::string const folder = slash == std::string::npos ? "." : hostPath.substr(0, slash + 1);
+    int const descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) {
+        return TRUE; // a folder that may be written but not read
+    }
+    BOOL const flushed = Done(fsync(descriptor));
+    close(descriptor);
+    return flushed;
+}
+
+} // namespace
+
+DWORD GetLastError() { return lastError; }
+void SetLastError(DWORD error) { lastError = error; }
+
+HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD, SECURITY_ATTRIBUTES*, DWORD disposition, DWORD,
+                   HANDLE) {
+    int const descriptor = open(HostPath(path).c_str(), OpenFlags(access, disposition), 0666);
+    struct stat status {};
+    if (!Done(descriptor) || !Done(fstat(descriptor, &status))) {
+        return INVALID_HANDLE_VALUE;
+    }
+    if (S_ISDIR(status.st_mode)) {
+        close(descriptor);
+        lastError = ERROR_ACCESS_DENIED;
+        return INVALID_HANDLE_VALUE;
+    }
+    return ToHandle(descriptor);
+}
+
+BOOL ReadFile(HANDLE file, void* buffer, DWORD size, DWORD* count, OVERLAPPED*) {
+    ssize_t result = 0;
+    do {
+        result = read(Descriptor(file), buffer, size);
+    } while (result < 0 && errno == EINTR);
+    *count = result > 0 ? static_cast<DWORD>(result) : 0;
+    return Done(result);
+}
+
+BOOL WriteFile(HANDLE file, void const* data, DWORD size, DWORD* count, OVERLAPPED*) {
+    auto const* const bytes = static_cast<char const*>(data);
+    *count = 0;
+    while (*count < size) {
+        ssize_t const result = write(Descriptor(file), bytes + *count, size - *count);
+        if (result < 0 && errno != EINTR) {
+            return Done(result);
+        }
+        *count += result > 0 ? static_cast<DWORD>(result) : 0;
+    }
+    return TRUE;
+}
+
+BOOL SetEndOfFile(HANDLE file) {
+    off_t const position = lseek(Descriptor(file), 0, SEEK_CUR);
+    return Done(position) && Done(ftruncate(Descriptor(file), position)) ? TRUE : FALSE;
+}
+
+BOOL FlushFileBuffers(HANDLE file) { return Done(fsync(Descriptor(file))); }
+
+BOOL CloseHandle(HANDLE file) { return Done(close(Descriptor(file))); }
+
+DWORD GetFileType(HANDLE file) {
+    struct stat status {};
+    if (!Done(fstat(Descriptor(file), &status))) {
+        return FILE_TYPE_UNKNOWN;
+    }
+    return S_ISREG(status.st_mode) ? FILE_TYPE_DISK : FILE_TYPE_CHAR;
+}
+
+DWORD GetFinalPathNameByHandleA(HANDLE file, LPSTR path, DWORD size, DWORD) {
+    std::string const link = "/proc/self/fd/" + std::to_string(Descriptor(file));
+    char target[4096];
+    ssize_t const length = readlink(link.c_str(), target, sizeof target);
+    if (!Done(length)) {
+        return 0;
+    }
+    auto const text = kvarn::FromHostPath({target, static_cast<std::size_t>(length)});
+    if (!text) {
+        lastError = ERROR_INVALID_NAME;
+        return 0;
+    }
+    if (text->size() >= size) {
+        return static_cast<DWORD>(text->size()) + 1; // the room it needs
+    }
+    std::memcpy(path, text->c_str(), text->size() + 1);
+    return static_cast<DWORD>(text->size());
+}
+
+DWORD GetFileAttributesA(LPCSTR path) {
+    struct stat status {};
+    if (!Done(stat(HostPath(path).c_str(), &status))) {
+        return INVALID_FILE_ATTRIBUTES;
+    }
+    DWORD const kind = S_ISDIR(status.st_mode) ? FILE_ATTRIBUTE_DIRECTORY : 0;
+    DWORD const access = (status.st_mode & S_IWUSR) == 0 ? FILE_ATTRIBUTE_READONLY : 0;
+    return (kind | access) != 0 ? kind | access : FILE_ATTRIBUTE_NORMAL;
+}
+
+BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES*) {
+    return Done(mkdir(HostPath(path).c_str(), 0777));
+}
+
+BOOL DeleteFileA(LPCSTR path) { return Done(unlink(HostPath(path).c_str())); }
+
+BOOL MoveFileExA(LPCSTR from, LPCSTR to, DWORD flags) {
+    std::string const target = HostPath(to);
+    if ((flags & MOVEFILE_REPLACE_EXISTING) == 0 && faccessat(AT_FDCWD, target.c_str(), F_OK,
+                                                              AT_SYMLINK_NOFOLLOW) == 0) {
+        lastError = ERROR_ALREADY_EXISTS;
+        return FALSE;
+    }
+    if (!Done(std::rename(HostPath(from).c_str(), target.c_str()))) {
+        return FALSE;
+    }
+    return FlushFolderOf(target);
+}
+
+BOOL ReplaceFileA(LPCSTR replaced, LPCSTR replacement, LPCSTR, DWORD, void*, void*) {
+    std::string const target = HostPath(replaced);
+    std::string const source = HostPath(replacement);
+    struct stat status {};
+    // The owner first: a change of owner clears the set-id bits of the mode.
+    if (!Done(stat(target.c_str(), &status)) ||
+        !Done(chown(source.c_str(), status.st_uid, status.st_gid)) ||
+        !Done(chmod(source.c_str(), status.st_mode & 07777)) ||
+        !Done(std::rename(source.c_str(), target.c_str()))) {
+        return FALSE;
+    }
+    return FlushFolderOf(target);
+}
+
+DWORD GetCurrentProcessId() { return static_cast<DWORD>(getpid()); }

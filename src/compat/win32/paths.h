@@ -1,0 +1,27 @@
+// From Windows paths in code page 1252 to paths of the host.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kvarn {
+
+// The host's path of a Windows path:
+// - a backslash is a separator, and so is a slash;
+// - a drive "C:" is the folder "c" under $KVARNPROG_DRIVES, by default kvarnprog/drives in the
+//   user's data folder;
+// - a path that begins with a separator lies under the host's root, so that an absolute host path
+//   is accepted as it is;
+// - a component that does not exist as it is spelt is looked up without regard to case; of several
+//   the first in the order of their names is taken. From the first component that does not exist
+//   on, the spelling is kept.
+std::string HostPath(std::string_view path);
+
+// A host path in code page 1252; nothing when it holds a letter outside it.
+std::optional<std::string> FromHostPath(std::string_view hostPath);
+
+// The folder where the host's programs keep data of the user's.
+std::string UserDataFolder();
+
+} // namespace kvarn

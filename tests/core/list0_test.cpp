@@ -1,0 +1,377 @@
+// The list is a template that any record type may use: it is tested on a record of its own, beside
+// a std::vector as the model.
+#include "core/list0.h"
+
+#include <algorithm>
+#include <numeric>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+int allocationsLeft = -1; // negative: no limit
+
+bool Refused() { return allocationsLeft >= 0 && allocationsLeft-- == 0; }
+
+} // namespace
+
+// The lists of this program take their memory from here, so that it can run out.
+void* operator new(std::size_t size, std::nothrow_t const&) noexcept {
+    return Refused() ? nullptr : ::operator new(size);
+}
+void* operator new[](std::size_t size, std::nothrow_t const&) noexcept {
+    return Refused() ? nullptr : ::operator new[](size);
+}
+
+namespace {
+
+struct posttype {
+    int varde;
+    int nr;
+};
+
+enum Nyckel { stigande = 1, omvandLika = 2, motsagande = 3 };
+
+class Lista : public list0<posttype> {
+  public:
+    virtual ~Lista() = default;
+
+    void Fyll(std::vector<int> const& varden) {
+        for (int const varde : varden) {
+            posttype post{varde, m_antal};
+            Ny(1, &post);
+        }
+    }
+    std::vector<int> Varden() { return Samla(&posttype::varde); }
+    std::vector<int> Nummer() { return Samla(&posttype::nr); }
+    int Position() { return Where(nullptr); }
+    int Antal() {
+        int antal = -1;
+        Where(&antal);
+        return antal;
+    }
+    void ForfalskaAntal(int antal) { m_antal = antal; }
+    void TappaMarkeratUrListan() { mark = &m_los; }
+    std::string Text() const { return m_text.GetString(); }
+    int jamforelser = 0;
+
+  protected:
+    int Sortval(int nyckel) override {
+        ++jamforelser;
+        switch (nyckel) {
+        case stigande:
+            return m_aktpost->varde > m_markpost->varde ? 1 : 0;
+        case omvandLika:
+            return m_aktpost->varde >= m_markpost->varde ? 1 : 0;
+        case motsagande: // positive for neighbours, never for the walk from the first
+            return jamforelser == 1 ? 1 : 0;
+        default:
+            return list0::Sortval(nyckel);
+        }
+    }
+
+  private:
+    // Reads forwards and checks the links backwards, leaving the list as it was.
+    std::vector<int> Samla(int posttype::*falt) {
+        std::vector<int> fram;
+        std::vector<int> bak;
+        for (nod* n = m_forsta; n != nullptr; n = n->nasta) {
+            fram.push_back(n->post.*falt);
+        }
+        for (nod* n = m_forsta != nullptr ? m_sista : nullptr; n != nullptr; n = n->forra) {
+            bak.push_back(n->post.*falt);
+        }
+        std::reverse(bak.begin(), bak.end());
+        EXPECT_EQ(fram, bak);
+        return fram;
+    }
+    nod m_los{};
+};
+
+template <class F> std::string Kastat(F f) {
+    try {
+        f();
+    } catch (ListFel const& fel) {
+        return fel.what();
+    }
+    return "nothing thrown";
+}
+
+TEST(List0, NyFillsTheFirstRecordWithZerosOrTheGivenOne) {
+    Lista lista;
+    EXPECT_EQ(lista.Ny(1, nullptr), 0);
+    EXPECT_EQ(lista.Position(), 1);
+    EXPECT_EQ(lista.Get_aktel()->varde, 0);
+    posttype post{7, 8};
+    EXPECT_EQ(lista.Ny(0, &post), 0);
+    EXPECT_EQ(lista.Varden(), (std::vector<int>{7, 0}));
+    EXPECT_EQ(lista.Position(), 1); // the index of the record it was put before
+}
+
+TEST(List0, AddCountsTheStepsToTheNewRecord) {
+    Lista lista;
+    EXPECT_EQ(lista.Add(), 0);
+    EXPECT_EQ(lista.Add(), 1);
+    EXPECT_EQ(lista.Add(), 1);
+    lista.Home();
+    EXPECT_EQ(lista.Add(), 3);
+    EXPECT_EQ(lista.Position(), 4);
+}
+
+TEST(List0, EmptyListAnswersEverywhere) {
+    Lista lista;
+    int antal = 5;
+    EXPECT_EQ(lista.Where(&antal), -1);
+    EXPECT_EQ(antal, 0);
+    EXPECT_EQ(lista.Where(nullptr), -1);
+    EXPECT_EQ(lista.Home(), -1);
+    EXPECT_EQ(lista.End(), -1);
+    EXPECT_EQ(lista.Delete(), -1);
+    EXPECT_EQ(lista++, nullptr);
+    EXPECT_EQ(lista--, nullptr);
+    EXPECT_EQ(lista.Get_aktel(), nullptr);
+    EXPECT_EQ(lista.Set_mark(), 0);
+    EXPECT_EQ(lista.Goto_mark(), -1);
+    EXPECT_EQ(lista.Sortera(stigande), -1);
+    EXPECT_EQ(lista.Omsortera(stigande), -1);
+}
+
+TEST(List0, DeleteOfTheOnlyRecordLeavesAListThatCanBeFilledAgain) {
+    Lista lista;
+    lista.Fyll({1});
+    EXPECT_EQ(lista.Delete(), -1);
+    EXPECT_EQ(lista.End(), -1); // the stale last pointer is not followed
+    lista.Fyll({2, 3});
+    EXPECT_EQ(lista.Varden(), (std::vector<int>{2, 3}));
+    EXPECT_EQ(lista.End(), 0);
+}
+
+TEST(List0, MovesStopAtBothEnds) {
+    Lista lista;
+    lista.Fyll({1, 2});
+    EXPECT_EQ(lista++, nullptr);
+    EXPECT_EQ(lista.Get_aktel()->varde, 2);
+    EXPECT_EQ(lista--, &lista);
+    EXPECT_EQ(lista--, nullptr);
+    EXPECT_EQ(lista.Position(), 1);
+}
+
+TEST(List0, SetAktelTakesTheAddressAndLosesTheCurrentElementWhenItIsNotThere) {
+    Lista lista;
+    lista.Fyll({1, 2, 3});
+    lista.Home();
+    posttype* const forsta = lista.Get_aktel();
+    lista.End();
+    EXPECT_EQ(lista.Set_aktel(forsta), 0);
+    EXPECT_EQ(lista.Position(), 3); // not updated
+
+    posttype kopia = *forsta;
+    EXPECT_EQ(lista.Set_aktel(&kopia), -1);
+    EXPECT_EQ(lista++, nullptr);
+    EXPECT_EQ(lista--, nullptr);
+    EXPECT_EQ(lista.Delete(), -1);
+    EXPECT_EQ(lista.Get_aktel(), nullptr);
+    EXPECT_EQ(lista.Add(), 3); // no crash: counted from the first
+    EXPECT_EQ(lista.Set_aktel(&kopia), -1);
+    EXPECT_EQ(lista.Insert(), 0);
+    EXPECT_EQ(lista.Antal(), 5);
+}
+
+TEST(List0, MarkSurvivesAllButItsOwnRemoval) {
+    Lista lista;
+    lista.Fyll({1, 2, 3});
+    lista.Home();
+    lista++;
+    lista.Set_mark();
+    lista.Home();
+    lista.Delete();
+    EXPECT_EQ(lista.Goto_mark(), 0);
+    EXPECT_EQ(lista.Get_aktel()->varde, 2);
+    EXPECT_EQ(lista.Position(), 1);
+    lista.Delete();
+    EXPECT_EQ(lista.Goto_mark(), -1);
+
+    lista.Fyll({4, 5});
+    lista.TappaMarkeratUrListan();
+    EXPECT_EQ(lista.Goto_mark(), -1);
+    EXPECT_EQ(lista.Get_aktel()->varde, 3); // the first
+    EXPECT_EQ(lista.Position(), 3);         // the walked count
+    EXPECT_EQ(lista.Goto_mark(), -1);       // cleared
+}
+
+TEST(List0, RandomOperationsAgreeWithAVector) {
+    std::mt19937 slump(20261121);
+    Lista lista;
+    std::vector<int> modell;
+    std::size_t aktuell = 0;
+    for (int i = 0; i < 20000; ++i) {
+        posttype post{i, i};
+        switch (slump() % 7) {
+        case 0:
+            lista.Ny(1, &post);
+            modell.push_back(i);
+            aktuell = modell.size() - 1;
+            break;
+        case 1:
+            lista.Ny(0, &post);
+            modell.insert(modell.begin() + static_cast<std::ptrdiff_t>(aktuell), i);
+            break;
+        case 2:
+        case 3:
+            EXPECT_EQ(lista.Delete(), modell.size() > 1 ? 0 : -1);
+            if (!modell.empty()) {
+                modell.erase(modell.begin() + static_cast<std::ptrdiff_t>(aktuell));
+                aktuell = aktuell == modell.size() && aktuell > 0 ? aktuell - 1 : aktuell;
+            }
+            break;
+        case 4:
+            aktuell = lista++ != nullptr ? aktuell + 1 : aktuell;
+            break;
+        case 5:
+            aktuell = lista-- != nullptr ? aktuell - 1 : aktuell;
+            break;
+        default:
+            aktuell = lista.Home() == 0 ? 0 : aktuell;
+            break;
+        }
+        ASSERT_EQ(lista.Varden(), modell);
+        if (modell.empty()) {
+            aktuell = 0;
+        } else {
+            ASSERT_EQ(lista.Get_aktel()->varde, modell[aktuell]);
+            ASSERT_EQ(lista.Position(), static_cast<int>(aktuell) + 1);
+        }
+    }
+}
+
+// The order that the stated selection gives, written down as it is stated.
+std::vector<int> SelectionOrder(std::vector<int> const& varden, bool positiveWhenEqual) {
+    std::vector<int> ordning;
+    std::vector<bool> tagen(varden.size());
+    while (ordning.size() < varden.size()) {
+        int kandidat = -1;
+        for (int i = 0; i < static_cast<int>(varden.size()); ++i) {
+            auto const a = static_cast<std::size_t>(i);
+            if (tagen[a]) {
+                continue;
+            }
+            auto const k = static_cast<std::size_t>(kandidat);
+            if (kandidat < 0 || varden[k] > varden[a] ||
+                (positiveWhenEqual && varden[k] == varden[a])) {
+                kandidat = i;
+            }
+        }
+        tagen[static_cast<std::size_t>(kandidat)] = true;
+        ordning.push_back(kandidat);
+    }
+    return ordning;
+}
+
+TEST(List0, SorteraGivesTheOrderOfTheSelection) {
+    std::mt19937 slump(4711);
+    for (int const antal : {2, 3, 4, 5, 7, 8, 31, 64, 100}) {
+        for (int varv = 0; varv < 20; ++varv) {
+            std::vector<int> varden(static_cast<std::size_t>(antal));
+            for (int& varde : varden) {
+                varde = static_cast<int>(slump() % 9);
+            }
+            for (int const nyckel : {stigande, omvandLika}) {
+                Lista lista;
+                lista.Fyll(varden);
+                lista.Home();
+                posttype* const forsta = lista.Get_aktel();
+                lista++;
+                lista.Set_mark();
+                lista.Home();
+                ASSERT_EQ(lista.Sortera(nyckel), 0);
+                ASSERT_EQ(lista.Nummer(), SelectionOrder(varden, nyckel == omvandLika));
+                EXPECT_EQ(lista.Get_aktel(), forsta);
+                EXPECT_EQ(lista.Position(), 1); // the old index, not recomputed
+                EXPECT_EQ(lista.Goto_mark(), 0);
+                EXPECT_EQ(lista.Get_aktel()->nr, 1);
+            }
+        }
+    }
+}
+
+TEST(List0, SorteraOfAMillionRecordsStaysNearNLogN) {
+    Lista lista;
+    std::mt19937 slump(1);
+    constexpr int antal = 1'000'000;
+    for (int i = 0; i < antal; ++i) {
+        posttype post{static_cast<int>(slump() % 1000), i};
+        lista.Ny(1, &post);
+    }
+    ASSERT_EQ(lista.Sortera(stigande), 0);
+    EXPECT_LT(lista.jamforelser, 22 * antal);
+    auto const varden = lista.Varden();
+    EXPECT_TRUE(std::is_sorted(varden.begin(), varden.end()));
+}
+
+TEST(List0, OmsorteraOrdersAndLeavesTheListWhole) {
+    std::mt19937 slump(42);
+    for (int varv = 0; varv < 200; ++varv) {
+        std::vector<int> varden(2 + slump() % 30);
+        std::iota(varden.begin(), varden.end(), 0);
+        std::swap(varden[slump() % varden.size()], varden[slump() % varden.size()]);
+        varden[slump() % varden.size()] = static_cast<int>(slump() % 30);
+        Lista lista;
+        lista.Fyll(varden);
+        ASSERT_EQ(lista.Omsortera(stigande), 0);
+        std::stable_sort(varden.begin(), varden.end());
+        ASSERT_EQ(lista.Varden(), varden);
+    }
+}
+
+TEST(List0, CopiesAreRefused) {
+    Lista lista;
+    EXPECT_EQ(Kastat([&] { Lista kopia(lista); }), "Internt fel (Initiering list0)");
+    EXPECT_EQ(Kastat([&] { lista = Lista(); }), "Internt fel (Tilldelning list0)");
+}
+
+TEST(List0, EveryShortageOfMemoryHasItsTextAndLeavesTheListWhole) {
+    struct {
+        int allocations;
+        void (*call)(Lista&);
+        char const* text;
+    } const fall[] = {
+        {0, [](Lista& l) { l.Add(); }, "Minnesbrist (Class list0)"},
+        {0, [](Lista& l) { l.Insert(); }, "Minnebrist (Class list0)"},
+        {0, [](Lista& l) { l.Sortera(stigande); }, "Minnebrist (Pek-Class list0)"},
+        {1, [](Lista& l) { l.Sortera(stigande); }, "Minnebrist (Sort-Class list0)"},
+    };
+    for (auto const& f : fall) {
+        Lista lista;
+        lista.Fyll({3, 1, 2});
+        EXPECT_EQ(Kastat([&] {
+                      allocationsLeft = f.allocations;
+                      f.call(lista);
+                  }),
+                  f.text);
+        allocationsLeft = -1;
+        EXPECT_EQ(lista.Varden(), (std::vector<int>{3, 1, 2}));
+        EXPECT_EQ(lista.Antal(), 3);
+    }
+}
+
+TEST(List0, SortsThatDoNotAddUpKeepTheirTextAndTheRecords) {
+    Lista lista;
+    lista.Fyll({3, 1, 2});
+    lista.ForfalskaAntal(4);
+    EXPECT_EQ(Kastat([&] { lista.Sortera(stigande); }), "Sorteringfel ! 3 st av 4");
+    EXPECT_EQ(lista.Text(), "Sorteringfel ! 3 st av 4");
+    EXPECT_EQ(lista.Varden(), (std::vector<int>{3, 1, 2}));
+    EXPECT_EQ(Kastat([&] { lista.Omsortera(stigande); }),
+              "Fel i sortering\nAntal poster 4\nSorterade 3");
+
+    Lista oense;
+    oense.Fyll({1, 2, 3});
+    EXPECT_EQ(Kastat([&] { oense.Omsortera(motsagande); }),
+              "Internt sorteringsfel i Todbs::Sortera");
+    EXPECT_EQ(oense.Varden(), (std::vector<int>{1, 2, 3}));
+}
+
+} // namespace
