@@ -18,6 +18,7 @@
 #include <windows.h>
 #else
 #include "win32/files.h"
+#include "win32/process.h"
 #include "win32/profile.h"
 #include "win32/resources.h"
 #include "win32/types.h"

@@ -202,5 +202,3 @@ BOOL ReplaceFileA(LPCSTR replaced, LPCSTR replacement, LPCSTR, DWORD, void*, voi
     }
     return FlushFolderOf(target);
 }
-
-DWORD GetCurrentProcessId() { return static_cast<DWORD>(getpid()); }

@@ -47,5 +47,3 @@ BOOL MoveFileExA(LPCSTR from, LPCSTR to, DWORD flags);
 // The replacement takes over mode and owner; where it cannot, nothing is replaced.
 BOOL ReplaceFileA(LPCSTR replaced, LPCSTR replacement, LPCSTR backup, DWORD flags, void* exclude,
                   void* reserved);
-
-DWORD GetCurrentProcessId();

@@ -9,6 +9,7 @@
 
 #include "files.h"
 #include "initext.h"
+#include "process.h"
 
 namespace {
 

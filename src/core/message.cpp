@@ -1,0 +1,108 @@
+#include "message.h"
+
+#include <string>
+
+#include "messageout.h"
+#include "text.h"
+
+namespace {
+
+constexpr unsigned toForeground = 65536; // MB_SETFOREGROUND
+constexpr std::size_t bufferSize = 2048;
+
+CStatusBar* statusBar = nullptr;
+MessageBoxHandler boxHandler = nullptr;
+char messageBuffer[bufferSize];
+char lastMessage[bufferSize];
+
+// The client's main window while it is alive.
+CWnd* MainWindow() {
+    CWinThread* const thread = AfxGetThread();
+    CWnd* const window = thread != nullptr ? thread->GetMainWnd() : nullptr;
+    return window != nullptr && IsWindow(window->m_hWnd) != FALSE ? window : nullptr;
+}
+
+std::string ApplicationTitle() {
+    char title[256] = "";
+    AfxLoadString(AFX_IDS_APP_TITLE, title, sizeof title);
+    return title;
+}
+
+enum class Box { framework, window, desktop };
+
+int Show(Box box, CWnd* owner, MessageBoxRequest const& request) {
+    std::string const caption =
+        request.caption != nullptr ? std::string(request.caption) : ApplicationTitle();
+    switch (box) {
+    case Box::framework:
+        return AfxMessageBox(request.text, request.style);
+    case Box::window:
+        return owner->MessageBox(request.text, caption.c_str(), request.style);
+    case Box::desktop:
+    default:
+        return ::MessageBoxA(nullptr, request.text, caption.c_str(), request.style);
+    }
+}
+
+// The gate.
+int Message(Box box, CWnd* owner, char const* text, char const* caption, unsigned style) {
+    MessageBoxRequest const request = {text, caption, style, box == Box::desktop ? 0 : 1};
+    return boxHandler != nullptr ? boxHandler(request) : Show(box, owner, request);
+}
+
+} // namespace
+
+void SetStatusBar(CStatusBar* bar) { statusBar = bar; }
+
+void SetMessageBoxHandler(MessageBoxHandler handler) { boxHandler = handler; }
+
+char* MessageBuffer() { return messageBuffer; }
+
+char const* LastMessage() { return lastMessage; }
+
+HINSTANCE LibraryModule() {
+    HMODULE module = nullptr;
+    GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                           GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       messageBuffer, &module);
+    return module;
+}
+
+int MessageOut(char const* text, unsigned buttons, unsigned icon, char const* caption) {
+    if (CWnd* const owner = MainWindow()) {
+        return Message(Box::framework, owner, text, nullptr, buttons | icon | toForeground);
+    }
+    return Message(Box::desktop, nullptr, text, caption, buttons | icon);
+}
+
+int MessageOut(CString text, unsigned buttons, unsigned icon, CString const* caption) {
+    char const* const title = caption != nullptr ? caption->GetString() : nullptr;
+    if (CWnd* const owner = MainWindow()) {
+        return Message(Box::window, owner, text.GetString(), title, buttons | icon | toForeground);
+    }
+    return Message(Box::desktop, nullptr, text.GetString(), title, buttons | icon);
+}
+
+void StatusText(char const* text) {
+    if (statusBar != nullptr && IsWindow(statusBar->m_hWnd) != FALSE) {
+        constexpr int pane = 0;
+        statusBar->SetPaneText(pane, text, TRUE);
+    }
+}
+
+void StatusText(CString text) { StatusText(text.GetString()); }
+
+namespace kvarn {
+
+void DesktopMessage(char const* text, char const* caption) {
+    Message(Box::desktop, nullptr, text, caption, messageOk | messageExclamation);
+}
+
+void SetLastMessage(std::string_view text) { CopyText(lastMessage, sizeof lastMessage, text); }
+
+char const* ToMessageBuffer(std::string_view text) {
+    CopyText(messageBuffer, sizeof messageBuffer, text);
+    return messageBuffer;
+}
+
+} // namespace kvarn

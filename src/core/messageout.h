@@ -1,0 +1,38 @@
+// The one gate through which every message of the library goes to the user. Internal: host programs
+// use message.h.
+#pragma once
+
+#include <string_view>
+
+#include "../compat/host.h"
+
+// Shows a message box over the client's main window, brought to the foreground, or one owned by the
+// desktop where there is no live main window. Buttons and icon are styles of MessageBox. Without a
+// caption the application title is shown: the client's string resource 57344, else the library's.
+// Returns the button's id.
+//
+// Over the main window the first form is the framework's own message box, which always shows the
+// application title; a caption is used there by the second form alone.
+int MessageOut(char const* text, unsigned buttons, unsigned icon, char const* caption);
+int MessageOut(CString text, unsigned buttons, unsigned icon, CString const* caption);
+
+// Shows a text in pane 0 of the host's status bar at once; dropped where there is none.
+void StatusText(char const* text);
+void StatusText(CString text);
+
+namespace kvarn {
+
+constexpr unsigned messageOk = 0;         // MB_OK
+constexpr unsigned messageExclamation = 48; // MB_ICONEXCLAMATION
+
+// A box that quotes its caption: owned by the desktop whatever main window there is, with the OK
+// button and the exclamation icon.
+void DesktopMessage(char const* text, char const* caption);
+
+// Keeps the text that LastMessage returns.
+void SetLastMessage(std::string_view text);
+
+// Puts a text into the shared message buffer, cut to fit, and returns the buffer.
+char const* ToMessageBuffer(std::string_view text);
+
+} // namespace kvarn

@@ -1,0 +1,99 @@
+#include "textfil.h"
+
+#include <algorithm>
+
+#include "text.h"
+
+namespace kvarn {
+namespace {
+
+constexpr std::size_t bufferSize = 16 * 1024;
+constexpr char endOfFile = 0x1A;
+
+} // namespace
+
+TextReader::TextReader(char const* path)
+    : m_file(CreateFileA(path, GENERIC_READ,
+                         FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                         OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)),
+      m_open(m_file != INVALID_HANDLE_VALUE), m_ended(!m_open) {}
+
+TextReader::TextReader(std::string_view text)
+    : m_open(true), m_window(text.substr(0, text.find(endOfFile))) {}
+
+TextReader::~TextReader() {
+    if (m_file != INVALID_HANDLE_VALUE) {
+        CloseHandle(m_file);
+    }
+}
+
+bool TextReader::Refill() {
+    if (m_ended || m_file == INVALID_HANDLE_VALUE) {
+        return false;
+    }
+    m_buffer.resize(bufferSize);
+    DWORD count = 0;
+    if (ReadFile(m_file, m_buffer.data(), bufferSize, &count, nullptr) == FALSE) {
+        m_failed = m_ended = true;
+        return false;
+    }
+    std::string_view const read(m_buffer.data(), count);
+    std::size_t const end = read.find(endOfFile);
+    m_ended = count == 0 || end != std::string_view::npos;
+    m_window = read.substr(0, end);
+    return !m_window.empty();
+}
+
+// The next line up to its LF, or the last one without; the CR before the LF is taken off.
+bool TextReader::RawLine(std::string_view& line) {
+    m_long.clear();
+    bool any = false;
+    while (!m_window.empty() || Refill()) {
+        std::size_t const feed = m_window.find('\n');
+        std::string_view const part = m_window.substr(0, feed);
+        any = true;
+        if (feed == std::string_view::npos) {
+            m_long.append(part);
+            m_window = {};
+            continue;
+        }
+        m_window.remove_prefix(feed + 1);
+        line = m_long.empty() ? part : m_long.append(part);
+        line.remove_suffix(line.ends_with('\r') ? 1 : 0);
+        return true;
+    }
+    line = m_long;
+    return any && !m_failed;
+}
+
+bool TextReader::ReadLine(std::string_view& line) {
+    if (!RawLine(line)) {
+        return false;
+    }
+    line = line.substr(0, line.find('\0'));
+    return true;
+}
+
+bool TextReader::ReadLine(char* line, std::size_t size) {
+    if (!m_more && !ReadLine(m_rest)) {
+        return false;
+    }
+    CopyText(line, size, m_rest);
+    m_rest.remove_prefix(std::min(m_rest.size(), size - 1));
+    m_more = !m_rest.empty();
+    return true;
+}
+
+void AppendTextMode(std::string& out, std::string_view text) {
+    while (true) {
+        std::size_t const feed = text.find('\n');
+        out.append(text.substr(0, feed));
+        if (feed == std::string_view::npos) {
+            return;
+        }
+        out.append("\r\n");
+        text.remove_prefix(feed + 1);
+    }
+}
+
+} // namespace kvarn

@@ -1,0 +1,55 @@
+// Text files, read and written line by line as the runtime library's text mode does.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "../compat/host.h"
+
+namespace kvarn {
+
+// Lines of a file or of a text. CR LF ends a line, and so does LF; a lone CR stays. 0x1A ends the
+// file wherever it stands. A last line without a line end is a line. A zero cuts its line; reading
+// goes on with the next. A byte-order mark is data.
+class TextReader {
+  public:
+    // Opens the file for reading.
+    explicit TextReader(char const* path);
+    // Reads a text in memory, which the caller keeps.
+    explicit TextReader(std::string_view text);
+    ~TextReader();
+    TextReader(TextReader const&) = delete;
+    TextReader& operator=(TextReader const&) = delete;
+
+    bool IsOpen() const { return m_open; }
+    // True when a read failed: what was delivered is then not all of the file.
+    bool Failed() const { return m_failed; }
+
+    // The next line without its end, valid until the next call; false at the end of the file and
+    // when a read failed.
+    bool ReadLine(std::string_view& line);
+    // The same, at most size - 1 characters and a zero; the rest of a longer line comes with the
+    // next call.
+    bool ReadLine(char* line, std::size_t size);
+
+  private:
+    bool Refill();
+    bool RawLine(std::string_view& line);
+
+    HANDLE m_file = INVALID_HANDLE_VALUE;
+    bool m_open = false;
+    bool m_failed = false;
+    bool m_ended = false;
+    std::vector<char> m_buffer;
+    std::string_view m_window;  // read and not yet delivered
+    std::string m_long;         // a line that spans buffers
+    std::string_view m_rest;    // of a line that was longer than the caller's buffer
+    bool m_more = false;
+};
+
+// Appends a text as text mode writes it: each LF becomes CR LF.
+void AppendTextMode(std::string& out, std::string_view text);
+
+} // namespace kvarn

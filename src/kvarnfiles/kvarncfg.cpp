@@ -1,0 +1,51 @@
+#include "kvarncfg.h"
+
+#include "../compat/codepage.h"
+#include "../core/format.h"
+#include "../core/messageout.h"
+#include "../core/text.h"
+#include "../project/projpath.h"
+#include "nyckelfil.h"
+
+template class KVARNPROG_LIST_DEFINE list0<cfgtype>;
+
+CKvarnCFG::CKvarnCFG(CAutoIni* ini) {
+    std::string_view const katalog = kvarn::FolderOf(ini->m_iniFil.GetString());
+    Init("Kvarnbok", kvarn::PathOf(katalog, CProjPath::KvarnCfgNamn).c_str());
+}
+
+CKvarnCFG::CKvarnCFG(char const* program, char const* path) { Init(program, path); }
+
+CKvarnCFG::~CKvarnCFG() = default;
+
+int CKvarnCFG::Init(char const* program, char const* path) {
+    m_filnamn = path;
+    kvarn::Inlasning const resultat = kvarn::LasNyckelfil(*this, m_filnamn);
+    m_ofullstandig = resultat != kvarn::Inlasning::hel;
+    if (resultat == kvarn::Inlasning::gickEjAttOppna) {
+        kvarn::DesktopMessage(
+            kvarn::Format("Kan inte öppna CFG-filen\n%s\nAvbryter läsning!"_1252,
+                          m_filnamn.GetString())
+                .c_str(),
+            kvarn::Format("Läsning av %s - konfigurering"_1252, program).c_str());
+    }
+    return 0;
+}
+
+int CKvarnCFG::FindKey(CString key) { return kvarn::SokNyckel(*this, key.GetString()); }
+int CKvarnCFG::FindKey(char const* key) { return FindKey(CString(key)); }
+
+CString CKvarnCFG::ReadKey(CString key) { return kvarn::LasNyckel(*this, key.GetString()); }
+CString CKvarnCFG::ReadKey(char const* key) { return ReadKey(CString(key)); }
+
+int CKvarnCFG::WriteKey(CString key, CString value) {
+    if (kvarn::SattNyckel(*this, key.GetString(), value.GetString()) != 0) {
+        return -1;
+    }
+    return kvarn::SkrivNyckelfil(*this, m_filnamn, m_ofullstandig) == kvarn::Rewritten::done ? 0
+                                                                                             : -1;
+}
+
+int CKvarnCFG::WriteKey(char const* key, char const* value) {
+    return WriteKey(CString(key), CString(value));
+}

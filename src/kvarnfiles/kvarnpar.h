@@ -1,0 +1,62 @@
+// The parameter files "KVARNBOK.PAR" and "KLIPPBOK.PAR": lines of key=value, in a project or shared.
+#pragma once
+
+#include "../compat/host.h"
+#include "../core/list0.h"
+#include "../library/export.h"
+#include "../project/projpath.h"
+#include "../settings/autoini.h"
+
+struct partype {
+    char nyckel[40]; // left of the first "=", at most 39 characters
+    char varde[260]; // right of it
+};
+
+extern template class KVARNPROG_LIST_DECLARE list0<partype>;
+
+// One parameter file in memory, in the format of CKvarnCFG. Of three places the first that holds
+// the file is taken, once, at construction: the project folder, the CFG directory, the main
+// directory. A key is written to the file that was taken: into a shared one where the project has
+// none of its own.
+class KVARNPROG_API CKvarnPAR : public list0<partype> {
+  public:
+    // Reads the drawing program's file (CProjPath::KvarnParNamn). Either pointer may be null; the
+    // places that it names are then left out. Where there is no file the list and the path are
+    // empty, without a message. A file that exists but cannot be opened shows
+    // "Kan inte oppna -filen\n%s\nAvbryter lasning!" (with o and a umlaut) in a box of the
+    // desktop's; the list is then empty.
+    CKvarnPAR(CAutoIni* ini, CProjPath* projekt);
+
+    // program 1: the rock-drilling program's file (CProjPath::StenParNamn), as above.
+    // program 0: an empty object without a path, though the drawing program's file is read, and a
+    // failure to open it shown; clients depend on it, and take the first form for that file.
+    // Any other: an empty object, nothing is read.
+    CKvarnPAR(CAutoIni* ini, CProjPath* projekt, int program);
+
+    CKvarnPAR(CKvarnPAR const&) = default; // throws, as the list does
+    CKvarnPAR& operator=(CKvarnPAR const&) = delete;
+    virtual ~CKvarnPAR();
+
+    // The path of the file that was taken, the one that WriteKey writes; empty when there is none.
+    CString GetParFilNamn();
+
+    // As CKvarnCFG.
+    int FindKey(CString key);
+    int FindKey(char const* key);
+    CString ReadKey(CString key);
+    CString ReadKey(char const* key);
+
+    // As CKvarnCFG, but a file that cannot be opened for writing is shown in a box of the
+    // desktop's: "Could not open file for write\n%s".
+    int WriteKey(CString key, CString value);
+    int WriteKey(char const* key, char const* value);
+
+    CString m_filnamn; // full path, or empty
+    CStdioFile m_fil;  // open only while the file is read or written
+
+  private:
+    void Las(CString const& projektfil, CAutoIni const* ini, char const* namn,
+             char const* program);
+
+    bool m_ofullstandig = false; // the file exists but was not read to its end
+};

@@ -1,0 +1,108 @@
+// CKvarnInst: the object itself and the keys of the settings files.
+#include <clocale>
+#include <cstring>
+
+#include "../compat/englishlocale.h"
+#include "../core/format.h"
+#include "../core/scan.h"
+#include "../core/text.h"
+#include "kvarninst.h"
+#include "kvarnpar.h"
+#include "standardvarden.h"
+
+namespace {
+
+constexpr int stenprogram = 1;
+
+bool Fil(char const* file, char const* namn) { return kvarn::SameText(file, namn); }
+
+bool PunktDecimal() { return std::strcmp(std::localeconv()->decimal_point, ".") == 0; }
+
+} // namespace
+
+CKvarnInst::CKvarnInst() = default;
+CKvarnInst::CKvarnInst(CKvarnInst const&) = default;
+CKvarnInst& CKvarnInst::operator=(CKvarnInst const&) = default;
+CKvarnInst::~CKvarnInst() = default;
+
+int CKvarnInst::Init(CAutoIni* ini, CProjPath* projekt) {
+    m_ini = ini;
+    m_proj = projekt;
+    return 0;
+}
+
+CAutoIni* CKvarnInst::AiniPtr() const { return m_ini; }
+
+void CKvarnInst::GetAiniProjPath(CAutoIni** ini, CProjPath** projekt) const {
+    *ini = m_ini;
+    *projekt = m_proj;
+}
+
+CString CKvarnInst::Default(char const* file, CString key) {
+    for (kvarn::Standardvarde const& rad : kvarn::Standardvarden(file)) {
+        if (kvarn::SameText(rad.nyckel, key.GetString())) {
+            return rad.varde;
+        }
+    }
+    return {};
+}
+
+CString CKvarnInst::ReadKey(char const* file, CString key) {
+    CString value;
+    if (Fil(file, CProjPath::KvarnParNamn)) {
+        value = CKvarnPAR(m_ini, m_proj).ReadKey(key);
+    } else if (Fil(file, CProjPath::StenParNamn)) {
+        value = CKvarnPAR(m_ini, m_proj, stenprogram).ReadKey(key);
+    }
+    return value.IsEmpty() ? Default(file, key) : value;
+}
+
+CString CKvarnInst::ReadKey(char const* file, char const* key) {
+    return ReadKey(file, CString(key));
+}
+
+int CKvarnInst::ReadKeyInt(char const* file, char const* key, int defaultOnly) {
+    constexpr int inteTal = -9;
+    constexpr int obegransad = -1;
+    CString const text = defaultOnly != 0 ? Default(file, key) : ReadKey(file, key);
+    if (kvarn::SameText(text.GetString(), "MAX")) {
+        return obegransad;
+    }
+    std::int32_t value = 0;
+    return kvarn::Scan(text.GetString(), value) == 1 ? value : inteTal;
+}
+
+double CKvarnInst::ReadKeyDouble(char const* file, char const* key, int defaultOnly) {
+    constexpr double inteTal = -9.0;
+    CString const text = defaultOnly != 0 ? Default(file, key) : ReadKey(file, key);
+    double value = 0.0;
+    return kvarn::Scan(text.GetString(), value) == 1 ? value : inteTal;
+}
+
+int CKvarnInst::WriteKey(char const* file, CString key, CString value) {
+    if (Fil(file, CProjPath::KvarnParNamn)) {
+        return CKvarnPAR(m_ini, m_proj).WriteKey(key, value);
+    }
+    if (Fil(file, CProjPath::StenParNamn)) {
+        return CKvarnPAR(m_ini, m_proj, stenprogram).WriteKey(key, value);
+    }
+    return 0;
+}
+
+int CKvarnInst::WriteKey(char const* file, CString key, int value) {
+    constexpr int obegransad = -1;
+    bool const max = value == obegransad && key.Find("SKALA") >= 0;
+    return WriteKey(file, key, max ? CString("MAX") : CString(kvarn::Format("%d", value).c_str()));
+}
+
+int CKvarnInst::WriteKey(char const* file, CString key, double value, int decimals) {
+    return WriteKey(file, key, CString(kvarn::Format("%.*lf", decimals, value).c_str()));
+}
+
+int CKvarnInst::LocaleCheckAndFix() {
+    if (PunktDecimal()) {
+        return 0;
+    }
+    std::setlocale(LC_NUMERIC, kvarn::englishLocale);
+    return PunktDecimal() ? 0 : -1;
+}

@@ -1,0 +1,11 @@
+// Every exported class of the library: settings, project paths and data files of the geotechnical
+// drawing programs.
+#pragma once
+
+#include "core/list0.h"
+#include "core/message.h"
+#include "kvarnfiles/kvarncfg.h"
+#include "kvarnfiles/kvarninst.h"
+#include "kvarnfiles/kvarnpar.h"
+#include "project/projpath.h"
+#include "settings/autoini.h"

@@ -1,0 +1,14 @@
+// The library's one search rule for a settings or code file: the project folder, then the CFG
+// directory, then the main directory. The first that exists wins.
+#pragma once
+
+#include "../settings/autoini.h"
+
+namespace kvarn {
+
+// The path of the file: the project's own where it exists, else the copy of that name in one of the
+// two directories. Empty when none exists. An empty project path and a null settings object name
+// nothing.
+CString ForstFunna(CString const& projektfil, CAutoIni const* ini, char const* namn);
+
+} // namespace kvarn
