@@ -16,9 +16,9 @@ constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELET
 // A file open for writing, closed with its scope.
 class OutFile {
   public:
-    OutFile(char const* path, DWORD disposition)
-        : m_file(CreateFileA(path, GENERIC_WRITE, shareAll, nullptr, disposition,
-                             FILE_ATTRIBUTE_NORMAL, nullptr)) {}
+    OutFile(char const* path, DWORD disposition, DWORD access = GENERIC_WRITE)
+        : m_file(CreateFileA(path, access, shareAll, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
+                             nullptr)) {}
     ~OutFile() { Close(); }
     OutFile(OutFile const&) = delete;
     OutFile& operator=(OutFile const&) = delete;
@@ -126,9 +126,16 @@ class Beside {
 
   private:
     BOOL TakePlace(std::string const& target, bool exists) const {
-        return exists ? ReplaceFileA(target.c_str(), m_path.c_str(), nullptr, 0, nullptr, nullptr)
-                      : MoveFileExA(m_path.c_str(), target.c_str(),
-                                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+        if (!exists) {
+            return MoveFileExA(m_path.c_str(), target.c_str(),
+                               MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+        }
+        // A file that another program holds is known by asking for the right to remove it; the
+        // replacement itself is then not begun. Plain attributes are not among what it carries over.
+        bool const free = OutFile(target.c_str(), OPEN_EXISTING, DELETE).IsOpen();
+        return free && SetFileAttributesA(m_path.c_str(), GetFileAttributesA(target.c_str())) != FALSE
+                   ? ReplaceFileA(target.c_str(), m_path.c_str(), nullptr, 0, nullptr, nullptr)
+                   : FALSE;
     }
 
     std::string m_path;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 
 #include "../compat/codepage.h"
 
@@ -117,7 +116,7 @@ bool SameText(std::string_view a, std::string_view b) {
 
 void CopyText(char* buffer, std::size_t size, std::string_view text) {
     std::size_t const length = std::min(text.size(), size - 1);
-    std::memcpy(buffer, text.data(), length);
+    text.copy(buffer, length);
     buffer[length] = '\0';
 }
 

@@ -170,6 +170,8 @@ DWORD GetFileAttributesA(LPCSTR path) {
     return (kind | access) != 0 ? kind | access : FILE_ATTRIBUTE_NORMAL;
 }
 
+BOOL SetFileAttributesA(LPCSTR path, DWORD) { return Done(access(HostPath(path).c_str(), F_OK)); }
+
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES*) {
     return Done(mkdir(HostPath(path).c_str(), 0777));
 }

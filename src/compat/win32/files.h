@@ -8,6 +8,7 @@
 inline HANDLE const INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(std::intptr_t{-1});
 constexpr DWORD INVALID_FILE_ATTRIBUTES = 0xFFFFFFFF;
 
+constexpr DWORD DELETE = 0x00010000;
 constexpr DWORD GENERIC_READ = 0x80000000;
 constexpr DWORD GENERIC_WRITE = 0x40000000;
 constexpr DWORD FILE_SHARE_READ = 1;
@@ -40,6 +41,8 @@ DWORD GetFileType(HANDLE file);
 DWORD GetFinalPathNameByHandleA(HANDLE file, LPSTR path, DWORD size, DWORD flags);
 
 DWORD GetFileAttributesA(LPCSTR path);
+// The mode is carried over by ReplaceFileA; other attributes have no counterpart.
+BOOL SetFileAttributesA(LPCSTR path, DWORD attributes);
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES* security);
 BOOL DeleteFileA(LPCSTR path);
 // Both put the new name on disk before they return.

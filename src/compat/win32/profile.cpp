@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -79,7 +78,7 @@ DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR standard, LPST
         value = kvarn::IniValue(ini, section, key).value_or(value);
     }
     std::size_t const length = std::min<std::size_t>(value.size(), size - 1);
-    std::memcpy(buffer, value.data(), length);
+    value.copy(buffer, length);
     buffer[length] = '\0';
     return static_cast<DWORD>(length);
 }

@@ -1,0 +1,112 @@
+#include "core/text.h"
+
+#include <map>
+
+#include <gtest/gtest.h>
+
+#include "compat/codepage.h"
+
+namespace {
+
+// Every byte but zero through a conversion; those that are not in the table must stay.
+void ExpectTable(void (*convert)(char*), std::map<int, int> const& table) {
+    for (int byte = 1; byte < 256; ++byte) {
+        char text[] = {static_cast<char>(byte), '\0'};
+        convert(text);
+        auto const found = table.find(byte);
+        EXPECT_EQ(static_cast<unsigned char>(text[0]), found == table.end() ? byte : found->second)
+            << "byte " << byte;
+    }
+}
+
+TEST(Text, ToUpperNordicConvertsItsLettersAndNoOthers) {
+    std::map<int, int> table = {{229, 197}, {228, 196}, {246, 214},
+                                {134, 143}, {132, 142}, {148, 153}};
+    for (int letter = 97; letter <= 122; ++letter) {
+        table[letter] = letter - 32;
+    }
+    ExpectTable(ToUpperNordic, table);
+}
+
+TEST(Text, OemToAnsiNordicConvertsItsLettersAndNoOthers) {
+    ExpectTable(OemToAnsiNordic, {{134, 229},
+                                  {143, 197},
+                                  {132, 228},
+                                  {142, 196},
+                                  {148, 246},
+                                  {153, 214},
+                                  {145, 230},
+                                  {146, 198},
+                                  {155, 248},
+                                  {237, 216},
+                                  {130, 233},
+                                  {144, 201}});
+    CString text("K\x84llarm\x84stare");
+    OemToAnsiNordic(text);
+    EXPECT_EQ(text, "Källarmästare"_1252);
+    OemToAnsiNordic(text); // a converted text stays
+    EXPECT_EQ(text, "Källarmästare"_1252);
+}
+
+TEST(Text, SplitPathTakesBlanksAndQuotesOffFirst) {
+    struct {
+        char const* argument;
+        char const* folder;
+        char const* name;
+    } const cases[] = {
+        {"\"C:\\Prog\\Tool.exe\" ", "C:\\Prog", "Tool.exe"},
+        {"  C:\\Prog\\Tool.exe\t\r\n", "C:\\Prog", "Tool.exe"},
+        {"\"\"C:\\A b\\c\"\"", "C:\\A b", "c"},
+        {"C:\\Prog\\\"quoted\"", "C:\\Prog", "\"quoted\""}, // not at the front: they stay
+        {"\"C:\\Prog\\Tool.exe\" /x C:\\data\\p", "C:\\Prog\\Tool.exe\" /x C:\\data", "p"},
+        {"Tool.exe", "", "Tool.exe"},
+        {"\\Tool.exe", "", "Tool.exe"},
+        {"C:\\Prog\\", "C:\\Prog", ""},
+        {"\"", "", ""},
+        {"", "", ""},
+    };
+    for (auto const& c : cases) {
+        char folder[256];
+        char name[256];
+        EXPECT_EQ(SplitPath(c.argument, folder, name), 0);
+        EXPECT_STREQ(folder, c.folder) << c.argument;
+        EXPECT_STREQ(name, c.name) << c.argument;
+        EXPECT_EQ(SplitPath(c.argument, nullptr, nullptr), 0);
+    }
+}
+
+TEST(Text, SplitPathNeverWritesBeyond256Bytes) {
+    std::string const longName(1000, 'x');
+    char buffers[2][257];
+    buffers[0][256] = buffers[1][256] = '#';
+    SplitPath((longName + "\\" + longName).c_str(), buffers[0], buffers[1]);
+    EXPECT_EQ(std::string(buffers[0]), std::string(255, 'x'));
+    EXPECT_EQ(std::string(buffers[1]), std::string(255, 'x'));
+    EXPECT_EQ(buffers[0][256], '#');
+    EXPECT_EQ(buffers[1][256], '#');
+}
+
+TEST(Text, ComparisonFoldsTheLettersOfTheCodePageAndOnlyThem) {
+    EXPECT_TRUE(kvarn::SameText("HSkala", "hsKALA"));
+    EXPECT_TRUE(kvarn::SameText("ÅÄÖÉÆØŠŽŒŸ"_1252, "åäöéæøšžœÿ"_1252));
+    EXPECT_FALSE(kvarn::SameText("×"_1252, "÷"_1252));
+    EXPECT_FALSE(kvarn::SameText("A", "AB"));
+    EXPECT_FALSE(kvarn::SameText("[", "{")); // 32 apart, and no letters
+    for (int byte = 0; byte < 256; ++byte) {
+        char const c = static_cast<char>(byte);
+        EXPECT_EQ(kvarn::Lower1252(kvarn::Upper1252(c)), kvarn::Lower1252(c)) << byte;
+    }
+}
+
+TEST(Text, CodePageConversionGoesThereAndBack) {
+    for (int byte = 0; byte < 256; ++byte) {
+        std::string const text(1, static_cast<char>(byte));
+        EXPECT_EQ(kvarn::FromUtf8(kvarn::ToUtf8(text)), text) << byte;
+    }
+    EXPECT_EQ(kvarn::ToUtf8("\x80\xE5"), "€å");
+    for (char const* bad : {"\xCE\xB1", "\xC3", "\xFF", "\xC0\x80", "\xE2\x82", "a\x80"}) {
+        EXPECT_EQ(kvarn::FromUtf8(bad), std::nullopt);
+    }
+}
+
+} // namespace
