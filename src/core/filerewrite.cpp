@@ -1,8 +1,10 @@
 #include "filerewrite.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "../compat/host.h"
 #include "format.h"
@@ -16,9 +18,9 @@ constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELET
 // A file open for writing, closed with its scope.
 class OutFile {
   public:
-    OutFile(char const* path, DWORD disposition, DWORD access = GENERIC_WRITE)
-        : m_file(CreateFileA(path, access, shareAll, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
-                             nullptr)) {}
+    OutFile(char const* path, DWORD disposition)
+        : m_file(CreateFileA(path, GENERIC_WRITE, shareAll, nullptr, disposition,
+                             FILE_ATTRIBUTE_NORMAL, nullptr)) {}
     ~OutFile() { Close(); }
     OutFile(OutFile const&) = delete;
     OutFile& operator=(OutFile const&) = delete;
@@ -81,6 +83,19 @@ Rewritten WriteInPlace(char const* path, std::string_view content) {
     return file.Write(content) && file.Finish() ? Rewritten::done : Rewritten::failed;
 }
 
+// Gives a file the attributes, the owner and the access rights of another; false where the system
+// does not let us.
+bool CarryOver(char const* from, char const* to) {
+    constexpr SECURITY_INFORMATION carried =
+        OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION;
+    DWORD size = 0;
+    GetFileSecurityA(from, carried, nullptr, 0, &size);
+    std::vector<std::byte> rights(size);
+    return GetFileSecurityA(from, carried, rights.data(), size, &size) != FALSE &&
+           SetFileSecurityA(to, carried, rights.data()) != FALSE &&
+           SetFileAttributesA(to, GetFileAttributesA(from)) != FALSE;
+}
+
 // A new file beside another, deleted with its scope unless it was kept or has become the other.
 class Beside {
   public:
@@ -118,24 +133,17 @@ class Beside {
             if (i > 0) {
                 Sleep(pause);
             }
-            m_kept = TakePlace(target, exists) != FALSE;
+            m_kept = TakePlace(target, exists);
         }
         return m_kept;
     }
     void Keep() { m_kept = true; }
 
   private:
-    BOOL TakePlace(std::string const& target, bool exists) const {
-        if (!exists) {
-            return MoveFileExA(m_path.c_str(), target.c_str(),
-                               MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
-        }
-        // A file that another program holds is known by asking for the right to remove it; the
-        // replacement itself is then not begun. Plain attributes are not among what it carries over.
-        bool const free = OutFile(target.c_str(), OPEN_EXISTING, DELETE).IsOpen();
-        return free && SetFileAttributesA(m_path.c_str(), GetFileAttributesA(target.c_str())) != FALSE
-                   ? ReplaceFileA(target.c_str(), m_path.c_str(), nullptr, 0, nullptr, nullptr)
-                   : FALSE;
+    bool TakePlace(std::string const& target, bool exists) const {
+        return (!exists || CarryOver(target.c_str(), m_path.c_str())) &&
+               MoveFileExA(m_path.c_str(), target.c_str(),
+                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
     }
 
     std::string m_path;
@@ -143,26 +151,48 @@ class Beside {
     bool m_kept = false;
 };
 
+// What a path stands for when it is about to be written.
+struct Target {
+    bool opens = false;      // for writing, or it does not exist
+    bool exists = false;
+    bool replaceable = true; // an ordinary file whose place is known, or none yet
+    std::string path;        // without links
+};
+
+Target Look(char const* path) {
+    OutFile const file(path, OPEN_EXISTING);
+    if (!file.IsOpen()) {
+        return {.opens = GetLastError() == ERROR_FILE_NOT_FOUND, .path = path};
+    }
+    std::string real = file.IsOrdinary() ? file.RealPath() : std::string();
+    bool const known = !real.empty();
+    return {.opens = true, .exists = true, .replaceable = known, .path = known ? real : path};
+}
+
+Target Find(char const* path) {
+    // A file that another program replaces while it is looked at has no place for that moment.
+    constexpr int attempts = 10;
+    Target target;
+    for (int i = 0; i < attempts; ++i) {
+        target = Look(path);
+        if (!target.opens || target.replaceable) {
+            break;
+        }
+    }
+    return target;
+}
+
 } // namespace
 
 Rewritten RewriteFile(char const* path, std::string_view content) {
-    std::string target = path;
-    bool exists = false;
-    {
-        OutFile const present(path, OPEN_EXISTING);
-        exists = present.IsOpen();
-        if (!exists && GetLastError() != ERROR_FILE_NOT_FOUND) {
-            return Rewritten::cannotOpen;
-        }
-        if (exists) {
-            std::string const real = present.IsOrdinary() ? present.RealPath() : std::string();
-            if (real.empty()) {
-                return WriteInPlace(path, content);
-            }
-            target = real;
-        }
+    Target const target = Find(path);
+    if (!target.opens) {
+        return Rewritten::cannotOpen;
     }
-    Beside beside(target);
+    if (!target.replaceable) {
+        return WriteInPlace(path, content);
+    }
+    Beside beside(target.path);
     if (!beside.Made()) {
         // On a full disk the old content is worth more than half of the new.
         return GetLastError() == ERROR_DISK_FULL ? Rewritten::failed : WriteInPlace(path, content);
@@ -170,10 +200,10 @@ Rewritten RewriteFile(char const* path, std::string_view content) {
     if (!beside.Fill(content)) {
         return Rewritten::failed;
     }
-    if (beside.Replace(target, exists)) {
+    if (beside.Replace(target.path, target.exists)) {
         return Rewritten::done;
     }
-    Rewritten const inPlace = WriteInPlace(target.c_str(), content);
+    Rewritten const inPlace = WriteInPlace(target.path.c_str(), content);
     if (inPlace != Rewritten::done) {
         beside.Keep(); // the only whole copy of the new content
     }

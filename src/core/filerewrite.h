@@ -17,7 +17,8 @@ enum class Rewritten {
 // it open), the file is rewritten in place, and the new content is kept beside it until that has
 // succeeded. What is not an ordinary file is written in place.
 //
-// On the replacement: ReplaceFile in the Windows documentation; rename in POSIX.1-2017.
+// On the replacement: MoveFileEx in the Windows documentation (one rename on one volume, where
+// ReplaceFile combines several steps); rename in POSIX.1-2017.
 Rewritten RewriteFile(char const* path, std::string_view content);
 
 // Whether the file exists and can be opened for writing; it is not changed.

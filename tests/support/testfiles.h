@@ -36,6 +36,7 @@ class TestFolder {
         static std::atomic<int> serial = 0;
         m_path = std::filesystem::temp_directory_path() /
                  ("kvarnprog-" + std::to_string(ProcessNumber()) + "-" + std::to_string(++serial));
+        std::filesystem::remove_all(m_path); // of an earlier process with this number
         std::filesystem::create_directories(m_path);
     }
     ~TestFolder() {

@@ -145,7 +145,12 @@ DWORD GetFinalPathNameByHandleA(HANDLE file, LPSTR path, DWORD size, DWORD) {
     std::string const link = "/proc/self/fd/" + std::to_string(Descriptor(file));
     char target[4096];
     ssize_t const length = readlink(link.c_str(), target, sizeof target);
-    if (!Done(length)) {
+    struct stat status {};
+    if (!Done(length) || !Done(fstat(Descriptor(file), &status))) {
+        return 0;
+    }
+    if (status.st_nlink == 0) { // the link would tell a name that is gone
+        lastError = ERROR_FILE_NOT_FOUND;
         return 0;
     }
     auto const text = kvarn::FromHostPath({target, static_cast<std::size_t>(length)});
@@ -191,16 +196,39 @@ BOOL MoveFileExA(LPCSTR from, LPCSTR to, DWORD flags) {
     return FlushFolderOf(target);
 }
 
-BOOL ReplaceFileA(LPCSTR replaced, LPCSTR replacement, LPCSTR, DWORD, void*, void*) {
-    std::string const target = HostPath(replaced);
-    std::string const source = HostPath(replacement);
+namespace {
+
+struct Security {
+    uid_t owner;
+    gid_t group;
+    mode_t mode;
+};
+
+} // namespace
+
+BOOL GetFileSecurityA(LPCSTR path, SECURITY_INFORMATION, PSECURITY_DESCRIPTOR block, DWORD size,
+                      DWORD* needed) {
     struct stat status {};
-    // The owner first: a change of owner clears the set-id bits of the mode.
-    if (!Done(stat(target.c_str(), &status)) ||
-        !Done(chown(source.c_str(), status.st_uid, status.st_gid)) ||
-        !Done(chmod(source.c_str(), status.st_mode & 07777)) ||
-        !Done(std::rename(source.c_str(), target.c_str()))) {
+    *needed = sizeof(Security);
+    if (size < sizeof(Security)) {
+        lastError = ERROR_INSUFFICIENT_BUFFER;
         return FALSE;
     }
-    return FlushFolderOf(target);
+    if (!Done(stat(HostPath(path).c_str(), &status))) {
+        return FALSE;
+    }
+    Security const security = {status.st_uid, status.st_gid, status.st_mode & 07777};
+    std::memcpy(block, &security, sizeof security);
+    return TRUE;
+}
+
+BOOL SetFileSecurityA(LPCSTR path, SECURITY_INFORMATION, PSECURITY_DESCRIPTOR block) {
+    Security security{};
+    std::memcpy(&security, block, sizeof security);
+    std::string const file = HostPath(path);
+    // The owner first: a change of owner clears the set-id bits of the mode.
+    return Done(chown(file.c_str(), security.owner, security.group)) &&
+                   Done(chmod(file.c_str(), security.mode))
+               ? TRUE
+               : FALSE;
 }

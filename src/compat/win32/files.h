@@ -8,7 +8,6 @@
 inline HANDLE const INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(std::intptr_t{-1});
 constexpr DWORD INVALID_FILE_ATTRIBUTES = 0xFFFFFFFF;
 
-constexpr DWORD DELETE = 0x00010000;
 constexpr DWORD GENERIC_READ = 0x80000000;
 constexpr DWORD GENERIC_WRITE = 0x40000000;
 constexpr DWORD FILE_SHARE_READ = 1;
@@ -41,12 +40,20 @@ DWORD GetFileType(HANDLE file);
 DWORD GetFinalPathNameByHandleA(HANDLE file, LPSTR path, DWORD size, DWORD flags);
 
 DWORD GetFileAttributesA(LPCSTR path);
-// The mode is carried over by ReplaceFileA; other attributes have no counterpart.
+// Changes nothing: read-only is a matter of the mode, the others have no counterpart.
 BOOL SetFileAttributesA(LPCSTR path, DWORD attributes);
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES* security);
 BOOL DeleteFileA(LPCSTR path);
-// Both put the new name on disk before they return.
+// The new name is on disk when it returns.
 BOOL MoveFileExA(LPCSTR from, LPCSTR to, DWORD flags);
-// The replacement takes over mode and owner; where it cannot, nothing is replaced.
-BOOL ReplaceFileA(LPCSTR replaced, LPCSTR replacement, LPCSTR backup, DWORD flags, void* exclude,
-                  void* reserved);
+
+using SECURITY_INFORMATION = DWORD;
+using PSECURITY_DESCRIPTOR = void*;
+constexpr SECURITY_INFORMATION OWNER_SECURITY_INFORMATION = 1;
+constexpr SECURITY_INFORMATION GROUP_SECURITY_INFORMATION = 2;
+constexpr SECURITY_INFORMATION DACL_SECURITY_INFORMATION = 4;
+
+// A file's owner, group and mode, always all three, as an opaque block of bytes.
+BOOL GetFileSecurityA(LPCSTR path, SECURITY_INFORMATION which, PSECURITY_DESCRIPTOR block,
+                      DWORD size, DWORD* needed);
+BOOL SetFileSecurityA(LPCSTR path, SECURITY_INFORMATION which, PSECURITY_DESCRIPTOR block);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -52,6 +53,13 @@ std::string Resolved(std::string const& path) {
     return length > 0 && length < real.size() ? std::string(real.data(), length) : path;
 }
 
+bool CarryOver(std::string const& from, std::string const& to) {
+    std::array<std::byte, 64> owner{};
+    DWORD size = 0;
+    return GetFileSecurityA(from.c_str(), 0, owner.data(), owner.size(), &size) != FALSE &&
+           SetFileSecurityA(to.c_str(), 0, owner.data()) != FALSE;
+}
+
 bool WriteNew(std::string const& path, std::string_view text) {
     HANDLE const file = CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -97,11 +105,10 @@ BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR
         old.value_or(""), section, key,
         value != nullptr ? std::optional<std::string_view>(value) : std::nullopt);
     std::string const temporary = target + "." + std::to_string(GetCurrentProcessId()) + ".tmp";
-    BOOL const replaced =
-        WriteNew(temporary, text)
-            ? (exists ? ReplaceFileA(target.c_str(), temporary.c_str(), nullptr, 0, nullptr, nullptr)
-                      : MoveFileExA(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING))
-            : FALSE;
+    BOOL const replaced = WriteNew(temporary, text) && (!exists || CarryOver(target, temporary))
+                              ? MoveFileExA(temporary.c_str(), target.c_str(),
+                                            MOVEFILE_REPLACE_EXISTING)
+                              : FALSE;
     if (replaced == FALSE) {
         DeleteFileA(temporary.c_str());
     }
