@@ -151,7 +151,9 @@ template <std::size_t N> struct Literal1252 {
     char text[N]{};
 };
 
-template <Literal1252 literal> consteval char const* operator""_1252() { return literal.text; }
+template <Literal1252 literal> consteval char const* operator""_1252() {
+    return literal.text;
+}
 
 } // namespace kvarn
 

@@ -57,8 +57,8 @@ class OutFile {
     }
     // The file ends where writing has come to, and all of it is on the disk.
     bool Finish() {
-        bool const ended = !IsOrdinary() || (SetEndOfFile(m_file) != FALSE &&
-                                             FlushFileBuffers(m_file) != FALSE);
+        bool const ended =
+            !IsOrdinary() || (SetEndOfFile(m_file) != FALSE && FlushFileBuffers(m_file) != FALSE);
         return Close() && ended;
     }
 
@@ -153,7 +153,7 @@ class Beside {
 
 // What a path stands for when it is about to be written.
 struct Target {
-    bool opens = false;      // for writing, or it does not exist
+    bool opens = false; // for writing, or it does not exist
     bool exists = false;
     bool replaceable = true; // an ordinary file whose place is known, or none yet
     std::string path;        // without links
@@ -210,6 +210,8 @@ Rewritten RewriteFile(char const* path, std::string_view content) {
     return inPlace;
 }
 
-bool OpensForWriting(char const* path) { return OutFile(path, OPEN_EXISTING).IsOpen(); }
+bool OpensForWriting(char const* path) {
+    return OutFile(path, OPEN_EXISTING).IsOpen();
+}
 
 } // namespace kvarn

@@ -34,22 +34,17 @@ template <class T> class list0 {
     static_assert(std::is_trivially_copyable<T>::value, "records are copied byte-wise");
 
   public:
-    list0() = default;
+    // An empty list.
+    list0();
 
     // Throws ListFel "Internt fel (Initiering list0)".
-    list0(list0 const&) { throw ListFel("Internt fel (Initiering list0)"); }
+    list0(list0 const&);
 
     // Throws ListFel "Internt fel (Tilldelning list0)".
-    list0& operator=(list0 const&) { throw ListFel("Internt fel (Tilldelning list0)"); }
+    list0& operator=(list0 const&);
 
     // Frees every record. Not virtual: deriving classes add a virtual destructor of their own.
-    ~list0() {
-        for (nod* n = m_forsta; n != nullptr;) {
-            nod* const nasta = n->nasta;
-            Frigor(n);
-            n = nasta;
-        }
-    }
+    ~list0();
 
     // A new record, which becomes current: appended at the end when var is 1, otherwise inserted
     // before the current element. Filled from *post, or with zeros (m_noll) when post is null.
@@ -81,10 +76,7 @@ template <class T> class list0 {
 
     // The current record, owned by the list and valid until it is deleted; null without a current
     // element.
-    T* Get_aktel() {
-        Set_pael();
-        return m_aktpost;
-    }
+    T* Get_aktel();
 
     // Makes current the element whose record lies at exactly this address; an equal record
     // elsewhere is not found. The position is not updated. After -1 the list has no current
@@ -133,10 +125,7 @@ template <class T> class list0 {
 
     // Compares the current record (m_aktpost) with the mark record (m_markpost) under the key:
     // positive when the current record must come after the mark record.
-    virtual int Sortval(int nyckel) {
-        static_cast<void>(nyckel);
-        return 0;
-    }
+    virtual int Sortval(int nyckel);
 
     // Refreshes the mark record from the mark; -1 (and no record) without one.
     int Sort_mark();
@@ -155,12 +144,9 @@ template <class T> class list0 {
 
   private:
     nod* NyNod(char const* minnesfel) const;
-    static void Frigor(nod* n) { ::operator delete(n); }
+    static void Frigor(nod* n);
     // Current = the element, or none.
-    int StallPa(nod* n) {
-        aktel = n;
-        return Set_pael();
-    }
+    int StallPa(nod* n);
     // True when the current element must come after the mark.
     bool Efter(nod* aktuell, nod* jamford, int nyckel);
     // Takes the element after n out of the list, and puts it in again before or after another.
@@ -198,7 +184,46 @@ template <class T> class list0 {
     };
 };
 
+// Every member is defined outside the class: GCC does not export the inline members of a template,
+// and clients derive from the library's instantiations.
+
 template <class T> T list0<T>::m_noll{};
+
+template <class T> list0<T>::list0() = default;
+
+template <class T> list0<T>::list0(list0 const&) {
+    throw ListFel("Internt fel (Initiering list0)");
+}
+
+template <class T> list0<T>& list0<T>::operator=(list0 const&) {
+    throw ListFel("Internt fel (Tilldelning list0)");
+}
+
+template <class T> list0<T>::~list0() {
+    for (nod* n = m_forsta; n != nullptr;) {
+        nod* const nasta = n->nasta;
+        Frigor(n);
+        n = nasta;
+    }
+}
+
+template <class T> int list0<T>::Sortval(int) {
+    return 0;
+}
+
+template <class T> T* list0<T>::Get_aktel() {
+    Set_pael();
+    return m_aktpost;
+}
+
+template <class T> void list0<T>::Frigor(nod* n) {
+    ::operator delete(n);
+}
+
+template <class T> int list0<T>::StallPa(nod* n) {
+    aktel = n;
+    return Set_pael();
+}
 
 template <class T> typename list0<T>::nod* list0<T>::NyNod(char const* minnesfel) const {
     void* const block = ::operator new(static_cast<std::size_t>(m_nodstorlek), std::nothrow);

@@ -52,13 +52,21 @@ int Message(Box box, CWnd* owner, char const* text, char const* caption, unsigne
 
 } // namespace
 
-void SetStatusBar(CStatusBar* bar) { statusBar = bar; }
+void SetStatusBar(CStatusBar* bar) {
+    statusBar = bar;
+}
 
-void SetMessageBoxHandler(MessageBoxHandler handler) { boxHandler = handler; }
+void SetMessageBoxHandler(MessageBoxHandler handler) {
+    boxHandler = handler;
+}
 
-char* MessageBuffer() { return messageBuffer; }
+char* MessageBuffer() {
+    return messageBuffer;
+}
 
-char const* LastMessage() { return lastMessage; }
+char const* LastMessage() {
+    return lastMessage;
+}
 
 HINSTANCE LibraryModule() {
     HMODULE module = nullptr;
@@ -90,7 +98,9 @@ void StatusText(char const* text) {
     }
 }
 
-void StatusText(CString text) { StatusText(text.GetString()); }
+void StatusText(CString text) {
+    StatusText(text.GetString());
+}
 
 namespace kvarn {
 
@@ -98,7 +108,9 @@ void DesktopMessage(char const* text, char const* caption) {
     Message(Box::desktop, nullptr, text, caption, messageOk | messageExclamation);
 }
 
-void SetLastMessage(std::string_view text) { CopyText(lastMessage, sizeof lastMessage, text); }
+void SetLastMessage(std::string_view text) {
+    CopyText(lastMessage, sizeof lastMessage, text);
+}
 
 char const* ToMessageBuffer(std::string_view text) {
     CopyText(messageBuffer, sizeof messageBuffer, text);

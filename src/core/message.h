@@ -6,7 +6,8 @@
 #include "../library/export.h"
 
 // Hands the host's status bar to the library, which shows bad lines of data files in its pane 0.
-// Null, as at load, or a bar whose window is gone: such texts are dropped. The bar stays the host's.
+// Null, as at load, or a bar whose window is gone: such texts are dropped. The bar stays the
+// host's.
 KVARNPROG_API void SetStatusBar(CStatusBar* bar);
 
 // A message box that the library wants to show. The texts are in code page 1252 and valid during

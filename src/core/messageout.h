@@ -22,7 +22,7 @@ void StatusText(CString text);
 
 namespace kvarn {
 
-constexpr unsigned messageOk = 0;         // MB_OK
+constexpr unsigned messageOk = 0;           // MB_OK
 constexpr unsigned messageExclamation = 48; // MB_ICONEXCLAMATION
 
 // A box that quotes its caption: owned by the desktop whatever main window there is, with the OK

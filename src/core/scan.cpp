@@ -11,15 +11,21 @@ namespace {
 
 constexpr std::string_view whiteSpace = "\t\n\v\f\r ";
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-bool IsHexDigit(char c) { return IsDigit(c) || (Lower(c) >= 'a' && Lower(c) <= 'f'); }
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+char Lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+bool IsHexDigit(char c) {
+    return IsDigit(c) || (Lower(c) >= 'a' && Lower(c) <= 'f');
+}
 
 // True and past it when the text goes on with the lower-case word, in any case.
 bool Take(std::string_view& text, std::string_view word) {
-    bool const found = text.size() >= word.size() &&
-                       std::equal(word.begin(), word.end(), text.begin(),
-                                  [](char w, char t) { return w == Lower(t); });
+    bool const found =
+        text.size() >= word.size() && std::equal(word.begin(), word.end(), text.begin(),
+                                                 [](char w, char t) { return w == Lower(t); });
     text.remove_prefix(found ? word.size() : 0);
     return found;
 }
@@ -158,8 +164,12 @@ template <class T> Scanner::Result Scanner::ReadNumber(T& value) {
     return Result::read;
 }
 
-Scanner::Result Scanner::Read(float& value) { return ReadNumber(value); }
-Scanner::Result Scanner::Read(double& value) { return ReadNumber(value); }
+Scanner::Result Scanner::Read(float& value) {
+    return ReadNumber(value);
+}
+Scanner::Result Scanner::Read(double& value) {
+    return ReadNumber(value);
+}
 
 Scanner::Result Scanner::ReadWord(char* word, std::size_t size) {
     if (!SkipBlanks()) {

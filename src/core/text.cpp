@@ -26,8 +26,12 @@ constexpr LetterTable Table(std::initializer_list<LetterPair> letters) {
 }
 
 constexpr LetterTable UpperTable() {
-    LetterTable table = Table({{229, 197}, {228, 196}, {246, 214},   // å ä ö
-                               {134, 143}, {132, 142}, {148, 153}}); // å ä ö of code page 437
+    LetterTable table = Table({{229, 197},
+                               {228, 196},
+                               {246, 214}, // å ä ö
+                               {134, 143},
+                               {132, 142},
+                               {148, 153}}); // å ä ö of code page 437
     for (char c = 'a'; c <= 'z'; ++c) {
         table[static_cast<unsigned char>(c)] = static_cast<char>(c - 'a' + 'A');
     }
@@ -36,12 +40,18 @@ constexpr LetterTable UpperTable() {
 
 constexpr LetterTable upper = UpperTable();
 
-constexpr LetterTable ansi = Table({{134, 229}, {143, 197},   // å Å
-                                    {132, 228}, {142, 196},   // ä Ä
-                                    {148, 246}, {153, 214},   // ö Ö
-                                    {145, 230}, {146, 198},   // æ Æ
-                                    {155, 248}, {237, 216},   // ø Ø
-                                    {130, 233}, {144, 201}}); // é É
+constexpr LetterTable ansi = Table({{134, 229},
+                                    {143, 197}, // å Å
+                                    {132, 228},
+                                    {142, 196}, // ä Ä
+                                    {148, 246},
+                                    {153, 214}, // ö Ö
+                                    {145, 230},
+                                    {146, 198}, // æ Æ
+                                    {155, 248},
+                                    {237, 216}, // ø Ø
+                                    {130, 233},
+                                    {144, 201}}); // é É
 
 void Convert(char* text, LetterTable const& table) {
     for (; *text != '\0'; ++text) {
@@ -51,9 +61,13 @@ void Convert(char* text, LetterTable const& table) {
 
 } // namespace
 
-void ToUpperNordic(char* text) { Convert(text, upper); }
+void ToUpperNordic(char* text) {
+    Convert(text, upper);
+}
 
-void OemToAnsiNordic(char* text) { Convert(text, ansi); }
+void OemToAnsiNordic(char* text) {
+    Convert(text, ansi);
+}
 
 void OemToAnsiNordic(CString& text) {
     OemToAnsiNordic(text.GetBuffer());
@@ -108,7 +122,9 @@ std::string PathOf(std::string_view folder, std::string_view name) {
     return path.append(folder).append("\\").append(name);
 }
 
-std::string_view Trimmed(std::string_view text) { return TrimmedOf(text, whiteSpace); }
+std::string_view Trimmed(std::string_view text) {
+    return TrimmedOf(text, whiteSpace);
+}
 
 bool SameText(std::string_view a, std::string_view b) {
     return a.size() == b.size() && CompareNoCase1252(a, b) == 0;
@@ -120,6 +136,8 @@ void CopyText(char* buffer, std::size_t size, std::string_view text) {
     buffer[length] = '\0';
 }
 
-bool FileExists(char const* path) { return GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES; }
+bool FileExists(char const* path) {
+    return GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES;
+}
 
 } // namespace kvarn

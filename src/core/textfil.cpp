@@ -7,15 +7,14 @@
 namespace kvarn {
 namespace {
 
-constexpr std::size_t bufferSize = 16 * 1024;
+constexpr std::size_t bufferSize = 16384;
 constexpr char endOfFile = 0x1A;
 
 } // namespace
 
 TextReader::TextReader(char const* path)
-    : m_file(CreateFileA(path, GENERIC_READ,
-                         FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                         OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)),
+    : m_file(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                         nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)),
       m_open(m_file != INVALID_HANDLE_VALUE), m_ended(!m_open) {}
 
 TextReader::TextReader(std::string_view text)

@@ -43,9 +43,9 @@ class TextReader {
     bool m_failed = false;
     bool m_ended = false;
     std::vector<char> m_buffer;
-    std::string_view m_window;  // read and not yet delivered
-    std::string m_long;         // a line that spans buffers
-    std::string_view m_rest;    // of a line that was longer than the caller's buffer
+    std::string_view m_window; // read and not yet delivered
+    std::string m_long;        // a line that spans buffers
+    std::string_view m_rest;   // of a line that was longer than the caller's buffer
     bool m_more = false;
 };
 

@@ -14,7 +14,9 @@ CKvarnCFG::CKvarnCFG(CAutoIni* ini) {
     Init("Kvarnbok", kvarn::PathOf(katalog, CProjPath::KvarnCfgNamn).c_str());
 }
 
-CKvarnCFG::CKvarnCFG(char const* program, char const* path) { Init(program, path); }
+CKvarnCFG::CKvarnCFG(char const* program, char const* path) {
+    Init(program, path);
+}
 
 CKvarnCFG::~CKvarnCFG() = default;
 
@@ -23,20 +25,27 @@ int CKvarnCFG::Init(char const* program, char const* path) {
     kvarn::Inlasning const resultat = kvarn::LasNyckelfil(*this, m_filnamn);
     m_ofullstandig = resultat != kvarn::Inlasning::hel;
     if (resultat == kvarn::Inlasning::gickEjAttOppna) {
-        kvarn::DesktopMessage(
-            kvarn::Format("Kan inte öppna CFG-filen\n%s\nAvbryter läsning!"_1252,
-                          m_filnamn.GetString())
-                .c_str(),
-            kvarn::Format("Läsning av %s - konfigurering"_1252, program).c_str());
+        kvarn::DesktopMessage(kvarn::Format("Kan inte öppna CFG-filen\n%s\nAvbryter läsning!"_1252,
+                                            m_filnamn.GetString())
+                                  .c_str(),
+                              kvarn::Format("Läsning av %s - konfigurering"_1252, program).c_str());
     }
     return 0;
 }
 
-int CKvarnCFG::FindKey(CString key) { return kvarn::SokNyckel(*this, key.GetString()); }
-int CKvarnCFG::FindKey(char const* key) { return FindKey(CString(key)); }
+int CKvarnCFG::FindKey(CString key) {
+    return kvarn::SokNyckel(*this, key.GetString());
+}
+int CKvarnCFG::FindKey(char const* key) {
+    return FindKey(CString(key));
+}
 
-CString CKvarnCFG::ReadKey(CString key) { return kvarn::LasNyckel(*this, key.GetString()); }
-CString CKvarnCFG::ReadKey(char const* key) { return ReadKey(CString(key)); }
+CString CKvarnCFG::ReadKey(CString key) {
+    return kvarn::LasNyckel(*this, key.GetString());
+}
+CString CKvarnCFG::ReadKey(char const* key) {
+    return ReadKey(CString(key));
+}
 
 int CKvarnCFG::WriteKey(CString key, CString value) {
     if (kvarn::SattNyckel(*this, key.GetString(), value.GetString()) != 0) {

@@ -33,12 +33,10 @@ class KVARNPROG_API CKvarnCFG : public list0<cfgtype> {
     // Reads the file of that path. The program's name goes into the caption of the message.
     //
     // A missing file is an empty list, without a message; writing a key creates it. A file that
-    // exists but cannot be opened shows "Kan inte oppna CFG-filen\n%s\nAvbryter lasning!" (with o and a umlaut) in a
-    // box of the desktop's and gives an empty list.
+    // exists but cannot be opened shows "Kan inte oppna CFG-filen\n%s\nAvbryter lasning!" (with o
+    // and a umlaut) in a box of the desktop's and gives an empty list.
     CKvarnCFG(char const* program, char const* path);
 
-    CKvarnCFG(CKvarnCFG const&) = default; // throws, as the list does
-    CKvarnCFG& operator=(CKvarnCFG const&) = delete;
     virtual ~CKvarnCFG();
 
     // Makes the first record of that key current. Returns 0, or -1 when there is none; the last

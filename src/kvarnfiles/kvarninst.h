@@ -67,7 +67,7 @@ class KVARNPROG_API CKvarnInst {
     // do not depend on it.
     static int LocaleCheckAndFix();
 
-    CAutoIni* m_ini = nullptr;     // not owned
-    CProjPath* m_proj = nullptr;   // not owned
+    CAutoIni* m_ini = nullptr;      // not owned
+    CProjPath* m_proj = nullptr;    // not owned
     class PassFil* m_fil = nullptr; // the file of the pass under way; none yet has passes
 };

@@ -33,21 +33,30 @@ void CKvarnPAR::Las(CString const& projektfil, CAutoIni const* ini, char const* 
     m_ofullstandig = resultat != kvarn::Inlasning::hel;
     if (resultat == kvarn::Inlasning::gickEjAttOppna) {
         // The kind of file is missing before "-filen", and stays so.
-        kvarn::DesktopMessage(
-            kvarn::Format("Kan inte öppna -filen\n%s\nAvbryter läsning!"_1252,
-                          m_filnamn.GetString())
-                .c_str(),
-            kvarn::Format("Läsning av %s - inställningar"_1252, program).c_str());
+        kvarn::DesktopMessage(kvarn::Format("Kan inte öppna -filen\n%s\nAvbryter läsning!"_1252,
+                                            m_filnamn.GetString())
+                                  .c_str(),
+                              kvarn::Format("Läsning av %s - inställningar"_1252, program).c_str());
     }
 }
 
-CString CKvarnPAR::GetParFilNamn() { return m_filnamn; }
+CString CKvarnPAR::GetParFilNamn() {
+    return m_filnamn;
+}
 
-int CKvarnPAR::FindKey(CString key) { return kvarn::SokNyckel(*this, key.GetString()); }
-int CKvarnPAR::FindKey(char const* key) { return FindKey(CString(key)); }
+int CKvarnPAR::FindKey(CString key) {
+    return kvarn::SokNyckel(*this, key.GetString());
+}
+int CKvarnPAR::FindKey(char const* key) {
+    return FindKey(CString(key));
+}
 
-CString CKvarnPAR::ReadKey(CString key) { return kvarn::LasNyckel(*this, key.GetString()); }
-CString CKvarnPAR::ReadKey(char const* key) { return ReadKey(CString(key)); }
+CString CKvarnPAR::ReadKey(CString key) {
+    return kvarn::LasNyckel(*this, key.GetString());
+}
+CString CKvarnPAR::ReadKey(char const* key) {
+    return ReadKey(CString(key));
+}
 
 int CKvarnPAR::WriteKey(CString key, CString value) {
     if (kvarn::SattNyckel(*this, key.GetString(), value.GetString()) != 0) {

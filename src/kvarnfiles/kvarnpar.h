@@ -1,4 +1,5 @@
-// The parameter files "KVARNBOK.PAR" and "KLIPPBOK.PAR": lines of key=value, in a project or shared.
+// The parameter files "KVARNBOK.PAR" and "KLIPPBOK.PAR": lines of key=value, in a project or
+// shared.
 #pragma once
 
 #include "../compat/host.h"
@@ -33,8 +34,6 @@ class KVARNPROG_API CKvarnPAR : public list0<partype> {
     // Any other: an empty object, nothing is read.
     CKvarnPAR(CAutoIni* ini, CProjPath* projekt, int program);
 
-    CKvarnPAR(CKvarnPAR const&) = default; // throws, as the list does
-    CKvarnPAR& operator=(CKvarnPAR const&) = delete;
     virtual ~CKvarnPAR();
 
     // The path of the file that was taken, the one that WriteKey writes; empty when there is none.
@@ -55,8 +54,7 @@ class KVARNPROG_API CKvarnPAR : public list0<partype> {
     CStdioFile m_fil;  // open only while the file is read or written
 
   private:
-    void Las(CString const& projektfil, CAutoIni const* ini, char const* namn,
-             char const* program);
+    void Las(CString const& projektfil, CAutoIni const* ini, char const* namn, char const* program);
 
     bool m_ofullstandig = false; // the file exists but was not read to its end
 };

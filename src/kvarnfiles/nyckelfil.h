@@ -98,8 +98,7 @@ template <class Lista> std::string Nyckelrader(Lista& lista) {
 
 // Rewrites the file from the list; an empty path leaves the change in memory and is done. A file
 // that was not read to its end stays as it is.
-template <class Lista>
-Rewritten SkrivNyckelfil(Lista& lista, char const* path, bool ofullstandig) {
+template <class Lista> Rewritten SkrivNyckelfil(Lista& lista, char const* path, bool ofullstandig) {
     if (*path == '\0') {
         return Rewritten::done;
     }

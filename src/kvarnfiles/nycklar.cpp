@@ -14,9 +14,13 @@ namespace {
 
 constexpr int stenprogram = 1;
 
-bool Fil(char const* file, char const* namn) { return kvarn::SameText(file, namn); }
+bool Fil(char const* file, char const* namn) {
+    return kvarn::SameText(file, namn);
+}
 
-bool PunktDecimal() { return std::strcmp(std::localeconv()->decimal_point, ".") == 0; }
+bool PunktDecimal() {
+    return std::strcmp(std::localeconv()->decimal_point, ".") == 0;
+}
 
 } // namespace
 
@@ -31,7 +35,9 @@ int CKvarnInst::Init(CAutoIni* ini, CProjPath* projekt) {
     return 0;
 }
 
-CAutoIni* CKvarnInst::AiniPtr() const { return m_ini; }
+CAutoIni* CKvarnInst::AiniPtr() const {
+    return m_ini;
+}
 
 void CKvarnInst::GetAiniProjPath(CAutoIni** ini, CProjPath** projekt) const {
     *ini = m_ini;

@@ -7,7 +7,9 @@
 namespace {
 
 // The pointers may be changed, the names that they start with may not.
-constexpr char* Namn(char const* namn) { return const_cast<char*>(namn); }
+constexpr char* Namn(char const* namn) {
+    return const_cast<char*>(namn);
+}
 
 CString Sokvag(CString const& katalog, char const* namn) {
     return kvarn::PathOf(katalog.GetString(), namn).c_str();
@@ -80,8 +82,8 @@ int CProjPath::CreateFolder(CString path, int visaFel) {
     if (kvarn::FileExists(path) || CreateDirectoryA(path, nullptr) != FALSE) {
         return 1;
     }
-    char const* const text = kvarn::ToMessageBuffer(
-        kvarn::Format("Fel, kan EJ skapa katalog:\n%s", path.GetString()));
+    char const* const text =
+        kvarn::ToMessageBuffer(kvarn::Format("Fel, kan EJ skapa katalog:\n%s", path.GetString()));
     if (visaFel != 0) {
         MessageOut(text, kvarn::messageOk, kvarn::messageExclamation, nullptr);
     }

@@ -5,7 +5,9 @@
 namespace kvarn {
 namespace {
 
-bool Finns(CString const& path) { return !path.IsEmpty() && FileExists(path); }
+bool Finns(CString const& path) {
+    return !path.IsEmpty() && FileExists(path);
+}
 
 } // namespace
 
@@ -15,7 +17,7 @@ CString ForstFunna(CString const& projektfil, CAutoIni const* ini, char const* n
     }
     if (ini != nullptr) {
         for (CString const& katalog : {ini->m_cfgKat, ini->m_huvudKat}) {
-            CString const path = PathOf(katalog.GetString(), namn).c_str();
+            CString path = PathOf(katalog.GetString(), namn).c_str();
             if (Finns(path)) {
                 return path;
             }

@@ -62,4 +62,6 @@ int CAutoIni::WriteKey(CString section, CString key, CString value) {
     return application != nullptr ? application->WriteProfileString(section, key, text) : 0;
 }
 
-char* CAutoIni::InstallPackage() { return m_paket; }
+char* CAutoIni::InstallPackage() {
+    return m_paket;
+}

@@ -16,7 +16,7 @@ constexpr char const* iniName = "Markvida.ini";
 // every later reader of that text sees the folder alone.
 std::string TakeProgramFolder() {
     char* const line = GetCommandLineA();
-    std::string const folder = kvarn::SplitPathArgument(line).folder;
+    std::string folder = kvarn::SplitPathArgument(line).folder;
     std::memcpy(line, folder.c_str(), folder.size() + 1); // a part of the line: it fits
     return folder;
 }
@@ -26,8 +26,8 @@ std::optional<std::string> EnvironmentFolder() {
     if (folder.empty()) {
         return std::nullopt;
     }
-    folder.resize(GetEnvironmentVariableA("KVARNBOK", folder.data(),
-                                          static_cast<DWORD>(folder.size())));
+    folder.resize(
+        GetEnvironmentVariableA("KVARNBOK", folder.data(), static_cast<DWORD>(folder.size())));
     return folder;
 }
 
@@ -82,7 +82,9 @@ class SystemKeys {
 
 } // namespace
 
-int CAutoIni::Init() { return Init(0); }
+int CAutoIni::Init() {
+    return Init(0);
+}
 
 int CAutoIni::Init(int mode) {
     m_lage = mode;

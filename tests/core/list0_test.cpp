@@ -14,7 +14,9 @@ namespace {
 
 int allocationsLeft = -1; // negative: no limit
 
-bool Refused() { return allocationsLeft >= 0 && allocationsLeft-- == 0; }
+bool Refused() {
+    return allocationsLeft >= 0 && allocationsLeft-- == 0;
+}
 
 } // namespace
 
@@ -328,7 +330,7 @@ TEST(List0, OmsorteraOrdersAndLeavesTheListWhole) {
 
 TEST(List0, CopiesAreRefused) {
     Lista lista;
-    EXPECT_EQ(Kastat([&] { Lista kopia(lista); }), "Internt fel (Initiering list0)");
+    EXPECT_EQ(Kastat([&] { new Lista(lista); }), "Internt fel (Initiering list0)");
     EXPECT_EQ(Kastat([&] { lista = Lista(); }), "Internt fel (Tilldelning list0)");
 }
 

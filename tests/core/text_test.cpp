@@ -54,11 +54,11 @@ TEST(Text, SplitPathTakesBlanksAndQuotesOffFirst) {
         char const* folder;
         char const* name;
     } const cases[] = {
-        {"\"C:\\Prog\\Tool.exe\" ", "C:\\Prog", "Tool.exe"},
+        {R"("C:\Prog\Tool.exe" )", "C:\\Prog", "Tool.exe"},
         {"  C:\\Prog\\Tool.exe\t\r\n", "C:\\Prog", "Tool.exe"},
-        {"\"\"C:\\A b\\c\"\"", "C:\\A b", "c"},
-        {"C:\\Prog\\\"quoted\"", "C:\\Prog", "\"quoted\""}, // not at the front: they stay
-        {"\"C:\\Prog\\Tool.exe\" /x C:\\data\\p", "C:\\Prog\\Tool.exe\" /x C:\\data", "p"},
+        {R"(""C:\A b\c"")", R"(C:\A b)", "c"},
+        {R"(C:\Prog\"quoted")", "C:\\Prog", R"("quoted")"}, // not at the front: they stay
+        {R"("C:\Prog\Tool.exe" /x C:\data\p)", R"(C:\Prog\Tool.exe" /x C:\data)", "p"},
         {"Tool.exe", "", "Tool.exe"},
         {"\\Tool.exe", "", "Tool.exe"},
         {"C:\\Prog\\", "C:\\Prog", ""},

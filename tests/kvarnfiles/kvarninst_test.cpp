@@ -49,9 +49,16 @@ TEST_F(KvarnInstTest, NumbersHaveTheirSentinels) {
         int integer;
         double number;
     } const cases[] = {
-        {"max", -1, -9.0},  {"MAX", -1, -9.0}, {"ord", -9, -9.0},          {"2.5", 2, 2.5},
-        {" 7 st", 7, 7.0},  {"-9", -9, -9.0},  {"99999999999", 2147483647, 99999999999.0},
-        {"1e3", 1, 1000.0}, {"2,5", 2, 2.0},   {"MAXIMUM", -9, -9.0},
+        {"max", -1, -9.0},
+        {"MAX", -1, -9.0},
+        {"ord", -9, -9.0},
+        {"2.5", 2, 2.5},
+        {" 7 st", 7, 7.0},
+        {"-9", -9, -9.0},
+        {"99999999999", 2147483647, 99999999999.0},
+        {"1e3", 1, 1000.0},
+        {"2,5", 2, 2.0},
+        {"MAXIMUM", -9, -9.0},
     };
     for (auto const& c : cases) {
         m_folder.Write("KVARNBOK.PAR", std::string("VARDE=") + c.text + "\r\n");

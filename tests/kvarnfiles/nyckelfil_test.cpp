@@ -18,7 +18,9 @@ namespace {
 std::string const key39(39, 'K');
 std::string const key40(40, 'K');
 
-std::string Value(std::size_t length) { return std::string(length, 'v'); }
+std::string Value(std::size_t length) {
+    return std::string(length, 'v');
+}
 
 // Both classes on the file "fil" of a folder.
 template <class Fil> class NyckelfilTest : public testing::Test {
@@ -54,8 +56,14 @@ TYPED_TEST(NyckelfilTest, LinesAreSplitAtTheFirstEqualsSignAndNothingIsTrimmed) 
         char const* key;
         char const* value;
     } const cases[] = {
-        {"KEY", ""},   {"key ", " A"}, {"a", "B=C"},         {"Kommentar utan tecken", ""},
-        {"", ""},      {"DUBBEL", "1"}, {"n\xE4mn", "G\xD6teborg"}, {"SIST", "utan radslut"},
+        {"KEY", ""},
+        {"key ", " A"},
+        {"a", "B=C"},
+        {"Kommentar utan tecken", ""},
+        {"", ""},
+        {"DUBBEL", "1"},
+        {"n\xE4mn", "G\xD6teborg"},
+        {"SIST", "utan radslut"},
     };
     for (auto const& c : cases) {
         EXPECT_EQ(fil->ReadKey(c.key), c.value) << c.key;
@@ -67,8 +75,8 @@ TYPED_TEST(NyckelfilTest, LinesAreSplitAtTheFirstEqualsSignAndNothingIsTrimmed) 
 }
 
 TYPED_TEST(NyckelfilTest, LimitsOfReadingLeaveEmptyRecords) {
-    this->Bytes(key39 + "=a\r\n" + key40 + "=b\r\nLANG258=" + Value(258) + "\r\nLANG259=" +
-                Value(259) + "\r\n");
+    this->Bytes(key39 + "=a\r\n" + key40 + "=b\r\nLANG258=" + Value(258) +
+                "\r\nLANG259=" + Value(259) + "\r\n");
     auto const fil = this->Open();
     int antal = 0;
     fil->Where(&antal);
@@ -114,11 +122,16 @@ TYPED_TEST(NyckelfilTest, WritingKeepsOrderAndDropsWhatIsNoKey) {
 TYPED_TEST(NyckelfilTest, OddBytesAreReadToTheEndByTheRules) {
     std::string const megabyte(1 << 20, 'x');
     this->Bytes(megabyte + "\r\nA=1\rB=2\r\nC=3" + std::string("\0dropped\r\n", 10) +
-                std::string("\0=\0\r\n", 5) + "\xEF\xBB\xBF" "D=4\nE=5\r\r\n\x1A" "F=6\r\n");
+                std::string("\0=\0\r\n", 5) +
+                "\xEF\xBB\xBF"
+                "D=4\nE=5\r\r\n\x1A"
+                "F=6\r\n");
     auto const fil = this->Open();
     EXPECT_EQ(fil->ReadKey("A"), "1\rB=2");
     EXPECT_EQ(fil->ReadKey("C"), "3");
-    EXPECT_EQ(fil->ReadKey("\xEF\xBB\xBF" "D"), "4");
+    EXPECT_EQ(fil->ReadKey("\xEF\xBB\xBF"
+                           "D"),
+              "4");
     EXPECT_EQ(fil->ReadKey("E"), "5\r");
     EXPECT_EQ(fil->ReadKey("F"), "");
     EXPECT_EQ(fil->WriteKey("C", "4"), 0); // 0x1A is an end like any other
@@ -142,8 +155,8 @@ TYPED_TEST(NyckelfilTest, AFolderInItsPlaceIsShownAndNeverWritten) {
     EXPECT_EQ(fil->WriteKey("A", "1"), -1);
     std::vector<ShownBox> writing;
     if (!cfg) {
-        writing.push_back({"Could not open file for write\n" + path, "Update Markvida Settings",
-                           48, 0});
+        writing.push_back(
+            {"Could not open file for write\n" + path, "Update Markvida Settings", 48, 0});
     }
     EXPECT_EQ(Boxes::Shown(), writing);
 }

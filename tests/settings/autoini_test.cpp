@@ -52,7 +52,7 @@ TEST(AutoIni, StartsWithItsDefaults) {
 TEST(AutoIni, CopiesEveryMember) {
     CAutoIni ini;
     ini.m_cfgKat = "D:\\Cfg";
-    std::strcpy(ini.m_paket, "Paket");
+    std::memcpy(ini.m_paket, "Paket", sizeof "Paket");
     CAutoIni copy(ini);
     EXPECT_EQ(copy.m_cfgKat, "D:\\Cfg");
     EXPECT_STREQ(copy.InstallPackage(), "Paket");
@@ -86,9 +86,9 @@ TEST_F(IniTest, ValuesAreReadAsTheProfileFunctionsReadThem) {
         char const* key;
         char const* value;
     } const cases[] = {
-        {"BLANKS", "a b"},  {"Quoted", " kept "}, {"SINGLE", "one"},    {"HALF", "\"half"},
-        {"EMPTY", ""},      {"COMMENT", ""},      {"EQUALS", "a=b"},    {"TWICE", "first"},
-        {"LATER", ""},      {"MSG", ""},          {"OUTSIDE", ""},      {"MISSING", ""},
+        {"BLANKS", "a b"}, {"Quoted", " kept "}, {"SINGLE", "one"}, {"HALF", "\"half"},
+        {"EMPTY", ""},     {"COMMENT", ""},      {"EQUALS", "a=b"}, {"TWICE", "first"},
+        {"LATER", ""},     {"MSG", ""},          {"OUTSIDE", ""},   {"MISSING", ""},
     };
     for (auto const& c : cases) {
         EXPECT_EQ(Value(c.key), c.value) << c.key;
@@ -170,8 +170,9 @@ TEST_F(IniTest, Mode0GoesThroughTheApplicationObject) {
     m_folder.Write("app.ini", "[SYSTEM]\r\nA=1\r\nLONG=" + std::string(300, 'x') + "\r\n");
     CWinApp application;
     std::string const path = m_folder.Api("app.ini");
-    auto* const name = static_cast<char*>(std::malloc(path.size() + 1));
-    application.m_pszProfileName = std::strcpy(name, path.c_str());
+    void* const name = std::malloc(path.size() + 1); // freed by the object
+    std::memcpy(name, path.c_str(), path.size() + 1);
+    application.m_pszProfileName = static_cast<char const*>(name);
     EXPECT_EQ(Value("A"), "1");
     EXPECT_EQ(Value("LONG").size(), 300U); // the application object reads more
     char section[] = "SYSTEM";
@@ -222,10 +223,9 @@ TEST_F(StartTest, EveryKeyReachesItsMember) {
     Start("KVARNBOK.CFG=cfg\r\nMSG=msg\r\nACADEXE=acad\r\nSCRIPTPATH=\" C:\\Skript\\\\ \"\r\n"
           "ACADLTEXE=lt\r\nACADOPT=opt\r\nACADVER=23x\r\nMSTATIONEXE=ms\r\nZIPEXE=zip\r\n"
           "UNZIPEXE=unzip\r\nDOCEXE=doc\r\nAUTOGEN=ja\r\nPOSTCAD=mstation\r\nBANKCAD=ACAD\r\n");
-    CString const members[] = {m_ini.m_cfgKat,      m_ini.m_medKat,    m_ini.m_acadExe,
-                               m_ini.m_scriptKat,   m_ini.m_acadLtExe, m_ini.m_acadOpt,
-                               m_ini.m_mstationExe, m_ini.m_zipExe,    m_ini.m_unzipExe,
-                               m_ini.m_docExe};
+    CString const members[] = {
+        m_ini.m_cfgKat,  m_ini.m_medKat,      m_ini.m_acadExe, m_ini.m_scriptKat, m_ini.m_acadLtExe,
+        m_ini.m_acadOpt, m_ini.m_mstationExe, m_ini.m_zipExe,  m_ini.m_unzipExe,  m_ini.m_docExe};
     char const* const values[] = {"cfg", "msg", "acad", "C:\\Skript", "lt",
                                   "opt", "ms",  "zip",  "unzip",      "doc"};
     for (std::size_t i = 0; i < std::size(values); ++i) {

@@ -6,9 +6,7 @@
 //     (object.*Tag::value)(1);
 #pragma once
 
-template <class Member> struct PrivateMember {
-    static inline Member value{};
-};
+template <class Member> struct PrivateMember { static inline Member value{}; };
 
 template <class Tag, auto member> struct Reveal {
     static inline bool const done = (Tag::value = member, true);

@@ -13,10 +13,14 @@
 
 #if defined(_WIN32)
 #include <process.h>
-inline int ProcessNumber() { return _getpid(); }
+inline int ProcessNumber() {
+    return _getpid();
+}
 #else
 #include <unistd.h>
-inline int ProcessNumber() { return getpid(); }
+inline int ProcessNumber() {
+    return getpid();
+}
 #endif
 
 inline void WriteBytes(std::filesystem::path const& path, std::string_view bytes) {

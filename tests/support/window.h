@@ -13,7 +13,9 @@ class TestWindow : public CWnd {
         Attach(reinterpret_cast<HWND>(const_cast<char*>(title)));
 #endif
     }
-    ~TestWindow() override { Destroy(); }
+    ~TestWindow() override {
+        Destroy();
+    }
 
     // The window goes, its handle stays in the object, as when a program closes.
     void Destroy() {

@@ -20,11 +20,14 @@ HMODULE OwnModule() {
     return module;
 }
 
-void FreeName(char const* name) { std::free(const_cast<char*>(name)); }
+void FreeName(char const* name) {
+    std::free(const_cast<char*>(name));
+}
 
 char const* CopyName(char const* name) {
-    auto* const copy = static_cast<char*>(std::malloc(std::strlen(name) + 1));
-    return copy != nullptr ? std::strcpy(copy, name) : nullptr;
+    std::size_t const size = std::strlen(name) + 1;
+    void* const copy = std::malloc(size);
+    return copy != nullptr ? static_cast<char const*>(std::memcpy(copy, name, size)) : nullptr;
 }
 
 } // namespace
@@ -77,7 +80,9 @@ CString CStatusBar::GetPaneText(int pane) const {
 
 CWinThread::~CWinThread() = default;
 
-CWnd* CWinThread::GetMainWnd() { return m_pMainWnd; }
+CWnd* CWinThread::GetMainWnd() {
+    return m_pMainWnd;
+}
 
 CWinApp::CWinApp(char const* name) : m_pszAppName(name != nullptr ? CopyName(name) : nullptr) {
     if (application == nullptr) {
@@ -95,8 +100,8 @@ CWinApp::~CWinApp() {
 
 CString CWinApp::GetProfileString(char const* section, char const* key, char const* standard) {
     char value[4096];
-    GetPrivateProfileStringA(section, key, standard != nullptr ? standard : "", value,
-                             sizeof value, m_pszProfileName);
+    GetPrivateProfileStringA(section, key, standard != nullptr ? standard : "", value, sizeof value,
+                             m_pszProfileName);
     return value;
 }
 
@@ -104,11 +109,17 @@ BOOL CWinApp::WriteProfileString(char const* section, char const* key, char cons
     return WritePrivateProfileStringA(section, key, value, m_pszProfileName);
 }
 
-CWinApp* AfxGetApp() { return application; }
+CWinApp* AfxGetApp() {
+    return application;
+}
 
-CWinThread* AfxGetThread() { return application; }
+CWinThread* AfxGetThread() {
+    return application;
+}
 
-CWnd* AfxGetMainWnd() { return application != nullptr ? application->GetMainWnd() : nullptr; }
+CWnd* AfxGetMainWnd() {
+    return application != nullptr ? application->GetMainWnd() : nullptr;
+}
 
 int AfxMessageBox(char const* text, UINT style, UINT) {
     char title[256] = "";

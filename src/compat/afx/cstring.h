@@ -98,7 +98,8 @@ class CString {
 #if defined(__GNUC__)
     __attribute__((format(printf, 2, 3)))
 #endif
-    void Format(char const* format, ...) {
+    void
+    Format(char const* format, ...) {
         std::va_list arguments;
         va_start(arguments, format);
         FormatV(format, arguments);
@@ -107,7 +108,8 @@ class CString {
 #if defined(__GNUC__)
     __attribute__((format(printf, 2, 0)))
 #endif
-    void FormatV(char const* format, std::va_list arguments) {
+    void
+    FormatV(char const* format, std::va_list arguments) {
         std::va_list again;
         va_copy(again, arguments);
         int const length = std::vsnprintf(nullptr, 0, format, arguments);
@@ -118,23 +120,45 @@ class CString {
         m_text.swap(text); // only now: an argument may lie in the old text
     }
 
-    friend CString operator+(CString left, CString const& right) { return left += right; }
-    friend CString operator+(CString left, char const* right) { return left += right; }
+    friend CString operator+(CString left, CString const& right) {
+        return left += right;
+    }
+    friend CString operator+(CString left, char const* right) {
+        return left += right;
+    }
     friend CString operator+(char const* left, CString const& right) {
         return CString(left) += right;
     }
-    friend CString operator+(CString left, char right) { return left += right; }
+    friend CString operator+(CString left, char right) {
+        return left += right;
+    }
 
-    friend bool operator==(CString const& a, CString const& b) { return a.m_text == b.m_text; }
-    friend bool operator==(CString const& a, char const* b) { return a.Compare(b) == 0; }
-    friend bool operator==(char const* a, CString const& b) { return b.Compare(a) == 0; }
-    friend bool operator!=(CString const& a, CString const& b) { return !(a == b); }
-    friend bool operator!=(CString const& a, char const* b) { return !(a == b); }
-    friend bool operator!=(char const* a, CString const& b) { return !(a == b); }
-    friend bool operator<(CString const& a, CString const& b) { return a.m_text < b.m_text; }
+    friend bool operator==(CString const& a, CString const& b) {
+        return a.m_text == b.m_text;
+    }
+    friend bool operator==(CString const& a, char const* b) {
+        return a.Compare(b) == 0;
+    }
+    friend bool operator==(char const* a, CString const& b) {
+        return b.Compare(a) == 0;
+    }
+    friend bool operator!=(CString const& a, CString const& b) {
+        return !(a == b);
+    }
+    friend bool operator!=(CString const& a, char const* b) {
+        return !(a == b);
+    }
+    friend bool operator!=(char const* a, CString const& b) {
+        return !(a == b);
+    }
+    friend bool operator<(CString const& a, CString const& b) {
+        return a.m_text < b.m_text;
+    }
 
   private:
-    static std::size_t Size(int n) { return n > 0 ? static_cast<std::size_t>(n) : 0; }
+    static std::size_t Size(int n) {
+        return n > 0 ? static_cast<std::size_t>(n) : 0;
+    }
     static int Index(std::size_t found) {
         return found == std::string::npos ? -1 : static_cast<int>(found);
     }

@@ -53,8 +53,12 @@ BOOL Done(long hostResult) {
 }
 
 // A handle is the descriptor plus one, so that no handle is null.
-HANDLE ToHandle(int descriptor) { return reinterpret_cast<HANDLE>(std::intptr_t{descriptor} + 1); }
-int Descriptor(HANDLE file) { return static_cast<int>(reinterpret_cast<std::intptr_t>(file)) - 1; }
+HANDLE ToHandle(int descriptor) {
+    return reinterpret_cast<HANDLE>(std::intptr_t{descriptor} + 1);
+}
+int Descriptor(HANDLE file) {
+    return static_cast<int>(reinterpret_cast<std::intptr_t>(file)) - 1;
+}
 
 int OpenFlags(DWORD access, DWORD disposition) {
     int flags = O_CLOEXEC;
@@ -84,8 +88,12 @@ BOOL FlushFolderOf(std::string const& hostPath) {
 
 } // namespace
 
-DWORD GetLastError() { return lastError; }
-void SetLastError(DWORD error) { lastError = error; }
+DWORD GetLastError() {
+    return lastError;
+}
+void SetLastError(DWORD error) {
+    lastError = error;
+}
 
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD, SECURITY_ATTRIBUTES*, DWORD disposition, DWORD,
                    HANDLE) {
@@ -129,9 +137,13 @@ BOOL SetEndOfFile(HANDLE file) {
     return Done(position) && Done(ftruncate(Descriptor(file), position)) ? TRUE : FALSE;
 }
 
-BOOL FlushFileBuffers(HANDLE file) { return Done(fsync(Descriptor(file))); }
+BOOL FlushFileBuffers(HANDLE file) {
+    return Done(fsync(Descriptor(file)));
+}
 
-BOOL CloseHandle(HANDLE file) { return Done(close(Descriptor(file))); }
+BOOL CloseHandle(HANDLE file) {
+    return Done(close(Descriptor(file)));
+}
 
 DWORD GetFileType(HANDLE file) {
     struct stat status {};
@@ -175,18 +187,22 @@ DWORD GetFileAttributesA(LPCSTR path) {
     return (kind | access) != 0 ? kind | access : FILE_ATTRIBUTE_NORMAL;
 }
 
-BOOL SetFileAttributesA(LPCSTR path, DWORD) { return Done(access(HostPath(path).c_str(), F_OK)); }
+BOOL SetFileAttributesA(LPCSTR path, DWORD) {
+    return Done(access(HostPath(path).c_str(), F_OK));
+}
 
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES*) {
     return Done(mkdir(HostPath(path).c_str(), 0777));
 }
 
-BOOL DeleteFileA(LPCSTR path) { return Done(unlink(HostPath(path).c_str())); }
+BOOL DeleteFileA(LPCSTR path) {
+    return Done(unlink(HostPath(path).c_str()));
+}
 
 BOOL MoveFileExA(LPCSTR from, LPCSTR to, DWORD flags) {
     std::string const target = HostPath(to);
-    if ((flags & MOVEFILE_REPLACE_EXISTING) == 0 && faccessat(AT_FDCWD, target.c_str(), F_OK,
-                                                              AT_SYMLINK_NOFOLLOW) == 0) {
+    if ((flags & MOVEFILE_REPLACE_EXISTING) == 0 &&
+        faccessat(AT_FDCWD, target.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0) {
         lastError = ERROR_ALREADY_EXISTS;
         return FALSE;
     }

@@ -5,7 +5,9 @@
 namespace kvarn {
 namespace {
 
-bool Same(std::string_view a, std::string_view b) { return CompareNoCase1252(a, b) == 0; }
+bool Same(std::string_view a, std::string_view b) {
+    return CompareNoCase1252(a, b) == 0;
+}
 
 std::string_view Trimmed(std::string_view text) {
     constexpr std::string_view blanks = " \t\r\n";
@@ -34,7 +36,9 @@ Line LineAt(std::string_view ini, std::size_t begin) {
     return {begin, end, Trimmed(ini.substr(begin, end - begin))};
 }
 
-bool IsSection(std::string_view line) { return line.starts_with('['); }
+bool IsSection(std::string_view line) {
+    return line.starts_with('[');
+}
 
 std::string_view SectionName(std::string_view line) {
     return Trimmed(line.substr(1, line.find(']') - 1));
@@ -95,9 +99,8 @@ std::optional<std::string_view> IniValue(std::string_view ini, std::string_view 
         return std::nullopt;
     }
     std::size_t const equals = place.line.text.find('=');
-    return equals == std::string_view::npos
-               ? std::string_view()
-               : Unquoted(Trimmed(place.line.text.substr(equals + 1)));
+    return equals == std::string_view::npos ? std::string_view()
+                                            : Unquoted(Trimmed(place.line.text.substr(equals + 1)));
 }
 
 std::string WithIniValue(std::string_view ini, std::string_view section, std::string_view key,

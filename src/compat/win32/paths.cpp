@@ -46,7 +46,9 @@ std::string FindWithoutCase(std::string const& folder, std::string_view name) {
     return best;
 }
 
-bool IsSeparator(char c) { return c == '\\' || c == '/'; }
+bool IsSeparator(char c) {
+    return c == '\\' || c == '/';
+}
 
 // The host folder that a path starts from, with its separator; takes that part off the path.
 std::string TakeRoot(std::string_view& path) {
@@ -96,7 +98,9 @@ std::string HostPath(std::string_view path) {
     return host;
 }
 
-std::optional<std::string> FromHostPath(std::string_view hostPath) { return FromUtf8(hostPath); }
+std::optional<std::string> FromHostPath(std::string_view hostPath) {
+    return FromUtf8(hostPath);
+}
 
 std::string UserDataFolder() {
     std::string const data = Environment("XDG_DATA_HOME");

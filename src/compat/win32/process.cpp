@@ -57,6 +57,10 @@ DWORD GetEnvironmentVariableA(LPCSTR name, LPSTR buffer, DWORD size) {
     return static_cast<DWORD>(value.size());
 }
 
-DWORD GetCurrentProcessId() { return static_cast<DWORD>(getpid()); }
+DWORD GetCurrentProcessId() {
+    return static_cast<DWORD>(getpid());
+}
 
-void Sleep(DWORD milliseconds) { usleep(1000 * milliseconds); }
+void Sleep(DWORD milliseconds) {
+    usleep(1000 * milliseconds);
+}

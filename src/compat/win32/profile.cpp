@@ -105,10 +105,10 @@ BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR
         old.value_or(""), section, key,
         value != nullptr ? std::optional<std::string_view>(value) : std::nullopt);
     std::string const temporary = target + "." + std::to_string(GetCurrentProcessId()) + ".tmp";
-    BOOL const replaced = WriteNew(temporary, text) && (!exists || CarryOver(target, temporary))
-                              ? MoveFileExA(temporary.c_str(), target.c_str(),
-                                            MOVEFILE_REPLACE_EXISTING)
-                              : FALSE;
+    BOOL const replaced =
+        WriteNew(temporary, text) && (!exists || CarryOver(target, temporary))
+            ? MoveFileExA(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING)
+            : FALSE;
     if (replaced == FALSE) {
         DeleteFileA(temporary.c_str());
     }

@@ -6,7 +6,9 @@
 // Defined by library/; absent where its objects are not linked.
 extern kvarn::ModuleResources const kvarnprogResources __attribute__((weak));
 
-HMODULE GetModuleHandleA(LPCSTR) { return nullptr; }
+HMODULE GetModuleHandleA(LPCSTR) {
+    return nullptr;
+}
 
 BOOL GetModuleHandleExA(DWORD, LPCSTR, HMODULE* module) {
     auto const* const own = &kvarnprogResources;

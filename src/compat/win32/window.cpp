@@ -16,7 +16,9 @@ constexpr std::array<std::array<int, 3>, 6> buttonsOf = {{{IDOK, IDOK, IDOK},
 
 } // namespace
 
-BOOL IsWindow(HWND window) { return window != nullptr ? TRUE : FALSE; }
+BOOL IsWindow(HWND window) {
+    return window != nullptr ? TRUE : FALSE;
+}
 
 int MessageBoxA(HWND, LPCSTR text, LPCSTR caption, UINT style) {
     std::fprintf(stderr, "%s: %s\n", kvarn::ToUtf8(caption).c_str(), kvarn::ToUtf8(text).c_str());

@@ -1,0 +1,6 @@
+// The client's own header of this name.
+#pragma once
+
+inline char const* ClientMessage() {
+    return "client";
+}
