@@ -1,10 +1,14 @@
 # The run-time libraries that the DLL and its clients share: thrown texts cross the border, and a
 # static copy on each side would miscount them. They lie beside the programs and go into the package.
 set(kvarnprog_runtime)
-file(MAKE_DIRECTORY "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+set(beside "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+if(NOT beside)
+    set(beside "${CMAKE_CURRENT_BINARY_DIR}")
+endif()
+file(MAKE_DIRECTORY "${beside}")
 foreach(name libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}
         OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-    file(COPY_FILE "${path}" "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${name}" ONLY_IF_DIFFERENT)
+    file(COPY_FILE "${path}" "${beside}/${name}" ONLY_IF_DIFFERENT)
     list(APPEND kvarnprog_runtime "${path}")
 endforeach()

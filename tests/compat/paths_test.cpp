@@ -1,0 +1,51 @@
+// Windows paths on a host that is not Windows.
+#include "compat/win32/paths.h"
+
+#include <cstdlib>
+
+#include <gtest/gtest.h>
+
+#include "compat/codepage.h"
+#include "support/testfiles.h"
+
+using kvarn::HostPath;
+
+namespace {
+
+class PathsTest : public testing::Test {
+  protected:
+    PathsTest() { setenv("KVARNPROG_DRIVES", m_folder.Api().c_str(), 1); }
+    ~PathsTest() override { unsetenv("KVARNPROG_DRIVES"); }
+    // A path below the drives, as the host spells it.
+    std::string Below(std::string const& name) const { return m_folder.Api() + "/" + name; }
+
+    TestFolder m_folder;
+};
+
+TEST_F(PathsTest, DrivesAndSeparators) {
+    EXPECT_EQ(HostPath("C:\\Kvarnbok\\Cfg"), Below("c/Kvarnbok/Cfg"));
+    EXPECT_EQ(HostPath("d:/a\\\\b"), Below("d/a/b"));
+    EXPECT_EQ(HostPath("\\KVARNBOK.CFG"), "/KVARNBOK.CFG");
+    EXPECT_EQ(HostPath("/host/folder\\fil"), "/host/folder/fil");
+    EXPECT_EQ(HostPath("a\\b"), "a/b");
+    EXPECT_EQ(HostPath(""), "");
+}
+
+TEST_F(PathsTest, NamesAreFoundWithoutRegardToCase) {
+    m_folder.Write("c/Kvarnbok/Åtgärd.par", "");
+    m_folder.Write("c/Kvarnbok/fil", "");
+    m_folder.Write("c/Kvarnbok/FIL", "");
+    EXPECT_EQ(HostPath("C:\\KVARNBOK\\åTGÄRD.PAR"_1252), Below("c/Kvarnbok/Åtgärd.par"));
+    EXPECT_EQ(HostPath("C:\\kvarnbok\\fil"), Below("c/Kvarnbok/fil")); // as it is spelt
+    EXPECT_EQ(HostPath("C:\\kvarnbok\\Fil"), Below("c/Kvarnbok/FIL")); // else the first
+    EXPECT_EQ(HostPath("C:\\kvarnbok\\Ny\\Fil"), Below("c/Kvarnbok/Ny/Fil"));
+    EXPECT_EQ(HostPath("C:\\kvarnbok\\fil\\x"), Below("c/Kvarnbok/fil/x"));
+}
+
+TEST_F(PathsTest, NamesOutsideTheCodePageAreNotFound) {
+    m_folder.Write("c/α", "");
+    EXPECT_EQ(kvarn::FromHostPath("/α"), std::nullopt);
+    EXPECT_EQ(HostPath("C:\\?"), Below("c/?"));
+}
+
+} // namespace

@@ -1,0 +1,317 @@
+// The tool as a process, on a copy of the samples.
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "compat/codepage.h"
+#include "support/testfiles.h"
+
+#if !defined(_WIN32)
+#include <sys/wait.h>
+#endif
+
+namespace {
+
+using Arguments = std::vector<std::string>;
+using Json = nlohmann::json;
+
+struct Result {
+    int status;
+    std::string out;
+    std::string err;
+};
+
+// Runs a line of the host's shell, written in UTF-8; the arguments hold no quotes.
+#if defined(_WIN32)
+constexpr char quote = '"';
+int Shell(std::string const& line) {
+    std::string const whole = '"' + line + '"'; // the shell takes the outermost quotes off
+    return _wsystem(std::filesystem::path(std::u8string(whole.begin(), whole.end())).c_str());
+}
+#else
+constexpr char quote = '\'';
+int Shell(std::string const& line) {
+    int const status = std::system(line.c_str());
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+#endif
+
+std::string Host(std::filesystem::path path) {
+    return path.make_preferred().string();
+}
+
+class KvarnioTest : public testing::Test {
+  protected:
+    KvarnioTest() {
+        std::filesystem::copy(std::filesystem::path(SAMPLES) / "drives/c", m_folder / "c",
+                              std::filesystem::copy_options::recursive);
+    }
+
+    std::string Path(std::string_view name) const { return Host(m_folder / name); }
+
+    // With the sample installation, and its project where one is wanted.
+    Result Run(Arguments arguments, std::string const& project = {}) const {
+        Arguments const installation = {"--home", Path("c/Kvarnbok"), "--cfg",
+                                        Path("c/Kvarnbok/Cfg")};
+        arguments.insert(arguments.end(), installation.begin(), installation.end());
+        if (!project.empty()) {
+            arguments.insert(arguments.end(), {"--project", Path(project)});
+        }
+        return RunBare(arguments);
+    }
+    Result RunBare(Arguments const& arguments) const {
+        std::string line = quote + Host(KVARNIO) + quote;
+        for (std::string const& argument : arguments) {
+            line += std::string(" ") + quote + argument + quote;
+        }
+        line +=
+            std::string(" >") + quote + Path("out") + quote + " 2>" + quote + Path("err") + quote;
+        int const status = Shell(line);
+        return {status, Text("out"), Text("err")};
+    }
+
+    TestFolder m_folder;
+    std::string const vag27 = "c/Projekt/Vag27";
+
+  private:
+    std::string Text(std::string_view name) const {
+        std::string text = m_folder.Read(name);
+        std::erase(text, '\r'); // the host's line ends
+        return text;
+    }
+};
+
+TEST_F(KvarnioTest, GetPrintsTheProjectsValueTheSharedOneOrTheDefault) {
+    struct {
+        Arguments arguments;
+        std::string project;
+        std::string out;
+    } const cases[] = {
+        {{"get", "KVARNBOK.PAR", "HSKALA"}, vag27, "200"},
+        {{"get", "KVARNBOK.PAR", "HSKALA"}, "", "100"},
+        {{"get", "kvarnbok.par", "hskala"}, vag27, "200"},
+        {{"get", "KVARNBOK.PAR", "BREDDLSP"}, vag27, "1.0"}, // only one file is looked into
+        {{"get", "KVARNBOK.PAR", "DELOMRADE"}, vag27, "Bro över Häljeån, östra landfästet"},
+        {{"get", "KLIPPBOK.PAR", "JBMAX"}, vag27, "150"},
+        {{"get", "KLIPPBOK.PAR", "LINJEBREDD"}, "", "FÄRG"},
+        {{"get", "KLIPPBOK.PAR", "KBNAMN4"}, "", ""}, // its default is empty
+        {{"get", "JB23.PAR", "QTSKALA"}, "", "14"},
+        {{"get", "KVARNBOK.CFG", "RITARE"}, "", "Åsa Öhrn"},
+        {{"get", "KVARNBOK.PAR", "QTSKALA", "--int"}, "", "-1"},
+        {{"get", "KVARNBOK.PAR", "SEKTDIST", "--int"}, vag27, "20"},
+        {{"get", "KVARNBOK.PAR", "FTSKALA", "--double"}, "", "0.2"},
+    };
+    for (auto const& row : cases) {
+        Result const result = Run(row.arguments, row.project);
+        EXPECT_EQ(result.out, row.out + "\n") << row.arguments[2];
+        EXPECT_EQ(result.err, "");
+        EXPECT_EQ(result.status, 0) << row.arguments[2];
+    }
+}
+
+TEST_F(KvarnioTest, ListShowsEveryKeyWithItsSource) {
+    std::string const file = Path("c/Projekt/Vag27/KVARNBOK.PAR");
+    std::string const table = Run({"list", "KVARNBOK.PAR"}, vag27).out;
+    for (std::string const& row : {
+             std::string("KEY            VALUE                               SOURCE\n"),
+             "\nHSKALA         200                                 " + file + "\n",
+             std::string("\nBREDDLSP       1.0                                 default\n"),
+             "\nDELOMRADE      Bro över Häljeån, östra landfästet  " + file + "\n",
+         }) {
+        EXPECT_NE(table.find(row), std::string::npos) << row << "is not in\n" << table;
+    }
+
+    Json const all = Json::parse(Run({"list", "--json"}, vag27).out);
+    auto const has = [&all](char const* name, char const* key, char const* value,
+                            std::string const& source) {
+        Json const entry = {{"file", name}, {"key", key}, {"value", value}, {"source", source}};
+        return std::count(all.begin(), all.end(), entry) == 1;
+    };
+    EXPECT_TRUE(has("KVARNBOK.PAR", "U0", "0.1", "default"));
+    EXPECT_TRUE(has("KVARNBOK.PAR", "BESTALLARE", "Vägkontoret Söder", file));
+    EXPECT_TRUE(
+        has("KLIPPBOK.PAR", "KBNAMN2", "Borrvattenflöde", Path("c/Kvarnbok/Cfg/KLIPPBOK.PAR")));
+    EXPECT_TRUE(has("JB23.PAR", "USKALA", "600", "default"));
+    EXPECT_TRUE(
+        has("KVARNBOK.CFG", "PLOTTER", "\\\\skrivare\\Färg A1", Path("c/Kvarnbok/KVARNBOK.CFG")));
+    // Every default once, and what the project and the configuration add.
+    EXPECT_EQ(all.size(), 78U + 5 + 52 + 22 + 11);
+}
+
+TEST_F(KvarnioTest, SetRewritesTheFileAndKeepsTheOldOneWhenLinesAreDropped) {
+    std::string const name = "c/Projekt/Vag27/KVARNBOK.PAR";
+    std::string const path = Path(name);
+    std::string const before = m_folder.Read(name);
+    std::string const first = *kvarn::FromUtf8(
+        "HSKALA=250\r\nLSKALA=1000\r\nSEKTDIST=20.0\r\nQTSKALA=25\r\nDECIMAL=1\r\nPLANLAGER=JA\r\n"
+        "LINJEBREDD=NEJ\r\nPROJEKT=Väg 27, delen Sjöbo - Åsarp\r\n"
+        "DELOMRADE=Bro över Häljeån, östra landfästet\r\nBESTALLARE=Vägkontoret Söder\r\n"
+        "UPPDRAGSNR=2026-0417\r\nHANDLAGGARE=Åsa Öhrn\r\n");
+
+    Result result = Run({"set", "KVARNBOK.PAR", "hskala", "250"}, vag27);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, path + ": HSKALA=250 (was 200)\n");
+    EXPECT_EQ(result.err,
+              path +
+                  ":1: dropped, no \"=\": ; Väg 27, delen Sjöbo - Åsarp: etapp 2, bro över "
+                  "Häljeån\n" +
+                  path + ":10: dropped, no \"=\": ; Ritningsstämpel\n" +
+                  "kvarnio: dropped 2 lines and 1 blank line, which the format does not keep; "
+                  "the old file is " +
+                  path + ".bak\n");
+    EXPECT_EQ(m_folder.Read(name), first);
+    EXPECT_EQ(m_folder.Read(name + ".bak"), before);
+
+    // Nothing is lost any more: no notes, and the copy stays.
+    result = Run({"set", "KVARNBOK.PAR", "Ort", "Åmål – 5 €", "--json"}, vag27);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(Json::parse(result.out), Json({{"file", "KVARNBOK.PAR"},
+                                             {"key", "Ort"},
+                                             {"value", "Åmål – 5 €"},
+                                             {"source", path},
+                                             {"written", path},
+                                             {"backup", nullptr},
+                                             {"dropped", Json::array()},
+                                             {"blankLinesDropped", 0}}));
+    EXPECT_EQ(m_folder.Read(name), first + "Ort=\xC5m\xE5l \x96 5 \x80\r\n");
+    EXPECT_EQ(m_folder.Read(name + ".bak"), before);
+    EXPECT_EQ(Run({"get", "KVARNBOK.PAR", "ORT"}, vag27).out, "Åmål – 5 €\n");
+
+    result = Run({"set", "KVARNBOK.PAR", "ORT", ""}, vag27);
+    EXPECT_EQ(result.out, path + ": Ort removed (was Åmål – 5 €); now without a value\n");
+    EXPECT_EQ(m_folder.Read(name), first);
+}
+
+TEST_F(KvarnioTest, SetNamesWhatTheFormatDoesNotKeep) {
+    using namespace std::string_literals;
+    std::string const path = Path("p/KVARNBOK.PAR");
+    std::string const longText(300, 'x');
+    std::string const shown = std::string(80, 'x') + "...\n";
+    m_folder.Write("p/KVARNBOK.PAR", "A=\nA=1\r\n=2\r\nB=\r\n"s + longText + "=3\r\nC=" + longText +
+                                         "\r\nC=4\0rest\nD=5\r\x1A\r\nE=6\r\nF=7"s);
+    Result const result = Run({"set", "KVARNBOK.PAR", "A", "9"}, "p");
+    std::string expected;
+    for (std::string const& line : {
+             ":3: dropped, no key before \"=\": =2\n"s,
+             ":4: dropped, no value: B=\n"s,
+             ":5: dropped, key over 39 characters: " + shown,
+             ":6: dropped, value over 258 characters: C=" + shown.substr(2),
+             ":7: dropped, text after a zero byte: rest\n"s,
+             ":8: dropped, everything after the end-of-file character 0x1A: E=6\n"s,
+         }) {
+        expected += path + line;
+    }
+    EXPECT_EQ(result.err.substr(0, result.err.find("kvarnio: ")), expected);
+    EXPECT_EQ(result.out, path + ": A=9 (new)\n"); // its first line, without a value, was read
+    EXPECT_EQ(m_folder.Read("p/KVARNBOK.PAR"), "A=9\r\nA=1\r\nC=4\r\nD=5\r\r\n");
+    EXPECT_EQ(Run({"set", "KVARNBOK.PAR", "A", ""}, "p").out,
+              path + ": A removed (was 9); now 1, from a later line\n");
+}
+
+TEST_F(KvarnioTest, SetWritesNumbersAsTheProgramsDo) {
+    struct {
+        Arguments arguments;
+        std::string line;
+    } const cases[] = {
+        {{"set", "KVARNBOK.PAR", "HSKALA", "-1", "--int"}, "HSKALA=MAX (was 100)"},
+        {{"set", "KVARNBOK.PAR", "DECIMAL", "-1", "--int"}, "DECIMAL=-1 (was 2)"},
+        {{"set", "KVARNBOK.PAR", "U0", "2", "--double", "3"}, "U0=2.000 (was 0.1, the default)"},
+        {{"set", "KVARNBOK.CFG", "SPARTID", "7.25", "--double", "1"}, "SPARTID=7.2 (was 10)"},
+        {{"set", "KVARNBOK.CFG", "SPARTID", "-1", "--int"}, "SPARTID=-1 (was 7.2)"},
+        {{"set", "KVARNBOK.PAR", "FONT", "[a,list]"}, "FONT=[a,list] (was GEOTEXT)"},
+    };
+    for (auto const& row : cases) {
+        Result const result = Run(row.arguments);
+        EXPECT_EQ(result.status, 0) << row.line;
+        std::string const name =
+            row.arguments[1].ends_with("PAR") ? "c/Kvarnbok/Cfg/" : "c/Kvarnbok/";
+        EXPECT_EQ(result.out, Path(name + row.arguments[1]) + ": " + row.line + "\n");
+    }
+}
+
+TEST_F(KvarnioTest, AChangeOfTheSharedFileForAProjectIsTold) {
+    Result const result = Run({"set", "KLIPPBOK.PAR", "VFMAX", "80"}, vag27);
+    EXPECT_EQ(result.out, Path("c/Kvarnbok/Cfg/KLIPPBOK.PAR") + ": VFMAX=80 (was 60)\n");
+    EXPECT_EQ(result.err,
+              "kvarnio: the project has no KLIPPBOK.PAR of its own: the shared file was "
+              "written\n");
+}
+
+TEST_F(KvarnioTest, WhatCannotBeDoneIsRefusedWithItsReason) {
+    constexpr int notThere = 1;
+    constexpr int wrongUsage = 2;
+    struct {
+        Arguments arguments;
+        int status;
+        char const* reason;
+    } const cases[] = {
+        {{"get", "KVARNBOK.PAR", "HSKALE"}, notThere, "HSKALE has no value in KVARNBOK.PAR and no"},
+        {{"get", "KVARNBOK.CFG", "HSKALA"}, notThere, "HSKALA has no value in KVARNBOK.CFG"},
+        {{"get", "KVARNBOK.PAR", "FONT", "--int"}, notThere, "is \"GEOTEXT\", not a whole number"},
+        {{"get", "KVARNBOK.PAR", "HSKALA", "--project", "finns-ej"},
+         notThere,
+         "no folder finns-ej"},
+        {{"set", "JB23.PAR", "QTSKALA", "5"}, notThere, "JB23.PAR cannot be written yet"},
+        {{"set", "KVARNBOK.PAR", std::string(40, 'K'), "5"}, notThere, "KEY has 40 characters"},
+        {{"set", "KVARNBOK.PAR", "A", std::string(259, 'v')}, notThere, "VALUE has 259 characters"},
+        {{"set", "KVARNBOK.PAR", "DSKALA", ""}, notThere, "nothing to remove: DSKALA"},
+        {{"set", "KVARNBOK.PAR", "ORT", "Ωsterås"},
+         wrongUsage,
+         "\"Ωsterås\" holds a letter outside"},
+        {{"set", "KVARNBOK.PAR", "A=B", "5"}, wrongUsage, "holds a \"=\""},
+        {{"set", "KVARNBOK.PAR", "DSKALA", "1,5", "--double", "1"}, wrongUsage, "is a point"},
+        {{"set", "KVARNBOK.PAR", "HSKALA", "2.5", "--int"}, wrongUsage, "is not a whole number"},
+        {{"get", "KODFIL.DAT", "HSKALA"}, wrongUsage, "FILE must be one of KVARNBOK.PAR, "},
+        {{"get", "KVARNBOK.PAR", "HSKALA", "--project", ""}, wrongUsage, "DIR is empty"},
+        {{"get", "KVARNBOK.PAR"}, wrongUsage, "KEY is required"},
+        {{"hitta"}, wrongUsage, "there is no subcommand \"hitta\""},
+    };
+    std::string const shared = m_folder.Read("c/Kvarnbok/Cfg/KVARNBOK.PAR");
+    for (auto const& row : cases) {
+        Result const result = Run(row.arguments);
+        EXPECT_EQ(result.status, row.status) << row.reason;
+        EXPECT_NE(result.err.find(row.reason), std::string::npos) << result.err << row.reason;
+        EXPECT_EQ(result.out, "");
+    }
+    EXPECT_EQ(m_folder.Read("c/Kvarnbok/Cfg/KVARNBOK.PAR"), shared);
+    EXPECT_FALSE(std::filesystem::exists(m_folder / "c/Kvarnbok/Cfg/KVARNBOK.PAR.bak"));
+}
+
+TEST_F(KvarnioTest, WithNoFileToWriteToTheFoldersAreNamed) {
+    m_folder.Write("tom/fil", "");
+    Result const result = RunBare(
+        {"set", "KVARNBOK.PAR", "HSKALA", "5", "--home", Path("tom"), "--project", Path("c")});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err,
+              "kvarnio: nothing was written: there is no KVARNBOK.PAR to write to\n"
+              "  project folder: " +
+                  Path("c") + "\n  CFG folder:     " + Path("tom") +
+                  "\n  main folder:    " + Path("tom") +
+                  "\nCreate an empty KVARNBOK.PAR in the folder that shall have it, and try "
+                  "again.\n");
+    EXPECT_EQ(RunBare({"list", "KVARNBOK.CFG", "--home", Path("tom")}).status, 1);
+}
+
+TEST_F(KvarnioTest, AFileThatCannotBeReadGivesNoAnswer) {
+    std::filesystem::create_directories(m_folder / "p/KVARNBOK.PAR");
+    Result const result = Run({"get", "KVARNBOK.PAR", "HSKALA"}, "p");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.out, "");
+    EXPECT_NE(result.err.find("Läsning av Kvarnbok - inställningar:\n  Kan inte öppna -filen\n"),
+              std::string::npos)
+        << result.err;
+}
+
+TEST_F(KvarnioTest, HelpAndVersionAreNoErrors) {
+    Result const help = RunBare({"set", "--help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_NE(help.out.find("kvarnio set [OPTIONS] FILE KEY VALUE"), std::string::npos) << help.out;
+    EXPECT_EQ(RunBare({"--version"}).out.rfind("kvarnio ", 0), 0U);
+}
+
+} // namespace
