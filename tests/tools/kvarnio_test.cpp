@@ -192,13 +192,13 @@ TEST_F(KvarnioTest, SetNamesWhatTheFormatDoesNotKeep) {
     std::string const path = Path("p/KVARNBOK.PAR");
     std::string const longText(300, 'x');
     std::string const shown = std::string(80, 'x') + "...\n";
-    m_folder.Write("p/KVARNBOK.PAR", "A=\nA=1\r\n=2\r\nB=\r\n"s + longText + "=3\r\nC=" + longText +
+    m_folder.Write("p/KVARNBOK.PAR", "A=\nA=1\r\n=2\r\na=\r\n"s + longText + "=3\r\nC=" + longText +
                                          "\r\nC=4\0rest\nD=5\r\x1A\r\nE=6\r\nF=7"s);
     Result const result = Run({"set", "KVARNBOK.PAR", "A", "9"}, "p");
     std::string expected;
     for (std::string const& line : {
              ":3: dropped, no key before \"=\": =2\n"s,
-             ":4: dropped, no value: B=\n"s,
+             ":4: dropped, no value: a=\n"s,
              ":5: dropped, key over 39 characters: " + shown,
              ":6: dropped, value over 258 characters: C=" + shown.substr(2),
              ":7: dropped, text after a zero byte: rest\n"s,

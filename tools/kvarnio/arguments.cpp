@@ -1,0 +1,72 @@
+#include "arguments.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+#include <compat/codepage.h>
+
+#include "failure.h"
+
+namespace kvarnio {
+namespace {
+
+std::string Converted(char const* what, std::string const& typed) {
+    auto text = kvarn::FromUtf8(typed);
+    if (!text) {
+        throw UsageError(std::string(what) + " \"" + typed +
+                         "\" holds a letter outside code page 1252, which the files are in");
+    }
+    if (std::any_of(text->begin(), text->end(),
+                    [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; })) {
+        throw UsageError(std::string(what) + " holds a line end or another control character");
+    }
+    return *std::move(text);
+}
+
+template <class T> T Parsed(std::string const& typed, char const* wanted) {
+    T number{};
+    char const* const end = typed.data() + typed.size();
+    auto const parsed = std::from_chars(typed.data(), end, number);
+    if (parsed.ec != std::errc() || parsed.ptr != end) {
+        throw UsageError("VALUE \"" + typed + "\" is not " + wanted);
+    }
+    return number;
+}
+
+} // namespace
+
+std::string FileName(std::string const& typed) {
+    return Converted("FILE", typed);
+}
+
+std::string Key(std::string const& typed) {
+    std::string key = Converted("KEY", typed);
+    if (key.empty()) {
+        throw UsageError("KEY is empty");
+    }
+    if (key.find('=') != std::string::npos) {
+        throw UsageError("KEY \"" + typed + R"(" holds a "=", which would end it in the file)");
+    }
+    return key;
+}
+
+std::string Value(std::string const& typed) {
+    return Converted("VALUE", typed);
+}
+
+int WholeNumber(std::string const& typed) {
+    return Parsed<int>(typed, "a whole number of 32 bits");
+}
+
+double Number(std::string const& typed) {
+    char const* const wanted =
+        typed.find(',') != std::string::npos ? "a number: the decimal sign is a point" : "a number";
+    auto const number = Parsed<double>(typed, wanted);
+    if (!std::isfinite(number)) {
+        throw UsageError("VALUE \"" + typed + "\" is not a number");
+    }
+    return number;
+}
+
+} // namespace kvarnio

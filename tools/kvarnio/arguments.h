@@ -1,0 +1,20 @@
+// What the subcommands' arguments may hold. In: UTF-8, as typed; out: code page 1252. All of them
+// throw UsageError, with the reason.
+#pragma once
+
+#include <string>
+
+namespace kvarnio {
+
+std::string FileName(std::string const& typed);
+
+// A key that can stand in a settings file: no "=", no control characters.
+std::string Key(std::string const& typed);
+
+// A value that can stand on one line of a settings file; it may be empty.
+std::string Value(std::string const& typed);
+
+int WholeNumber(std::string const& typed);
+double Number(std::string const& typed);
+
+} // namespace kvarnio

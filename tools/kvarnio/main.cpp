@@ -1,0 +1,27 @@
+// kvarnio: the settings and data files of the drawing programs, from the command line.
+#include <exception>
+#include <iostream>
+
+#include <compat/codepage.h>
+#include <kvarnprog.h>
+
+#include "commandline.h"
+#include "failure.h"
+#include "platform.h"
+
+int main(int argc, char** argv) {
+    using namespace kvarnio;
+    ShowUtf8();
+    try {
+        int const status = CommandLine().Execute(Arguments(argc, argv));
+        if (!std::cout.flush()) {
+            throw Failure("standard output cannot be written");
+        }
+        return status;
+    } catch (ListFel const& error) {
+        std::cerr << "kvarnio: " << kvarn::ToUtf8(error.what()) << '\n';
+    } catch (std::exception const& error) {
+        std::cerr << "kvarnio: " << error.what() << '\n';
+    }
+    return failed;
+}

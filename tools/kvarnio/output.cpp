@@ -1,0 +1,76 @@
+#include "output.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include <compat/codepage.h>
+
+#include "platform.h"
+
+namespace kvarnio {
+namespace {
+
+std::size_t Width(std::string const& utf8) {
+    return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0U) != 0x80;
+    }));
+}
+
+bool IsControl(char c) {
+    char32_t const codePoint = kvarn::CodePoint1252(c);
+    return codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
+}
+
+std::string Escaped(char c) {
+    constexpr char const* digits = "0123456789ABCDEF";
+    auto const byte = static_cast<unsigned char>(c);
+    return {'\\', 'x', digits[byte / 16], digits[byte % 16]};
+}
+
+std::vector<std::size_t> ColumnWidths(std::vector<std::vector<std::string>> const& rows) {
+    constexpr std::size_t widest = 40;
+    std::vector<std::size_t> widths(rows.front().size());
+    for (auto const& row : rows) {
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            std::size_t const width = Width(row[i]);
+            widths[i] = width <= widest ? std::max(widths[i], width) : widths[i];
+        }
+    }
+    return widths;
+}
+
+} // namespace
+
+std::string Shown(std::string_view path) {
+    std::u8string const host = HostPath(path).u8string();
+    return {host.begin(), host.end()};
+}
+
+std::string OneLine(std::string_view text) {
+    constexpr std::size_t longest = 80;
+    std::string line;
+    for (char const c : text.substr(0, longest)) {
+        line += IsControl(c) ? Escaped(c) : kvarn::ToUtf8({&c, 1});
+    }
+    return text.size() > longest ? line + "..." : line;
+}
+
+void PrintTable(std::vector<std::vector<std::string>> const& rows) {
+    std::vector<std::size_t> const widths = ColumnWidths(rows);
+    for (auto const& row : rows) {
+        std::string line;
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            std::size_t const width = Width(row[i]);
+            std::size_t const padding = width < widths[i] ? widths[i] - width : 0;
+            line += row[i] + std::string(i + 1 < row.size() ? padding + 2 : 0, ' ');
+        }
+        std::cout << line << '\n';
+    }
+}
+
+void PrintJson(Json const& json) {
+    constexpr int indent = 2;
+    std::cout << json.dump(indent) << '\n';
+}
+
+} // namespace kvarnio

@@ -1,0 +1,27 @@
+// What the user sees: texts and paths of the library in the terminal's form, tables, JSON. What
+// comes out is UTF-8, what goes in is in code page 1252.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+namespace kvarnio {
+
+using Json = nlohmann::ordered_json;
+
+// A path of the library, as the host spells it.
+std::string Shown(std::string_view path);
+
+// A text on one line: control characters as \x0D, and "..." for what goes beyond 80 characters.
+std::string OneLine(std::string_view text);
+
+// Rows of UTF-8 cells in aligned columns, the first row being the heading. One long cell moves only
+// what stands after it on its own row.
+void PrintTable(std::vector<std::vector<std::string>> const& rows);
+
+void PrintJson(Json const& json);
+
+} // namespace kvarnio

@@ -1,0 +1,125 @@
+#include "platform.h"
+
+#include <cstdlib>
+#include <iostream>
+
+#include <compat/codepage.h>
+#include <compat/host.h>
+
+#if defined(_WIN32)
+#include <shellapi.h>
+#else
+#include <compat/win32/paths.h>
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+#include "failure.h"
+
+namespace kvarnio {
+namespace {
+
+std::string WithoutLastSeparators(std::string path) {
+    path.erase(path.find_last_not_of("\\/") + 1);
+    return path;
+}
+
+std::string To1252(std::string const& path) {
+    auto const text = kvarn::FromUtf8(path);
+    if (!text) {
+        throw UsageError(path + ": the path holds a letter outside code page 1252");
+    }
+    return *text;
+}
+
+} // namespace
+
+#if defined(_WIN32)
+
+namespace {
+
+std::filesystem::path FromUtf8(std::string const& text) {
+    return std::u8string(text.begin(), text.end());
+}
+
+std::string ToUtf8(std::filesystem::path const& path) {
+    std::u8string const text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
+} // namespace
+
+std::vector<std::string> Arguments(int, char**) {
+    int count = 0;
+    wchar_t** const wide = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::string> arguments;
+    for (int i = 1; i < count; ++i) {
+        arguments.push_back(ToUtf8(wide[i]));
+    }
+    LocalFree(wide);
+    return arguments;
+}
+
+void ShowUtf8() {
+    static UINT const before = GetConsoleOutputCP();
+    std::atexit([] { SetConsoleOutputCP(before); }); // the console is the caller's
+    std::ios::sync_with_stdio(false);                // a letter's bytes must reach it together
+    SetConsoleOutputCP(CP_UTF8);
+}
+
+void SetEnvironment(char const* name, std::string const& value) {
+    SetEnvironmentVariableW(FromUtf8(name).c_str(), FromUtf8(value).c_str());
+}
+
+// The profile functions would look for a relative path in the Windows folder.
+std::string LibraryFolder(std::string const& typed) {
+    std::filesystem::path folder = std::filesystem::absolute(FromUtf8(typed));
+    return WithoutLastSeparators(To1252(ToUtf8(folder.make_preferred())));
+}
+
+std::filesystem::path HostPath(std::string_view path) {
+    return FromUtf8(kvarn::ToUtf8(path));
+}
+
+bool FlushToDisk(std::filesystem::path const& path) {
+    HANDLE const file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) {
+        return false;
+    }
+    bool const flushed = FlushFileBuffers(file) != FALSE;
+    return CloseHandle(file) != FALSE && flushed;
+}
+
+#else
+
+std::vector<std::string> Arguments(int argc, char** argv) {
+    return {argv + 1, argv + argc};
+}
+
+void ShowUtf8() {} // terminals do
+
+void SetEnvironment(char const* name, std::string const& value) {
+    setenv(name, value.c_str(), 1);
+}
+
+std::string LibraryFolder(std::string const& typed) {
+    return WithoutLastSeparators(To1252(typed));
+}
+
+std::filesystem::path HostPath(std::string_view path) {
+    return kvarn::HostPath(path);
+}
+
+bool FlushToDisk(std::filesystem::path const& path) {
+    int const file = open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    if (file < 0) {
+        return false;
+    }
+    bool const flushed = fsync(file) == 0;
+    return close(file) == 0 && flushed;
+}
+
+#endif
+
+} // namespace kvarnio
