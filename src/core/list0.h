@@ -109,7 +109,7 @@ template <class T> class list0 {
     // Re-sorts by insertion, for lists that are nearly in order. The current element and the mark
     // are left where the last comparison put them. Returns 0, or -1 when the list is empty. Throws
     // ListFel "Internt sorteringsfel i Todbs::Sortera" when a record fits nowhere (a Sortval that
-    // contradicts itself; the record goes back where it was) and
+    // contradicts itself; the record stays where it was) and
     // "Fel i sortering\nAntal poster %ld\nSorterade %ld" when the records do not match their count.
     int Omsortera(int nyckel);
 
@@ -149,10 +149,9 @@ template <class T> class list0 {
     int StallPa(nod* n);
     // True when the current element must come after the mark.
     bool Efter(nod* aktuell, nod* jamford, int nyckel);
-    // Takes the element after n out of the list, and puts it in again before or after another.
-    nod* LossaEfter(nod* n);
+    // Takes the element after n out of the list; puts an element in before n.
+    void LossaEfter(nod* n);
     void LankaFore(nod* ny, nod* n);
-    void LankaEfter(nod* ny, nod* n);
     // Merges the two sorted runs [a, mitten) and [mitten, slut) of the node table into `ut`.
     void Sammanfoga(nod** a, nod** mitten, nod** slut, nod** ut, int nyckel);
     void Lanka(nod** noder);

@@ -185,6 +185,7 @@ template <class T> int list0<T>::Goto_mark() {
         }
     }
     mark = nullptr;
+    m_markpost = nullptr;
     StallPa(m_forsta);
     return -1;
 }
@@ -309,15 +310,16 @@ template <class T> int list0<T>::Omsortera(int nyckel) {
             ankare = ankare->nasta;
             continue;
         }
-        nod* const flyttas = LossaEfter(ankare);
+        // Its place is found before it is taken out: a Sortval that throws loses no record.
+        nod* const flyttas = ankare->nasta;
         nod* plats = m_forsta;
-        while (plats != nullptr && !Efter(plats, flyttas, nyckel)) {
+        while (plats != nullptr && (plats == flyttas || !Efter(plats, flyttas, nyckel))) {
             plats = plats->nasta;
         }
         if (plats == nullptr) {
-            LankaEfter(flyttas, ankare);
             throw ListFel("Internt sorteringsfel i Todbs::Sortera");
         }
+        LossaEfter(ankare);
         LankaFore(flyttas, plats);
     }
     if (sorterade != m_antal) {
@@ -326,7 +328,7 @@ template <class T> int list0<T>::Omsortera(int nyckel) {
     return 0;
 }
 
-template <class T> typename list0<T>::nod* list0<T>::LossaEfter(nod* n) {
+template <class T> void list0<T>::LossaEfter(nod* n) {
     nod* const ut = n->nasta;
     n->nasta = ut->nasta;
     if (ut->nasta != nullptr) {
@@ -334,7 +336,6 @@ template <class T> typename list0<T>::nod* list0<T>::LossaEfter(nod* n) {
     } else {
         m_sista = n;
     }
-    return ut;
 }
 
 template <class T> void list0<T>::LankaFore(nod* ny, nod* n) {
@@ -346,17 +347,6 @@ template <class T> void list0<T>::LankaFore(nod* ny, nod* n) {
         m_forsta = ny;
     }
     n->forra = ny;
-}
-
-template <class T> void list0<T>::LankaEfter(nod* ny, nod* n) {
-    ny->forra = n;
-    ny->nasta = n->nasta;
-    if (n->nasta != nullptr) {
-        n->nasta->forra = ny;
-    } else {
-        m_sista = ny;
-    }
-    n->nasta = ny;
 }
 
 template <class T>

@@ -60,7 +60,7 @@ class KVARNPROG_API CKvarnCFG : public list0<cfgtype> {
     int WriteKey(char const* key, char const* value);
 
     CString m_filnamn; // full path, or empty
-    CStdioFile m_fil;  // open only inside Init and WriteKey
+    CStdioFile m_fil;  // never open between calls
 
   protected:
     // Reads the file as the second constructor says. Returns 0 always.

@@ -69,5 +69,5 @@ class KVARNPROG_API CKvarnInst {
 
     CAutoIni* m_ini = nullptr;      // not owned
     CProjPath* m_proj = nullptr;    // not owned
-    class PassFil* m_fil = nullptr; // the file of the pass under way; none yet has passes
+    class PassFil* m_fil = nullptr; // the file of a sequential pass; there are no passes yet
 };

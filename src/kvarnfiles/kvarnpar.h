@@ -51,7 +51,7 @@ class KVARNPROG_API CKvarnPAR : public list0<partype> {
     int WriteKey(char const* key, char const* value);
 
     CString m_filnamn; // full path, or empty
-    CStdioFile m_fil;  // open only while the file is read or written
+    CStdioFile m_fil;  // never open between calls
 
   private:
     void Las(CString const& projektfil, CAutoIni const* ini, char const* namn, char const* program);

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "../core/filerewrite.h"
+#include "../compat/filerewrite.h"
 #include "../core/text.h"
 #include "../core/textfil.h"
 
@@ -35,10 +35,16 @@ template <class Lista> void LasNycklar(Lista& lista, TextReader& fil) {
     }
 }
 
-// A missing file, or an empty path, is read whole: there is nothing in it.
+// A missing file, or an empty path, is read whole: there is nothing in it. A file that cannot even
+// be looked at is not.
 template <class Lista> Inlasning LasNyckelfil(Lista& lista, char const* path) {
-    if (*path == '\0' || !FileExists(path)) {
+    if (*path == '\0') {
         return Inlasning::hel;
+    }
+    if (!FileExists(path)) {
+        DWORD const fel = GetLastError();
+        return fel == ERROR_FILE_NOT_FOUND || fel == ERROR_PATH_NOT_FOUND ? Inlasning::hel
+                                                                          : Inlasning::avbruten;
     }
     TextReader fil(path);
     if (!fil.IsOpen()) {

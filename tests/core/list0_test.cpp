@@ -35,7 +35,7 @@ struct posttype {
     int nr;
 };
 
-enum Nyckel { stigande = 1, omvandLika = 2, motsagande = 3 };
+enum Nyckel { stigande = 1, omvandLika = 2, motsagande = 3, kastar = 4 };
 
 class Lista : public list0<posttype> {
   public:
@@ -70,6 +70,11 @@ class Lista : public list0<posttype> {
             return m_aktpost->varde >= m_markpost->varde ? 1 : 0;
         case motsagande: // positive for neighbours, never for the walk from the first
             return jamforelser == 1 ? 1 : 0;
+        case kastar: // while the place of a record is sought
+            if (jamforelser > 1) {
+                throw std::runtime_error("Sortval");
+            }
+            return 1;
         default:
             return list0::Sortval(nyckel);
         }
@@ -249,7 +254,7 @@ TEST(List0, RandomOperationsAgreeWithAVector) {
     }
 }
 
-// The order that the stated selection gives, written down as it is stated.
+// The order of a plain selection sort that replaces its candidate when it must come after.
 std::vector<int> SelectionOrder(std::vector<int> const& varden, bool positiveWhenEqual) {
     std::vector<int> ordning;
     std::vector<bool> tagen(varden.size());
@@ -374,6 +379,13 @@ TEST(List0, SortsThatDoNotAddUpKeepTheirTextAndTheRecords) {
     EXPECT_EQ(Kastat([&] { oense.Omsortera(motsagande); }),
               "Internt sorteringsfel i Todbs::Sortera");
     EXPECT_EQ(oense.Varden(), (std::vector<int>{1, 2, 3}));
+
+    Lista avbruten;
+    avbruten.Fyll({1, 2, 3});
+    EXPECT_THROW(avbruten.Omsortera(kastar), std::runtime_error);
+    EXPECT_EQ(avbruten.Varden(), (std::vector<int>{1, 2, 3}));
+    EXPECT_THROW(avbruten.Sortera(kastar), std::runtime_error);
+    EXPECT_EQ(avbruten.Varden(), (std::vector<int>{1, 2, 3}));
 }
 
 } // namespace

@@ -71,7 +71,7 @@ TEST_F(KvarnInstTest, NumbersHaveTheirSentinels) {
     EXPECT_EQ(m_inst.ReadKeyDouble("KVARNBOK.PAR", "DENSSTEG", 1), 0.5);
 }
 
-TEST_F(KvarnInstTest, NumbersAreWrittenAsStated) {
+TEST_F(KvarnInstTest, NumbersAreWrittenWithAPointAndOpenScalesAsMax) {
     m_folder.Write("KVARNBOK.PAR", "A=1\r\n");
     struct {
         char const* key;
@@ -131,7 +131,7 @@ TEST_F(KvarnInstTest, ADecimalCommaInTheProcessChangesNothing) {
     EXPECT_EQ(CKvarnInst::LocaleCheckAndFix(), 0);
 }
 
-// A second copy of the tables, row by row as they are written down, beside the one in the library.
+// A second copy of the tables, typed on its own, beside the one in the library.
 constexpr char const* kvarnbok = R"(
 HSKALA 100 PLSCALE 1.0 DREIESEKT ORG
 LSKALA 100 LTSCALE 1.0 DREIESKALA 300

@@ -7,17 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include "support/child.h"
 #include "support/testfiles.h"
 
 namespace {
-
-void SetVariable(char const* name, std::string const& value) {
-#if defined(_WIN32)
-    _putenv((std::string(name) + "=" + value).c_str());
-#else
-    value.empty() ? unsetenv(name) : setenv(name, value.c_str(), 1);
-#endif
-}
 
 // A settings object on an INI file of the test's own.
 class IniTest : public testing::Test {
@@ -153,6 +146,31 @@ TEST_F(IniTest, WritingKeepsCommentsOrderAndTheOtherKeys) {
     EXPECT_EQ(bytes.find("A=1"), std::string::npos);
 }
 
+TEST_F(IniTest, AnEmptyKeyIsNoCommentAndBlanksBelongToNoKey) {
+    std::string const bytes = "[SYSTEM]\r\n; keep=this\r\nA=1\r\n";
+    Ini(bytes);
+    EXPECT_EQ(Value(""), "");
+    m_ini.WriteKey("SYSTEM", "", "");
+    EXPECT_EQ(m_folder.Read("Markvida.ini"), bytes);
+    EXPECT_NE(m_ini.WriteKey("SYSTEM", " B ", "1"), 0);
+    EXPECT_NE(m_ini.WriteKey("SYSTEM", " B ", "2"), 0);
+    EXPECT_EQ(Value("B"), "2");
+
+    std::filesystem::remove(m_folder / "Markvida.ini");
+    m_ini.WriteKey("SYSTEM", "A", ""); // nothing to remove
+    EXPECT_TRUE(m_folder.Names().empty());
+}
+
+TEST_F(IniTest, ABareNameLiesInTheWindowsFolder) {
+    m_ini.m_lage = 1;
+    m_ini.m_iniFil = "Kvarntest.ini";
+    EXPECT_NE(m_ini.WriteKey("SYSTEM", "A", "1"), 0);
+    EXPECT_EQ(Value("A"), "1");
+    m_ini.m_iniFil = "C:\\Windows\\Kvarntest.ini";
+    EXPECT_EQ(Value("A"), "1");
+    EXPECT_NE(m_ini.WriteKey("SYSTEM", "A", ""), 0);
+}
+
 TEST_F(IniTest, AFileThatCannotBeWrittenGivesZero) {
     m_ini.m_lage = 1;
     m_ini.m_iniFil = m_folder.Api("saknas\\Markvida.ini").c_str();
@@ -237,7 +255,7 @@ TEST_F(StartTest, EveryKeyReachesItsMember) {
     EXPECT_EQ(m_ini.m_bankMstation, 0);
 }
 
-TEST_F(StartTest, ASecondInitKeepsWhatIsMissingAndTurnsTheSwitchesAsStated) {
+TEST_F(StartTest, ASecondInitKeepsWhatIsMissingButNotEverySwitch) {
     Start("MSG=msg\r\nACADVER=23\r\nAUTOGEN=JA\r\nPOSTCAD=MSTATION\r\n");
     Start("ACADVER=ny\r\nAUTOGEN=NEJ\r\n");
     EXPECT_EQ(m_ini.m_medKat, "msg");

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <string>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -61,7 +62,7 @@ int Descriptor(HANDLE file) {
 }
 
 int OpenFlags(DWORD access, DWORD disposition) {
-    int flags = O_CLOEXEC;
+    int flags = O_CLOEXEC | O_NONBLOCK; // a pipe without a reader would wait for one
     flags |= (access & GENERIC_WRITE) == 0  ? O_RDONLY
              : (access & GENERIC_READ) == 0 ? O_WRONLY
                                             : O_RDWR;
@@ -74,16 +75,14 @@ int OpenFlags(DWORD access, DWORD disposition) {
 }
 
 // Until the folder is on disk too, a crash may bring the old name back.
-BOOL FlushFolderOf(std::string const& hostPath) {
+void FlushFolderOf(std::string const& hostPath) {
     std::size_t const slash = hostPath.rfind('/');
     std::string const folder = slash == std::string::npos ? "." : hostPath.substr(0, slash + 1);
     int const descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) {
-        return TRUE; // a folder that may be written but not read
+    if (descriptor >= 0) {
+        fsync(descriptor); // not every file system does; the rename is done in any case
+        close(descriptor);
     }
-    BOOL const flushed = Done(fsync(descriptor));
-    close(descriptor);
-    return flushed;
 }
 
 } // namespace
@@ -95,16 +94,22 @@ void SetLastError(DWORD error) {
     lastError = error;
 }
 
-HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD, SECURITY_ATTRIBUTES*, DWORD disposition, DWORD,
-                   HANDLE) {
+HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*, DWORD disposition,
+                   DWORD, HANDLE) {
     int const descriptor = open(HostPath(path).c_str(), OpenFlags(access, disposition), 0666);
-    struct stat status {};
-    if (!Done(descriptor) || !Done(fstat(descriptor, &status))) {
+    if (!Done(descriptor)) {
         return INVALID_HANDLE_VALUE;
     }
-    if (S_ISDIR(status.st_mode)) {
+    struct stat status {};
+    if (fstat(descriptor, &status) != 0 || S_ISDIR(status.st_mode) || S_ISFIFO(status.st_mode)) {
         close(descriptor);
         lastError = ERROR_ACCESS_DENIED;
+        return INVALID_HANDLE_VALUE;
+    }
+    bool const oneWriter = (access & GENERIC_WRITE) != 0 && (share & FILE_SHARE_WRITE) == 0;
+    if (oneWriter && flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+        close(descriptor);
+        lastError = ERROR_SHARING_VIOLATION;
         return INVALID_HANDLE_VALUE;
     }
     return ToHandle(descriptor);
@@ -132,9 +137,28 @@ BOOL WriteFile(HANDLE file, void const* data, DWORD size, DWORD* count, OVERLAPP
     return TRUE;
 }
 
+BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size) {
+    struct stat status {};
+    BOOL const told = Done(fstat(Descriptor(file), &status));
+    size->QuadPart = status.st_size;
+    return told;
+}
+
+BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INTEGER*, DWORD) {
+    return Done(lseek(Descriptor(file), distance.QuadPart, SEEK_SET));
+}
+
 BOOL SetEndOfFile(HANDLE file) {
-    off_t const position = lseek(Descriptor(file), 0, SEEK_CUR);
-    return Done(position) && Done(ftruncate(Descriptor(file), position)) ? TRUE : FALSE;
+    off_t const end = lseek(Descriptor(file), 0, SEEK_CUR);
+    struct stat status {};
+    if (!Done(end) || !Done(fstat(Descriptor(file), &status))) {
+        return FALSE;
+    }
+    if (end > status.st_size) {
+        errno = posix_fallocate(Descriptor(file), status.st_size, end - status.st_size);
+        return Done(errno == 0 ? 0 : -1);
+    }
+    return Done(ftruncate(Descriptor(file), end));
 }
 
 BOOL FlushFileBuffers(HANDLE file) {
@@ -209,7 +233,8 @@ BOOL MoveFileExA(LPCSTR from, LPCSTR to, DWORD flags) {
     if (!Done(std::rename(HostPath(from).c_str(), target.c_str()))) {
         return FALSE;
     }
-    return FlushFolderOf(target);
+    FlushFolderOf(target);
+    return TRUE;
 }
 
 namespace {
@@ -238,13 +263,17 @@ BOOL GetFileSecurityA(LPCSTR path, SECURITY_INFORMATION, PSECURITY_DESCRIPTOR bl
     return TRUE;
 }
 
-BOOL SetFileSecurityA(LPCSTR path, SECURITY_INFORMATION, PSECURITY_DESCRIPTOR block) {
+BOOL SetFileSecurityA(LPCSTR path, SECURITY_INFORMATION which, PSECURITY_DESCRIPTOR block) {
+    constexpr auto asItIs = static_cast<uid_t>(-1);
     Security security{};
     std::memcpy(&security, block, sizeof security);
     std::string const file = HostPath(path);
-    // The owner first: a change of owner clears the set-id bits of the mode.
-    return Done(chown(file.c_str(), security.owner, security.group)) &&
-                   Done(chmod(file.c_str(), security.mode))
-               ? TRUE
-               : FALSE;
+    switch (which) {
+    case OWNER_SECURITY_INFORMATION:
+        return Done(chown(file.c_str(), security.owner, asItIs));
+    case GROUP_SECURITY_INFORMATION:
+        return Done(chown(file.c_str(), asItIs, security.group));
+    default:
+        return Done(chmod(file.c_str(), security.mode));
+    }
 }

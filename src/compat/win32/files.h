@@ -25,14 +25,23 @@ constexpr DWORD FILE_TYPE_CHAR = 2;
 constexpr DWORD MOVEFILE_REPLACE_EXISTING = 1;
 constexpr DWORD MOVEFILE_WRITE_THROUGH = 8;
 
+constexpr DWORD FILE_BEGIN = 0;
+
+struct LARGE_INTEGER {
+    std::int64_t QuadPart;
+};
 struct OVERLAPPED;
 struct SECURITY_ATTRIBUTES;
 
-// Share modes have no counterpart and are not enforced. A folder cannot be opened.
+// Of the share modes one is kept: without FILE_SHARE_WRITE a writer keeps out others that ask for
+// the same. A folder cannot be opened, and neither can a pipe.
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
                    DWORD disposition, DWORD attributes, HANDLE templateFile);
 BOOL ReadFile(HANDLE file, void* buffer, DWORD size, DWORD* read, OVERLAPPED* overlapped);
 BOOL WriteFile(HANDLE file, void const* data, DWORD size, DWORD* written, OVERLAPPED* overlapped);
+BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size);
+BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INTEGER* position, DWORD from);
+// A file that grows has its room on the disk when it returns.
 BOOL SetEndOfFile(HANDLE file);
 BOOL FlushFileBuffers(HANDLE file);
 BOOL CloseHandle(HANDLE file);
@@ -53,7 +62,8 @@ constexpr SECURITY_INFORMATION OWNER_SECURITY_INFORMATION = 1;
 constexpr SECURITY_INFORMATION GROUP_SECURITY_INFORMATION = 2;
 constexpr SECURITY_INFORMATION DACL_SECURITY_INFORMATION = 4;
 
-// A file's owner, group and mode, always all three, as an opaque block of bytes.
+// A file's owner, group and mode, read all three as an opaque block of bytes, set one by one; the
+// mode is what stands for the access list.
 BOOL GetFileSecurityA(LPCSTR path, SECURITY_INFORMATION which, PSECURITY_DESCRIPTOR block,
                       DWORD size, DWORD* needed);
 BOOL SetFileSecurityA(LPCSTR path, SECURITY_INFORMATION which, PSECURITY_DESCRIPTOR block);

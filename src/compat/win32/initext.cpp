@@ -44,8 +44,12 @@ std::string_view SectionName(std::string_view line) {
     return Trimmed(line.substr(1, line.find(']') - 1));
 }
 
+bool IsComment(std::string_view line) {
+    return line.starts_with(';');
+}
+
 std::string_view KeyOf(std::string_view line) {
-    return line.starts_with(';') ? std::string_view() : Trimmed(line.substr(0, line.find('=')));
+    return Trimmed(line.substr(0, line.find('=')));
 }
 
 // Where a key stands, or where it would be added.
@@ -58,6 +62,8 @@ struct Place {
 
 Place Find(std::string_view ini, std::string_view section, std::string_view key) {
     Place place;
+    section = Trimmed(section);
+    key = Trimmed(key);
     for (std::size_t at = 0; at < ini.size();) {
         Line const line = LineAt(ini, at);
         at = line.end;
@@ -66,7 +72,8 @@ Place Find(std::string_view ini, std::string_view section, std::string_view key)
                 break; // only the first section of the name counts
             }
             place.section = Same(SectionName(line.text), section);
-        } else if (place.section && !line.text.empty() && Same(KeyOf(line.text), key)) {
+        } else if (place.section && !line.text.empty() && !IsComment(line.text) &&
+                   Same(KeyOf(line.text), key)) {
             place.key = true;
             place.line = line;
             break;
@@ -111,11 +118,11 @@ std::string WithIniValue(std::string_view ini, std::string_view section, std::st
     }
     std::string text = WholeLines(ini, place.key ? place.line.begin : place.insert);
     if (!place.section) {
-        text.append("[").append(section).append("]\r\n");
+        text.append("[").append(Trimmed(section)).append("]\r\n");
     }
     if (value) {
         // An existing key keeps its own spelling.
-        text.append(place.key ? KeyOf(place.line.text) : key).append("=").append(*value);
+        text.append(place.key ? KeyOf(place.line.text) : Trimmed(key)).append("=").append(*value);
         text += "\r\n";
     }
     return text.append(ini.substr(place.key ? place.line.end : place.insert));

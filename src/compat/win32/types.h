@@ -18,8 +18,13 @@ struct HINSTANCE__;
 using HINSTANCE = HINSTANCE__*;
 using HMODULE = HINSTANCE;
 
+// Other headers define these two as macros.
+#if !defined(FALSE)
 constexpr BOOL FALSE = 0;
+#endif
+#if !defined(TRUE)
 constexpr BOOL TRUE = 1;
+#endif
 constexpr DWORD MAX_PATH = 260;
 
 constexpr DWORD ERROR_SUCCESS = 0;
@@ -28,6 +33,7 @@ constexpr DWORD ERROR_PATH_NOT_FOUND = 3;
 constexpr DWORD ERROR_ACCESS_DENIED = 5;
 constexpr DWORD ERROR_INVALID_HANDLE = 6;
 constexpr DWORD ERROR_GEN_FAILURE = 31;
+constexpr DWORD ERROR_SHARING_VIOLATION = 32;
 constexpr DWORD ERROR_FILE_EXISTS = 80;
 constexpr DWORD ERROR_DISK_FULL = 112;
 constexpr DWORD ERROR_INSUFFICIENT_BUFFER = 122;

@@ -1,0 +1,271 @@
+#include "filerewrite.h"
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host.h"
+
+namespace kvarn {
+namespace {
+
+// Nobody is kept out: another program that rewrites the file replaces it in one step as well.
+constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+// One writer at a time, where a file is changed in place.
+constexpr DWORD shareOneWriter = FILE_SHARE_READ | FILE_SHARE_DELETE;
+
+constexpr DWORD pause = 20; // milliseconds between attempts
+
+// A file open for writing, closed with its scope.
+class OutFile {
+  public:
+    OutFile() = default;
+    OutFile(char const* path, DWORD disposition, DWORD share = shareAll)
+        : m_file(CreateFileA(path, GENERIC_WRITE, share, nullptr, disposition,
+                             FILE_ATTRIBUTE_NORMAL, nullptr)) {}
+    OutFile(OutFile&& other) noexcept : m_file(std::exchange(other.m_file, INVALID_HANDLE_VALUE)) {}
+    OutFile& operator=(OutFile&& other) noexcept {
+        std::swap(m_file, other.m_file);
+        return *this;
+    }
+    ~OutFile() { Close(); }
+
+    bool IsOpen() const { return m_file != INVALID_HANDLE_VALUE; }
+    bool IsOrdinary() const { return GetFileType(m_file) == FILE_TYPE_DISK; }
+
+    // The path without links; empty when the system does not tell it.
+    std::string RealPath() const {
+        constexpr DWORD usualForm = 0;
+        std::string path(MAX_PATH, '\0');
+        auto const length = [&] {
+            return GetFinalPathNameByHandleA(m_file, path.data(), static_cast<DWORD>(path.size()),
+                                             usualForm);
+        };
+        DWORD size = length();
+        if (size >= path.size()) {
+            path.resize(std::size_t{size} + 1);
+            size = length();
+        }
+        path.resize(size < path.size() ? size : 0);
+        return path;
+    }
+
+    // Makes room for a content of that size, so that a full disk is met before anything is
+    // overwritten.
+    bool Reserve(std::size_t size) {
+        LARGE_INTEGER before{};
+        if (!IsOrdinary() || GetFileSizeEx(m_file, &before) == FALSE ||
+            static_cast<std::uint64_t>(before.QuadPart) >= size) {
+            return true;
+        }
+        bool const reserved = EndAt(static_cast<std::int64_t>(size));
+        if (!reserved) {
+            EndAt(before.QuadPart);
+        }
+        return MoveTo(0) && reserved;
+    }
+    bool Write(std::string_view content) {
+        while (!content.empty()) {
+            constexpr std::size_t most = 1U << 30U;
+            std::string_view const part = content.substr(0, most);
+            DWORD written = 0;
+            if (WriteFile(m_file, part.data(), static_cast<DWORD>(part.size()), &written,
+                          nullptr) == FALSE ||
+                written != part.size()) {
+                return false;
+            }
+            content.remove_prefix(part.size());
+        }
+        return true;
+    }
+    // The file ends where writing has come to, and all of it is on the disk.
+    bool Finish() {
+        bool const ended =
+            !IsOrdinary() || (SetEndOfFile(m_file) != FALSE && FlushFileBuffers(m_file) != FALSE);
+        return Close() && ended;
+    }
+
+  private:
+    bool MoveTo(std::int64_t position) {
+        LARGE_INTEGER distance{};
+        distance.QuadPart = position;
+        return SetFilePointerEx(m_file, distance, nullptr, FILE_BEGIN) != FALSE;
+    }
+    bool EndAt(std::int64_t size) { return MoveTo(size) && SetEndOfFile(m_file) != FALSE; }
+    bool Close() {
+        HANDLE const file = std::exchange(m_file, INVALID_HANDLE_VALUE);
+        return file == INVALID_HANDLE_VALUE || CloseHandle(file) != FALSE;
+    }
+
+    HANDLE m_file = INVALID_HANDLE_VALUE;
+};
+
+Rewritten WriteInPlace(char const* path, std::string_view content) {
+    constexpr int attempts = 100; // while another program writes in place
+    OutFile file(path, OPEN_ALWAYS, shareOneWriter);
+    for (int i = 0; i < attempts && !file.IsOpen() && GetLastError() == ERROR_SHARING_VIOLATION;
+         ++i) {
+        Sleep(pause);
+        file = OutFile(path, OPEN_ALWAYS, shareOneWriter);
+    }
+    if (!file.IsOpen()) {
+        return Rewritten::cannotOpen;
+    }
+    return file.Reserve(content.size()) && file.Write(content) && file.Finish() ? Rewritten::done
+                                                                                : Rewritten::failed;
+}
+
+// Gives a file the access rights of another, and its owner and group where the system lets us: most
+// who may change a shared file may not give files away.
+bool CarryOverRights(char const* from, char const* to) {
+    constexpr SECURITY_INFORMATION parts[] = {
+        OWNER_SECURITY_INFORMATION, GROUP_SECURITY_INFORMATION, DACL_SECURITY_INFORMATION};
+    for (SECURITY_INFORMATION const part : parts) {
+        DWORD size = 0;
+        GetFileSecurityA(from, part, nullptr, 0, &size);
+        std::vector<std::byte> rights(size);
+        bool const carried = GetFileSecurityA(from, part, rights.data(), size, &size) != FALSE &&
+                             SetFileSecurityA(to, part, rights.data()) != FALSE;
+        if (!carried && part == DACL_SECURITY_INFORMATION) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// What a path stands for when it is about to be written.
+struct Target {
+    bool opens = false; // for writing, or it does not exist
+    bool exists = false;
+    bool replaceable = false; // an ordinary file whose place is known, or none yet
+    bool gone = false;        // another program replaced it while it was looked at
+    std::string path;         // without links
+};
+
+Target Look(char const* path) {
+    OutFile const file(path, OPEN_EXISTING);
+    if (!file.IsOpen()) {
+        bool const missing = GetLastError() == ERROR_FILE_NOT_FOUND;
+        return {.opens = missing, .replaceable = missing, .path = path};
+    }
+    std::string real = file.IsOrdinary() ? file.RealPath() : std::string();
+    bool const known = !real.empty();
+    bool const gone = file.IsOrdinary() && !known && GetLastError() == ERROR_FILE_NOT_FOUND;
+    return {.opens = true,
+            .exists = true,
+            .replaceable = known,
+            .gone = gone,
+            .path = known ? std::move(real) : path};
+}
+
+Target Find(char const* path) {
+    constexpr int attempts = 10;
+    Target target = Look(path);
+    for (int i = 1; i < attempts && target.gone; ++i) {
+        target = Look(path);
+    }
+    return target;
+}
+
+// A new file beside another, deleted with its scope unless it was kept or has become the other.
+class Beside {
+  public:
+    explicit Beside(Target const& target) : m_target(target) {
+        constexpr int attempts = 100; // names left behind by programs that were killed
+        static std::atomic<int> serial = 0;
+        for (int i = 0; i < attempts && !m_file.IsOpen(); ++i) {
+            m_path = target.path + "." + std::to_string(GetCurrentProcessId()) + "-" +
+                     std::to_string(++serial) + ".tmp";
+            m_file = OutFile(m_path.c_str(), CREATE_NEW);
+            m_made = m_file.IsOpen();
+            if (!m_made && GetLastError() != ERROR_FILE_EXISTS &&
+                GetLastError() != ERROR_ALREADY_EXISTS) {
+                m_diskFull = GetLastError() == ERROR_DISK_FULL;
+                break;
+            }
+        }
+        // Before there is anything in it to be read.
+        m_rights =
+            m_made && (!target.exists || CarryOverRights(target.path.c_str(), m_path.c_str()));
+    }
+    ~Beside() {
+        m_file = OutFile();
+        if (m_made && !m_kept) {
+            DeleteFileA(m_path.c_str());
+        }
+    }
+    Beside(Beside const&) = delete;
+    Beside& operator=(Beside const&) = delete;
+
+    bool Made() const { return m_made; }
+    bool DiskFull() const { return m_diskFull; }
+    bool Fill(std::string_view content) { return m_file.Write(content) && m_file.Finish(); }
+
+    bool TakePlace() {
+        // A scanner or another reader often lets go of the file at once.
+        constexpr int attempts = 3;
+        bool const ready =
+            m_rights && (!m_target.exists ||
+                         SetFileAttributesA(m_path.c_str(),
+                                            GetFileAttributesA(m_target.path.c_str())) != FALSE);
+        for (int i = 0; i < attempts && ready && !m_kept; ++i) {
+            if (i > 0) {
+                Sleep(pause);
+            }
+            // A name that did not exist is not replaced: it may be a link into nowhere.
+            m_kept = MoveFileExA(m_path.c_str(), m_target.path.c_str(),
+                                 MOVEFILE_WRITE_THROUGH |
+                                     (m_target.exists ? MOVEFILE_REPLACE_EXISTING : 0U)) != FALSE;
+        }
+        return m_kept;
+    }
+    void Keep() { m_kept = true; }
+
+  private:
+    Target const& m_target;
+    std::string m_path;
+    OutFile m_file;
+    bool m_made = false;
+    bool m_rights = false;
+    bool m_diskFull = false;
+    bool m_kept = false;
+};
+
+} // namespace
+
+Rewritten RewriteFile(char const* path, std::string_view content) {
+    Target const target = Find(path);
+    if (!target.opens) {
+        return Rewritten::cannotOpen;
+    }
+    if (!target.replaceable) {
+        return WriteInPlace(path, content);
+    }
+    Beside beside(target);
+    if (!beside.Made()) {
+        return beside.DiskFull() ? Rewritten::failed : WriteInPlace(path, content);
+    }
+    if (!beside.Fill(content)) {
+        return Rewritten::failed;
+    }
+    if (beside.TakePlace()) {
+        return Rewritten::done;
+    }
+    if (!target.exists && Look(path).exists) {
+        return RewriteFile(path, content); // another program has made it in the meantime
+    }
+    Rewritten const inPlace = WriteInPlace(path, content);
+    if (inPlace != Rewritten::done) {
+        beside.Keep(); // the only whole copy of the new content
+    }
+    return inPlace;
+}
+
+bool OpensForWriting(char const* path) {
+    return OutFile(path, OPEN_EXISTING).IsOpen();
+}
+
+} // namespace kvarn

@@ -1,0 +1,33 @@
+// Rewriting a whole file so that it holds the old content or the new, never a half: what no host
+// offers in one call. Written with the Windows calls alone, the same on every host.
+#pragma once
+
+#include <string_view>
+
+namespace kvarn {
+
+enum class Rewritten {
+    done,
+    cannotOpen, // the file cannot be opened or created for writing; nothing was done
+    failed      // a write, a flush or a close failed; the old content is kept, see below
+};
+
+// Writes the content beside the file, flushes it to the disk and puts it in the file's place by one
+// rename. Symbolic links are followed; attributes and access rights are carried over, owner and
+// group where the system lets us. (Another hard link to the file keeps the old content.)
+//
+// Where no file can be made beside it, or the rename is refused though the file opens for writing
+// (another program holds it open), or it is no ordinary file, it is written in place: its room is
+// reserved first, and the new content is kept beside it, where it could be made, until that has
+// succeeded. Two programs that write in place take turns.
+//
+// A program that is killed in the middle leaves the file beside it: NAME.<process>-<number>.tmp.
+//
+// On the rename: MoveFileEx in the Windows documentation (where ReplaceFile combines several
+// steps); rename in POSIX.1-2017.
+Rewritten RewriteFile(char const* path, std::string_view content);
+
+// Whether the file exists and can be opened for writing; it is not changed.
+bool OpensForWriting(char const* path);
+
+} // namespace kvarn

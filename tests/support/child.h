@@ -1,0 +1,85 @@
+// One test of this program, run by a process of its own: a test named DISABLED_..., which the
+// program leaves out when it is run as a whole.
+#pragma once
+
+#include <string>
+
+#if defined(_WIN32)
+#include <windows.h>
+#else
+#include <csignal>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
+class Child {
+  public:
+    // Arguments of the test reach it through the environment.
+    explicit Child(std::string const& test) {
+        std::string const filter = "--gtest_filter=" + test;
+#if defined(_WIN32)
+        char program[MAX_PATH];
+        GetModuleFileNameA(nullptr, program, sizeof program);
+        std::string line =
+            '"' + std::string(program) + "\" --gtest_also_run_disabled_tests " + filter;
+        STARTUPINFOA start{};
+        start.cb = sizeof start;
+        CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
+                       nullptr, &start, &m_process);
+#else
+        char program[] = "/proc/self/exe";
+        char also[] = "--gtest_also_run_disabled_tests";
+        char* arguments[] = {program, also, const_cast<char*>(filter.c_str()), nullptr};
+        posix_spawn(&m_process, program, nullptr, nullptr, arguments, environ);
+#endif
+    }
+    ~Child() {
+        Wait();
+    }
+    Child(Child const&) = delete;
+    Child& operator=(Child const&) = delete;
+
+    void Kill() const {
+#if defined(_WIN32)
+        TerminateProcess(m_process.hProcess, 1);
+#else
+        kill(m_process, SIGKILL);
+#endif
+    }
+    // 0 when the test passed.
+    int Wait() {
+        if (m_waited) {
+            return m_result;
+        }
+        m_waited = true;
+#if defined(_WIN32)
+        DWORD result = 1;
+        WaitForSingleObject(m_process.hProcess, INFINITE);
+        GetExitCodeProcess(m_process.hProcess, &result);
+        CloseHandle(m_process.hProcess);
+        CloseHandle(m_process.hThread);
+        m_result = static_cast<int>(result);
+#else
+        waitpid(m_process, &m_result, 0);
+#endif
+        return m_result;
+    }
+
+  private:
+#if defined(_WIN32)
+    PROCESS_INFORMATION m_process{};
+#else
+    pid_t m_process = 0;
+#endif
+    bool m_waited = false;
+    int m_result = 1;
+};
+
+inline void SetVariable(char const* name, std::string const& value) {
+#if defined(_WIN32)
+    _putenv((std::string(name) + "=" + value).c_str());
+#else
+    value.empty() ? unsetenv(name) : setenv(name, value.c_str(), 1);
+#endif
+}
