@@ -40,7 +40,8 @@ template <class T> class list0 {
     // Throws ListFel "Internt fel (Initiering list0)".
     list0(list0 const&);
 
-    // Throws ListFel "Internt fel (Tilldelning list0)".
+    // Throws ListFel "Internt fel (Tilldelning list0)": nothing is assigned.
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
     list0& operator=(list0 const&);
 
     // Frees every record. Not virtual: deriving classes add a virtual destructor of their own.

@@ -51,7 +51,9 @@ bool IsWhole(std::string const& content) {
 // Run by processes of their own.
 TEST(FileRewriteChild, DISABLED_Writes) {
     char const* const path = std::getenv("KVARNPROG_TEST_FILE");
-    int const times = std::atoi(std::getenv("KVARNPROG_TEST_TIMES"));
+    char const* const number = std::getenv("KVARNPROG_TEST_TIMES");
+    ASSERT_TRUE(path != nullptr && number != nullptr);
+    int const times = std::atoi(number);
     for (int i = 0; i < times; ++i) {
         ASSERT_EQ(RewriteFile(path, contents[i % 2]), Rewritten::done);
     }
