@@ -1,5 +1,6 @@
 #include "filerewrite.h"
 
+#include <array>
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
@@ -81,11 +82,12 @@ class OutFile {
         }
         return true;
     }
-    // The file ends where writing has come to, and all of it is on the disk.
-    bool Finish() {
-        bool const ended =
-            !IsOrdinary() || (SetEndOfFile(m_file) != FALSE && FlushFileBuffers(m_file) != FALSE);
-        return Close() && ended;
+    // The file ends where writing has come to.
+    bool Cut() { return !IsOrdinary() || SetEndOfFile(m_file) != FALSE; }
+    // All of it is on the disk.
+    bool Finish(bool ordinary = true) {
+        bool const flushed = !ordinary || FlushFileBuffers(m_file) != FALSE;
+        return Close() && flushed;
     }
 
   private:
@@ -114,8 +116,10 @@ Rewritten WriteInPlace(char const* path, std::string_view content) {
     if (!file.IsOpen()) {
         return Rewritten::cannotOpen;
     }
-    return file.Reserve(content.size()) && file.Write(content) && file.Finish() ? Rewritten::done
-                                                                                : Rewritten::failed;
+    bool const ordinary = file.IsOrdinary();
+    bool const written =
+        file.Reserve(content.size()) && file.Write(content) && file.Cut() && file.Finish(ordinary);
+    return written ? Rewritten::done : Rewritten::failed;
 }
 
 // Gives a file the access rights of another, and its owner and group where the system lets us: most
@@ -123,17 +127,34 @@ Rewritten WriteInPlace(char const* path, std::string_view content) {
 bool CarryOverRights(char const* from, char const* to) {
     constexpr SECURITY_INFORMATION parts[] = {
         OWNER_SECURITY_INFORMATION, GROUP_SECURITY_INFORMATION, DACL_SECURITY_INFORMATION};
-    for (SECURITY_INFORMATION const part : parts) {
-        DWORD size = 0;
-        GetFileSecurityA(from, part, nullptr, 0, &size);
-        std::vector<std::byte> rights(size);
-        bool const carried = GetFileSecurityA(from, part, rights.data(), size, &size) != FALSE &&
-                             SetFileSecurityA(to, part, rights.data()) != FALSE;
-        if (!carried && part == DACL_SECURITY_INFORMATION) {
+    constexpr SECURITY_INFORMATION all = parts[0] | parts[1] | parts[2];
+    alignas(std::max_align_t) std::array<std::byte, 512> usual{};
+    std::vector<std::byte> longer;
+    void* rights = usual.data();
+    DWORD size = usual.size();
+    if (GetFileSecurityA(from, all, rights, size, &size) == FALSE) {
+        longer.resize(size);
+        rights = longer.data();
+        if (GetFileSecurityA(from, all, rights, size, &size) == FALSE) {
             return false;
         }
     }
-    return true;
+    if (SetFileSecurityA(to, all, rights) != FALSE) {
+        return true;
+    }
+    bool carried = false;
+    for (SECURITY_INFORMATION const part : parts) {
+        carried = SetFileSecurityA(to, part, rights) != FALSE;
+    }
+    return carried; // the last: the access rights themselves
+}
+
+// Plain attributes, hidden for one. A new file has none of them.
+bool CarryOverAttributes(char const* from, char const* to) {
+    constexpr DWORD everyday = FILE_ATTRIBUTE_NORMAL | FILE_ATTRIBUTE_ARCHIVE;
+    DWORD const attributes = GetFileAttributesA(from);
+    return attributes != INVALID_FILE_ATTRIBUTES &&
+           ((attributes & ~everyday) == 0 || SetFileAttributesA(to, attributes) != FALSE);
 }
 
 // What a path stands for when it is about to be written.
@@ -151,9 +172,10 @@ Target Look(char const* path) {
         bool const missing = GetLastError() == ERROR_FILE_NOT_FOUND;
         return {.opens = missing, .replaceable = missing, .path = path};
     }
-    std::string real = file.IsOrdinary() ? file.RealPath() : std::string();
+    bool const ordinary = file.IsOrdinary();
+    std::string real = ordinary ? file.RealPath() : std::string();
     bool const known = !real.empty();
-    bool const gone = file.IsOrdinary() && !known && GetLastError() == ERROR_FILE_NOT_FOUND;
+    bool const gone = ordinary && !known && GetLastError() == ERROR_FILE_NOT_FOUND;
     return {.opens = true,
             .exists = true,
             .replaceable = known,
@@ -207,10 +229,8 @@ class Beside {
     bool TakePlace() {
         // A scanner or another reader often lets go of the file at once.
         constexpr int attempts = 3;
-        bool const ready =
-            m_rights && (!m_target.exists ||
-                         SetFileAttributesA(m_path.c_str(),
-                                            GetFileAttributesA(m_target.path.c_str())) != FALSE);
+        bool const ready = m_rights && (!m_target.exists ||
+                                        CarryOverAttributes(m_target.path.c_str(), m_path.c_str()));
         for (int i = 0; i < attempts && ready && !m_kept; ++i) {
             if (i > 0) {
                 Sleep(pause);

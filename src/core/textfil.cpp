@@ -30,13 +30,15 @@ bool TextReader::Refill() {
     if (m_ended || m_file == INVALID_HANDLE_VALUE) {
         return false;
     }
-    m_buffer.resize(bufferSize);
+    if (m_buffer == nullptr) {
+        m_buffer.reset(new char[bufferSize]); // not cleared first
+    }
     DWORD count = 0;
-    if (ReadFile(m_file, m_buffer.data(), bufferSize, &count, nullptr) == FALSE) {
+    if (ReadFile(m_file, m_buffer.get(), bufferSize, &count, nullptr) == FALSE) {
         m_failed = m_ended = true;
         return false;
     }
-    std::string_view const read(m_buffer.data(), count);
+    std::string_view const read(m_buffer.get(), count);
     std::size_t const end = read.find(endOfFile);
     m_ended = count == 0 || end != std::string_view::npos;
     m_window = read.substr(0, end);
@@ -66,6 +68,11 @@ bool TextReader::RawLine(std::string_view& line) {
 }
 
 bool TextReader::ReadLine(std::string_view& line) {
+    if (m_more) { // the rest of a line that the other form began
+        line = m_rest;
+        m_more = false;
+        return true;
+    }
     if (!RawLine(line)) {
         return false;
     }

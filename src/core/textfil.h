@@ -2,9 +2,9 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "../compat/host.h"
 
@@ -30,8 +30,8 @@ class TextReader {
     // The next line without its end, valid until the next call; false at the end of the file and
     // when a read failed.
     bool ReadLine(std::string_view& line);
-    // The same, at most size - 1 characters and a zero; the rest of a longer line comes with the
-    // next call.
+    // The same, at most size - 1 characters and a zero (size: 2 or more); the rest of a longer line
+    // comes with the next call.
     bool ReadLine(char* line, std::size_t size);
 
   private:
@@ -42,7 +42,7 @@ class TextReader {
     bool m_open = false;
     bool m_failed = false;
     bool m_ended = false;
-    std::vector<char> m_buffer;
+    std::unique_ptr<char[]> m_buffer;
     std::string_view m_window; // read and not yet delivered
     std::string m_long;        // a line that spans buffers
     std::string_view m_rest;   // of a line that was longer than the caller's buffer

@@ -41,14 +41,13 @@ template <class Lista> Inlasning LasNyckelfil(Lista& lista, char const* path) {
     if (*path == '\0') {
         return Inlasning::hel;
     }
-    if (!FileExists(path)) {
-        DWORD const fel = GetLastError();
-        return fel == ERROR_FILE_NOT_FOUND || fel == ERROR_PATH_NOT_FOUND ? Inlasning::hel
-                                                                          : Inlasning::avbruten;
-    }
     TextReader fil(path);
     if (!fil.IsOpen()) {
-        return Inlasning::gickEjAttOppna;
+        DWORD const fel = GetLastError();
+        bool const saknas = fel == ERROR_FILE_NOT_FOUND || fel == ERROR_PATH_NOT_FOUND;
+        return saknas             ? Inlasning::hel
+               : FileExists(path) ? Inlasning::gickEjAttOppna
+                                  : Inlasning::avbruten;
     }
     LasNycklar(lista, fil);
     return fil.Failed() ? Inlasning::avbruten : Inlasning::hel;
@@ -89,7 +88,11 @@ int SattNyckel(Lista& lista, std::string_view nyckel, std::string_view varde) {
 
 // The file's content: a line for each record with a value, in list order.
 template <class Lista> std::string Nyckelrader(Lista& lista) {
+    constexpr std::size_t vanligRad = 32;
+    int antal = 0;
+    lista.Where(&antal);
     std::string rader;
+    rader.reserve(vanligRad * static_cast<std::size_t>(antal));
     for (bool finns = lista.Home() == 0; finns; finns = lista++ != nullptr) {
         auto const* const post = lista.Get_aktel();
         if (post->varde[0] != '\0') {

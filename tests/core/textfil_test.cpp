@@ -66,6 +66,13 @@ TEST(Textfil, ABoundedReadLeavesTheRestForTheNext) {
         parts.emplace_back(part);
     }
     EXPECT_EQ(parts, (Lines{"abcd", "efg", "", "hi", "abcd", "x"}));
+
+    TextReader mixed(std::string_view("abcdefg\nhi\n"));
+    std::string_view rest;
+    EXPECT_TRUE(mixed.ReadLine(part, sizeof part) && mixed.ReadLine(rest));
+    EXPECT_EQ(rest, "efg");
+    EXPECT_TRUE(mixed.ReadLine(part, sizeof part));
+    EXPECT_STREQ(part, "hi");
 }
 
 TEST(Textfil, WhatCannotBeReadIsTold) {

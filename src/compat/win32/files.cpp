@@ -53,6 +53,26 @@ BOOL Done(long hostResult) {
     return FALSE;
 }
 
+// A host call on a path as it is spelt, which nearly always exists, and else on the one that is
+// found without regard to case.
+template <class Call> int OnPath(LPCSTR path, Call call) {
+    std::string const spelt = kvarn::SpeltHostPath(path);
+    int result = call(spelt.c_str());
+    if (result < 0 && errno == ENOENT) {
+        std::string const found = HostPath(path);
+        if (found != spelt) {
+            result = call(found.c_str());
+        } else {
+            errno = ENOENT;
+        }
+    }
+    return result;
+}
+
+int Status(LPCSTR path, struct stat& status) {
+    return OnPath(path, [&](char const* hostPath) { return stat(hostPath, &status); });
+}
+
 // A handle is the descriptor plus one, so that no handle is null.
 HANDLE ToHandle(int descriptor) {
     return reinterpret_cast<HANDLE>(std::intptr_t{descriptor} + 1);
@@ -96,7 +116,12 @@ void SetLastError(DWORD error) {
 
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*, DWORD disposition,
                    DWORD, HANDLE) {
-    int const descriptor = open(HostPath(path).c_str(), OpenFlags(access, disposition), 0666);
+    int const flags = OpenFlags(access, disposition);
+    auto const openIt = [flags](char const* hostPath) { return open(hostPath, flags, 0666); };
+    // OPEN_ALWAYS shall not make a file beside one that differs in case alone. (CREATE_NEW may: it
+    // spares a new file the listing of its folder.)
+    int const descriptor =
+        disposition == OPEN_ALWAYS ? openIt(HostPath(path).c_str()) : OnPath(path, openIt);
     if (!Done(descriptor)) {
         return INVALID_HANDLE_VALUE;
     }
@@ -203,7 +228,7 @@ DWORD GetFinalPathNameByHandleA(HANDLE file, LPSTR path, DWORD size, DWORD) {
 
 DWORD GetFileAttributesA(LPCSTR path) {
     struct stat status {};
-    if (!Done(stat(HostPath(path).c_str(), &status))) {
+    if (!Done(Status(path, status))) {
         return INVALID_FILE_ATTRIBUTES;
     }
     DWORD const kind = S_ISDIR(status.st_mode) ? FILE_ATTRIBUTE_DIRECTORY : 0;
@@ -230,7 +255,8 @@ BOOL MoveFileExA(LPCSTR from, LPCSTR to, DWORD flags) {
         lastError = ERROR_ALREADY_EXISTS;
         return FALSE;
     }
-    if (!Done(std::rename(HostPath(from).c_str(), target.c_str()))) {
+    auto const become = [&](char const* source) { return std::rename(source, target.c_str()); };
+    if (!Done(OnPath(from, become))) {
         return FALSE;
     }
     FlushFolderOf(target);
@@ -255,7 +281,7 @@ BOOL GetFileSecurityA(LPCSTR path, SECURITY_INFORMATION, PSECURITY_DESCRIPTOR bl
         lastError = ERROR_INSUFFICIENT_BUFFER;
         return FALSE;
     }
-    if (!Done(stat(HostPath(path).c_str(), &status))) {
+    if (!Done(Status(path, status))) {
         return FALSE;
     }
     Security const security = {status.st_uid, status.st_gid, status.st_mode & 07777};
@@ -265,15 +291,23 @@ BOOL GetFileSecurityA(LPCSTR path, SECURITY_INFORMATION, PSECURITY_DESCRIPTOR bl
 
 BOOL SetFileSecurityA(LPCSTR path, SECURITY_INFORMATION which, PSECURITY_DESCRIPTOR block) {
     constexpr auto asItIs = static_cast<uid_t>(-1);
-    Security security{};
-    std::memcpy(&security, block, sizeof security);
-    std::string const file = HostPath(path);
-    switch (which) {
-    case OWNER_SECURITY_INFORMATION:
-        return Done(chown(file.c_str(), security.owner, asItIs));
-    case GROUP_SECURITY_INFORMATION:
-        return Done(chown(file.c_str(), asItIs, security.group));
-    default:
-        return Done(chmod(file.c_str(), security.mode));
+    Security wanted{};
+    std::memcpy(&wanted, block, sizeof wanted);
+    struct stat now {};
+    if (!Done(Status(path, now))) {
+        return FALSE;
     }
+    auto const change = [&](char const* file) {
+        uid_t const owner = (which & OWNER_SECURITY_INFORMATION) != 0 ? wanted.owner : now.st_uid;
+        gid_t const group = (which & GROUP_SECURITY_INFORMATION) != 0 ? wanted.group : now.st_gid;
+        if ((owner != now.st_uid || group != now.st_gid) &&
+            chown(file, owner != now.st_uid ? owner : asItIs,
+                  group != now.st_gid ? group : asItIs) != 0) {
+            return -1;
+        }
+        bool const mode =
+            (which & DACL_SECURITY_INFORMATION) != 0 && wanted.mode != (now.st_mode & 07777);
+        return mode ? chmod(file, wanted.mode) : 0;
+    };
+    return Done(OnPath(path, change));
 }

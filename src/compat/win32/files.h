@@ -18,6 +18,7 @@ constexpr DWORD OPEN_EXISTING = 3;
 constexpr DWORD OPEN_ALWAYS = 4;
 constexpr DWORD FILE_ATTRIBUTE_READONLY = 0x01;
 constexpr DWORD FILE_ATTRIBUTE_DIRECTORY = 0x10;
+constexpr DWORD FILE_ATTRIBUTE_ARCHIVE = 0x20;
 constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x80;
 constexpr DWORD FILE_TYPE_UNKNOWN = 0;
 constexpr DWORD FILE_TYPE_DISK = 1;
@@ -62,8 +63,8 @@ constexpr SECURITY_INFORMATION OWNER_SECURITY_INFORMATION = 1;
 constexpr SECURITY_INFORMATION GROUP_SECURITY_INFORMATION = 2;
 constexpr SECURITY_INFORMATION DACL_SECURITY_INFORMATION = 4;
 
-// A file's owner, group and mode, read all three as an opaque block of bytes, set one by one; the
-// mode is what stands for the access list.
+// A file's owner, group and mode as an opaque block of bytes: all three are read, those that are
+// asked for are set. The mode stands for the access list.
 BOOL GetFileSecurityA(LPCSTR path, SECURITY_INFORMATION which, PSECURITY_DESCRIPTOR block,
                       DWORD size, DWORD* needed);
 BOOL SetFileSecurityA(LPCSTR path, SECURITY_INFORMATION which, PSECURITY_DESCRIPTOR block);

@@ -1,5 +1,6 @@
 #include "paths.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <dirent.h>
 #include <fcntl.h>
@@ -62,37 +63,53 @@ std::string TakeRoot(std::string_view& path) {
 
 } // namespace
 
-std::string HostPath(std::string_view path) {
+std::string SpeltHostPath(std::string_view path) {
+    constexpr std::size_t longestLetter = 3; // bytes of UTF-8
     std::string host = TakeRoot(path);
-    std::string plain = host;
+    std::size_t end = host.size();
+    host.resize(end + longestLetter * path.size());
     for (char const c : path) {
-        if (!IsSeparator(c)) {
-            plain += ToUtf8({&c, 1});
-        } else if (!plain.ends_with('/')) {
-            plain += '/';
+        if (IsSeparator(c)) {
+            if (end == 0 || host[end - 1] != '/') {
+                host[end++] = '/';
+            }
+        } else if (static_cast<unsigned char>(c) < 0x80) {
+            host[end++] = c;
+        } else {
+            end += ToUtf8({&c, 1}).copy(&host[end], longestLetter);
         }
     }
-    if (Exists(plain)) { // nearly always
-        return plain;
-    }
+    host.resize(end);
+    return host;
+}
 
-    bool found = true;
-    while (!path.empty()) {
-        std::size_t const end = path.find_first_of("\\/");
-        std::string_view const component = path.substr(0, end);
-        path.remove_prefix(end == std::string_view::npos ? path.size() : end + 1);
-        if (component.empty()) {
-            continue;
-        }
-        std::string name = ToUtf8(component);
+std::string HostPath(std::string_view path) {
+    std::string const spelt = SpeltHostPath(path);
+    if (Exists(spelt)) { // nearly always
+        return spelt;
+    }
+    // Below the root every component comes from the path, in UTF-8; the drives' folder is the
+    // host's.
+    std::string host = TakeRoot(path);
+    std::string_view rest = std::string_view(spelt).substr(host.size());
+    std::size_t const last = rest.rfind('/');
+    if (last != std::string_view::npos && Exists(host + std::string(rest.substr(0, last)))) {
+        host.append(rest.substr(0, last + 1)); // only the name itself is to be looked up
+        rest.remove_prefix(last + 1);
+    }
+    for (bool found = true; !rest.empty();) {
+        std::size_t const end = std::min(rest.find('/'), rest.size());
+        std::string name(rest.substr(0, end));
         if (found && !Exists(host + name)) {
-            std::string const actual = FindWithoutCase(host, component);
+            std::string const actual = FindWithoutCase(host, *FromUtf8(name));
             found = !actual.empty();
             name = found ? actual : name;
         }
         host += name;
-        if (end != std::string_view::npos) {
+        rest.remove_prefix(end);
+        if (!rest.empty()) {
             host += '/';
+            rest.remove_prefix(1);
         }
     }
     return host;

@@ -18,6 +18,9 @@ namespace kvarn {
 //   on, the spelling is kept.
 std::string HostPath(std::string_view path);
 
+// The same without a look at the disk: every component as it is spelt.
+std::string SpeltHostPath(std::string_view path);
+
 // A host path in code page 1252; nothing when it holds a letter outside it.
 std::optional<std::string> FromHostPath(std::string_view hostPath);
 

@@ -1,0 +1,10 @@
+// Whole files by system calls, for the peers and to make their files.
+#pragma once
+
+#include <string>
+
+#include "contender.h"
+
+// False when a call failed.
+bool ReadWhole(std::string const& path, std::string& content);
+bool Save(std::string const& path, std::string const& content, Saving saving);
