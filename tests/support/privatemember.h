@@ -1,5 +1,5 @@
-// Reaches a private member for a test: the arguments of an explicit instantiation are not checked
-// for access ([temp.spec.general]).
+// Reaches a private member for a test: the language does not check the arguments of an explicit
+// instantiation for access.
 //
 //     struct Tag : PrivateMember<int (Class::*)(int)> {};
 //     template struct Reveal<Tag, &Class::Hidden>;
