@@ -105,14 +105,20 @@ class OutFile {
     HANDLE m_file = INVALID_HANDLE_VALUE;
 };
 
-Rewritten WriteInPlace(char const* path, std::string_view content) {
-    constexpr int attempts = 100; // while another program writes in place
-    OutFile file(path, OPEN_ALWAYS, shareOneWriter);
-    for (int i = 0; i < attempts && !file.IsOpen() && GetLastError() == ERROR_SHARING_VIOLATION;
+// Waits a while for another program that is writing the file in place.
+OutFile OpenInTurn(char const* path, DWORD disposition, DWORD share) {
+    constexpr int attempts = 25; // half a second
+    OutFile file(path, disposition, share);
+    for (int i = 1; i < attempts && !file.IsOpen() && GetLastError() == ERROR_SHARING_VIOLATION;
          ++i) {
         Sleep(pause);
-        file = OutFile(path, OPEN_ALWAYS, shareOneWriter);
+        file = OutFile(path, disposition, share);
     }
+    return file;
+}
+
+Rewritten WriteInPlace(char const* path, std::string_view content) {
+    OutFile file = OpenInTurn(path, OPEN_ALWAYS, shareOneWriter);
     if (!file.IsOpen()) {
         return Rewritten::cannotOpen;
     }
@@ -167,7 +173,7 @@ struct Target {
 };
 
 Target Look(char const* path) {
-    OutFile const file(path, OPEN_EXISTING);
+    OutFile const file = OpenInTurn(path, OPEN_EXISTING, shareAll);
     if (!file.IsOpen()) {
         bool const missing = GetLastError() == ERROR_FILE_NOT_FOUND;
         return {.opens = missing, .replaceable = missing, .path = path};
