@@ -84,7 +84,7 @@ std::string SpeltHostPath(std::string_view path) {
 }
 
 std::string HostPath(std::string_view path) {
-    std::string const spelt = SpeltHostPath(path);
+    std::string spelt = SpeltHostPath(path);
     if (Exists(spelt)) { // nearly always
         return spelt;
     }
