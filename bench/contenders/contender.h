@@ -18,14 +18,14 @@ class Contender {
     virtual bool Write(std::string const& key, std::string const& value) = 0;
 };
 
-// How the peers save. Ours always replaces.
+// How they save. The library always replaces; without that its own steps but the last are measured.
 enum class Saving {
     replaced, // as ours: a new file, flushed, renamed, and the folder flushed
     inPlace   // written over the file, without any flush
 };
 
 // Each makes its file in the folder, which is there.
-std::unique_ptr<Contender> Ours(std::string const& folder);
+std::unique_ptr<Contender> Ours(std::string const& folder, Saving saving);
 std::unique_ptr<Contender> SimpleIni(std::string const& folder, Saving saving);
 std::unique_ptr<Contender> Inih(std::string const& folder, Saving saving);
 std::unique_ptr<Contender> SystemCalls(std::string const& folder, Saving saving);

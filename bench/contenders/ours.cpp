@@ -1,3 +1,4 @@
+#include <kvarnfiles/nyckelfil.h>
 #include <kvarnprog.h>
 
 #include "contender.h"
@@ -8,8 +9,9 @@ namespace {
 
 class OursImpl : public Contender {
   public:
-    explicit OursImpl(std::string const& folder) {
-        Save(folder + "/" + CProjPath::KvarnParNamn, KeyLines(), Saving::inPlace);
+    OursImpl(std::string const& folder, Saving saving)
+        : m_path(folder + "/" + CProjPath::KvarnParNamn), m_saving(saving) {
+        Save(m_path, KeyLines(), Saving::inPlace);
         m_project.SetPath(folder.c_str());
         m_settings.Init(&m_ini, &m_project);
     }
@@ -17,10 +19,17 @@ class OursImpl : public Contender {
         return m_settings.ReadKey(CProjPath::KvarnParNamn, key.c_str()).GetString();
     }
     bool Write(std::string const& key, std::string const& value) override {
+        if (m_saving == Saving::inPlace) { // the library's own steps but for the last
+            CKvarnPAR par(&m_ini, &m_project);
+            return kvarn::SattNyckel(par, key, value) == 0 &&
+                   Save(m_path, kvarn::Nyckelrader(par), m_saving);
+        }
         return m_settings.WriteKey(CProjPath::KvarnParNamn, key.c_str(), value.c_str()) == 0;
     }
 
   private:
+    std::string m_path;
+    Saving m_saving;
     CAutoIni m_ini;
     CProjPath m_project;
     CKvarnInst m_settings;
@@ -28,6 +37,6 @@ class OursImpl : public Contender {
 
 } // namespace
 
-std::unique_ptr<Contender> Ours(std::string const& folder) {
-    return std::make_unique<OursImpl>(folder);
+std::unique_ptr<Contender> Ours(std::string const& folder, Saving saving) {
+    return std::make_unique<OursImpl>(folder, saving);
 }
