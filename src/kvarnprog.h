@@ -4,6 +4,8 @@
 
 #include "core/list0.h"
 #include "core/message.h"
+#include "geodata/vag2.h"
+#include "geodata/vaglinje.h"
 #include "kvarnfiles/kvarncfg.h"
 #include "kvarnfiles/kvarninst.h"
 #include "kvarnfiles/kvarnpar.h"

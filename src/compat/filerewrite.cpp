@@ -18,7 +18,8 @@ constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELET
 // One writer at a time, where a file is changed in place.
 constexpr DWORD shareOneWriter = FILE_SHARE_READ | FILE_SHARE_DELETE;
 
-constexpr DWORD pause = 20; // milliseconds between attempts
+constexpr DWORD pause = 20;        // milliseconds between attempts
+constexpr int attemptsInTurn = 25; // half a second
 
 // A file open for writing, closed with its scope.
 class OutFile {
@@ -107,10 +108,9 @@ class OutFile {
 
 // Waits a while for another program that is writing the file in place.
 OutFile OpenInTurn(char const* path, DWORD disposition, DWORD share) {
-    constexpr int attempts = 25; // half a second
     OutFile file(path, disposition, share);
-    for (int i = 1; i < attempts && !file.IsOpen() && GetLastError() == ERROR_SHARING_VIOLATION;
-         ++i) {
+    for (int i = 1;
+         i < attemptsInTurn && !file.IsOpen() && GetLastError() == ERROR_SHARING_VIOLATION; ++i) {
         Sleep(pause);
         file = OutFile(path, disposition, share);
     }
@@ -198,26 +198,35 @@ Target Find(char const* path) {
     return target;
 }
 
+bool FileWasThere() {
+    DWORD const error = GetLastError();
+    return error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS;
+}
+
 // A new file beside another, deleted with its scope unless it was kept or has become the other.
 class Beside {
   public:
+    // With a name of its own.
     explicit Beside(Target const& target) : m_target(target) {
         constexpr int attempts = 100; // names left behind by programs that were killed
         static std::atomic<int> serial = 0;
-        for (int i = 0; i < attempts && !m_file.IsOpen(); ++i) {
-            m_path = target.path + "." + std::to_string(GetCurrentProcessId()) + "-" +
-                     std::to_string(++serial) + ".tmp";
-            m_file = OutFile(m_path.c_str(), CREATE_NEW);
-            m_made = m_file.IsOpen();
-            if (!m_made && GetLastError() != ERROR_FILE_EXISTS &&
-                GetLastError() != ERROR_ALREADY_EXISTS) {
-                m_diskFull = GetLastError() == ERROR_DISK_FULL;
-                break;
-            }
+        for (int i = 0; i < attempts && !m_made && (i == 0 || FileWasThere()); ++i) {
+            Make(target.path + "." + std::to_string(GetCurrentProcessId()) + "-" +
+                 std::to_string(++serial) + ".tmp");
         }
-        // Before there is anything in it to be read.
-        m_rights =
-            m_made && (!target.exists || CarryOverRights(target.path.c_str(), m_path.c_str()));
+        TakeOverRights();
+    }
+    // With a name that others know.
+    Beside(Target const& target, char const* path) : m_target(target) {
+        Make(path);
+        for (int i = 1; i < attemptsInTurn && !m_made && FileWasThere(); ++i) {
+            Sleep(pause);
+            Make(path);
+        }
+        if (!m_made && FileWasThere() && DeleteFileA(path) != FALSE) {
+            Make(path);
+        }
+        TakeOverRights();
     }
     ~Beside() {
         m_file = OutFile();
@@ -251,6 +260,18 @@ class Beside {
     void Keep() { m_kept = true; }
 
   private:
+    void Make(std::string path) {
+        m_path = std::move(path);
+        m_file = OutFile(m_path.c_str(), CREATE_NEW);
+        m_made = m_file.IsOpen();
+        m_diskFull = !m_made && GetLastError() == ERROR_DISK_FULL;
+    }
+    // Before there is anything in it to be read.
+    void TakeOverRights() {
+        m_rights =
+            m_made && (!m_target.exists || CarryOverRights(m_target.path.c_str(), m_path.c_str()));
+    }
+
     Target const& m_target;
     std::string m_path;
     OutFile m_file;
@@ -260,9 +281,7 @@ class Beside {
     bool m_kept = false;
 };
 
-} // namespace
-
-Rewritten RewriteFile(char const* path, std::string_view content) {
+Rewritten Rewrite(char const* path, std::string_view content, char const* besidePath) {
     Target const target = Find(path);
     if (!target.opens) {
         return Rewritten::cannotOpen;
@@ -270,9 +289,10 @@ Rewritten RewriteFile(char const* path, std::string_view content) {
     if (!target.replaceable) {
         return WriteInPlace(path, content);
     }
-    Beside beside(target);
+    Beside beside = besidePath != nullptr ? Beside(target, besidePath) : Beside(target);
     if (!beside.Made()) {
-        return beside.DiskFull() ? Rewritten::failed : WriteInPlace(path, content);
+        bool const inPlace = besidePath == nullptr && !beside.DiskFull();
+        return inPlace ? WriteInPlace(path, content) : Rewritten::failed;
     }
     if (!beside.Fill(content)) {
         return Rewritten::failed;
@@ -288,6 +308,16 @@ Rewritten RewriteFile(char const* path, std::string_view content) {
         beside.Keep(); // the only whole copy of the new content
     }
     return inPlace;
+}
+
+} // namespace
+
+Rewritten RewriteFile(char const* path, std::string_view content) {
+    return Rewrite(path, content, nullptr);
+}
+
+Rewritten RewriteFile(char const* path, std::string_view content, char const* besidePath) {
+    return Rewrite(path, content, besidePath);
 }
 
 bool OpensForWriting(char const* path) {

@@ -27,6 +27,12 @@ enum class Rewritten {
 // steps); rename in POSIX.1-2017.
 Rewritten RewriteFile(char const* path, std::string_view content);
 
+// The same with a name for the file beside it, in the same folder, by which other programs know it:
+// whoever makes it is the one who writes. One that is there already is waited for, half a second,
+// and then taken over, since its writer was killed. Where it cannot be made nothing is written, and
+// the result is failed.
+Rewritten RewriteFile(char const* path, std::string_view content, char const* besidePath);
+
 // Whether the file exists and can be opened for writing; it is not changed.
 bool OpensForWriting(char const* path);
 

@@ -15,7 +15,10 @@ constexpr char endOfFile = 0x1A;
 TextReader::TextReader(char const* path)
     : m_file(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                          nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)),
-      m_open(m_file != INVALID_HANDLE_VALUE), m_ended(!m_open) {}
+      m_open(m_file != INVALID_HANDLE_VALUE), m_ended(!m_open) {
+    DWORD const error = m_open ? 0 : GetLastError();
+    m_missing = error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+}
 
 TextReader::TextReader(std::string_view text)
     : m_open(true), m_window(text.substr(0, text.find(endOfFile))) {}
@@ -88,6 +91,14 @@ bool TextReader::ReadLine(char* line, std::size_t size) {
     m_rest.remove_prefix(std::min(m_rest.size(), size - 1));
     m_more = !m_rest.empty();
     return true;
+}
+
+bool TextReader::ReadRest(std::string& text) {
+    while (!m_window.empty() || Refill()) {
+        text.append(m_window);
+        m_window = {};
+    }
+    return !m_failed;
 }
 
 void AppendTextMode(std::string& out, std::string_view text) {

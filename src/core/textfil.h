@@ -24,6 +24,8 @@ class TextReader {
     TextReader& operator=(TextReader const&) = delete;
 
     bool IsOpen() const { return m_open; }
+    // True when there is no such file, or no such folder: it is not open then.
+    bool Missing() const { return m_missing; }
     // True when a read failed: what was delivered is then not all of the file.
     bool Failed() const { return m_failed; }
 
@@ -34,12 +36,17 @@ class TextReader {
     // comes with the next call.
     bool ReadLine(char* line, std::size_t size);
 
+    // Appends all that has not been read yet, line ends as they are, for those who read a text
+    // twice. False when a read failed.
+    bool ReadRest(std::string& text);
+
   private:
     bool Refill();
     bool RawLine(std::string_view& line);
 
     HANDLE m_file = INVALID_HANDLE_VALUE;
     bool m_open = false;
+    bool m_missing = false;
     bool m_failed = false;
     bool m_ended = false;
     std::unique_ptr<char[]> m_buffer;

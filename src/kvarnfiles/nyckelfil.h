@@ -43,9 +43,7 @@ template <class Lista> Inlasning LasNyckelfil(Lista& lista, char const* path) {
     }
     TextReader fil(path);
     if (!fil.IsOpen()) {
-        DWORD const fel = GetLastError();
-        bool const saknas = fel == ERROR_FILE_NOT_FOUND || fel == ERROR_PATH_NOT_FOUND;
-        return saknas             ? Inlasning::hel
+        return fil.Missing()      ? Inlasning::hel
                : FileExists(path) ? Inlasning::gickEjAttOppna
                                   : Inlasning::avbruten;
     }

@@ -1,0 +1,76 @@
+// A road: its plan and its profile, kept in one road file, and the project's area file.
+#pragma once
+
+#include "../compat/host.h"
+#include "../library/export.h"
+#include "../project/projpath.h"
+#include "vaglinje.h"
+
+// Results are 0 for success and -1 for failure.
+class KVARNPROG_API CVag2 {
+  public:
+    // Empty lines of type 1 and 10, no names, the area 0, 0, -30, 30.
+    CVag2();
+    virtual ~CVag2();
+
+    // Appends the records of a road file to both lines; null returns 0 and changes nothing.
+    //
+    // The file is a road-line file (CVaglinje::Init), of a plan or of a profile; a plan may be
+    // followed by a profile, after the three lines "*", "Profil" and "*", with three numbers a
+    // line: height, station and bulge. The header's type, 1 or 10, tells which it is; without one
+    // it is a profile when the second and the fourth number of the first two lines are equal to
+    // 0.1 (both are stations there). Fills filnamn (from a path with a backslash) and namn, and
+    // resets both lines' areas.
+    //
+    // Bad lines are reported as by CVaglinje and skipped. Surprising and meant so: in the part
+    // after the stars they are kept while the first character in MessageBuffer is a star, with the
+    // numbers that could be read and those of the line before for the others.
+    //
+    // -1 for a file that cannot be opened or not be read to its end, with the message of
+    // CVaglinje::Init; nothing else has changed then.
+    int Init(char const* path);
+    int Init(CString path);
+
+    // Writes the road file; a profile without a plan as a road-line file with the road's name. The
+    // file holds the old content or the new, never a half. Results and messages are those of
+    // CVaglinje::Uppdat.
+    int Uppdat(char const* path);
+    int Uppdat(CString path);
+
+    // Reads the project's area file, project->m_kvarnVl, and then the road file that it names, in
+    // the folder project->m_kvarnDbf. The area file is text, lines of at most 255 characters; what
+    // stands before the second line that begins with a star, and after the last of these, is free:
+    //
+    //     * Area of the road, 2024
+    //     *
+    //     Gamla vagen.vl
+    //     0.000 1250.000
+    //     -30.000 30.000
+    //
+    // -1 without a message for a missing or incomplete area file and one that names no road file;
+    // what was read until then stays, but of a line with one number of two nothing is taken. -1
+    // with the message of Init for the road file.
+    int ReadOmr(CProjPath* project);
+
+    // Writes filnamn and the area to the project's area file; what stands there up to the second
+    // line that begins with a star is kept, a new file begins with two such lines. A file with
+    // fewer keeps all its lines.
+    //
+    // The new content is written to "vl.tmp" in the data folder, which then takes the area file's
+    // place in one step. -1 when that file cannot be made (another one of that name is waited for
+    // half a second, and then overwritten), when the area file is there but cannot be read, and
+    // when a write fails: the area file then keeps its old content.
+    int SaveOmr(CProjPath* project);
+
+    CVaglinje plan;
+    CVaglinje profil;
+    char filnamn[256]; // of the road file, without its folder
+    double omrSekFran; // the area to be drawn: stations from and to,
+    double omrSekTill;
+    double omrAvstMin; // and offsets
+    double omrAvstMax;
+    char namn[256]; // in the road file's header
+
+  private:
+    CString m_ejLast; // a file that could not be read to its end
+};

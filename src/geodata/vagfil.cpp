@@ -1,0 +1,75 @@
+#include "vagfil.h"
+
+#include "../compat/codepage.h"
+#include "../compat/filerewrite.h"
+#include "../core/format.h"
+#include "../core/messageout.h"
+#include "../core/scan.h"
+#include "../core/textfil.h"
+
+namespace kvarn {
+namespace {
+
+void AnmalEjOppnad(char const* path) {
+    std::string const text = Format("Kan ej öppna väglinje : %s"_1252, path);
+    MessageOut(ToMessageBuffer(text), messageOk, messageExclamation, nullptr);
+}
+
+} // namespace
+
+Vaghuvud LasVaghuvud(std::string_view rad) {
+    std::string text(rad);
+    OemToAnsiNordic(text.data());
+    Vaghuvud huvud{};
+    huvud.antal = Scan(text, huvud.x, huvud.y, huvud.bulge, huvud.sektion, huvud.typ);
+    std::size_t const dollar = text.find('$');
+    if (dollar != std::string::npos) {
+        huvud.namn = text.substr(dollar + 1, text.find('$', dollar + 1) - dollar - 1);
+    }
+    return huvud;
+}
+
+bool LasVertex(std::string_view rad, kovltype& vertex) {
+    constexpr int alla = 4;
+    return Scan(rad, vertex.x, vertex.y, vertex.bulge, vertex.sektion) == alla;
+}
+
+void SkrivVaglinje(std::string& ut, CVaglinje& linje, std::string_view namn) {
+    bool huvud = true;
+    for (bool finns = linje.Home() == 0; finns; finns = linje++ != nullptr) {
+        kovltype const& v = *linje.Get_aktel();
+        ut += Format("%.4lf %.4lf %.4lf %.4lf", v.x, v.y, v.bulge, v.sektion);
+        if (huvud) {
+            AppendTextMode(ut, Format(" %d $%s", linje.typ, namn));
+            huvud = false;
+        }
+        ut += "\r\n";
+    }
+}
+
+bool LasVagfil(char const* path, std::string& text, CString& ejLast) {
+    TextReader fil(path);
+    if (fil.IsOpen() && fil.ReadRest(text)) {
+        ejLast = "";
+        return true;
+    }
+    ejLast = fil.Missing() ? "" : path;
+    AnmalEjOppnad(path);
+    return false;
+}
+
+int SkrivVagfil(char const* path, std::string_view text, CString const& ejLast) {
+    bool const last = ejLast.IsEmpty() || !SameText(ejLast.GetString(), path);
+    Rewritten const resultat = last ? RewriteFile(path, text) : Rewritten::cannotOpen;
+    if (resultat == Rewritten::cannotOpen) {
+        AnmalEjOppnad(path);
+    }
+    return resultat == Rewritten::done ? 0 : -1;
+}
+
+void AnmalFelRad(std::string_view rad) {
+    SetLastMessage(Format("Fel rad : %s", rad));
+    StatusText(std::string(rad).c_str());
+}
+
+} // namespace kvarn

@@ -1,0 +1,58 @@
+// The text of road files: what the road line's file and the road set's have in common.
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+#include "../core/text.h"
+#include "vaglinje.h"
+
+namespace kvarn {
+
+// The first line of a road file, which is also its first vertex.
+struct Vaghuvud {
+    int antal; // numbers that were read: x, y, bulge, station and the type
+    double x;
+    double y;
+    double bulge;
+    double sektion;
+    std::int32_t typ;
+    std::string namn; // after the dollar sign; empty without one
+};
+
+// Letters of the DOS code page are converted.
+Vaghuvud LasVaghuvud(std::string_view rad);
+
+// A vertex; false for a line without its four numbers.
+bool LasVertex(std::string_view rad, kovltype& vertex);
+
+// Appends the lines of a line's vertices, the first being the header; nothing for an empty line.
+// Walks the line to its end.
+void SkrivVaglinje(std::string& ut, CVaglinje& linje, std::string_view namn);
+
+// The whole content of a road file. False, and the user is told, when it cannot be opened or not be
+// read to its end; ejLast is then the file's path where it exists, otherwise empty.
+bool LasVagfil(char const* path, std::string& text, CString& ejLast);
+
+// Rewrites a road file. 0, or -1 when that failed; the user is told when the file cannot be opened,
+// and when it is the one that could not be read.
+int SkrivVagfil(char const* path, std::string_view text, CString const& ejLast);
+
+// The last message and the status bar tell of a line that was skipped.
+void AnmalFelRad(std::string_view rad);
+
+// Keeps the file's name without its folder, of a path with a backslash.
+template <std::size_t N> void TaFilnamn(char (&filnamn)[N], char const* path) {
+    if (char const* const snedstreck = std::strrchr(path, '\\')) {
+        CopyText(filnamn, N, snedstreck + 1);
+    }
+}
+
+// The text of a field that clients fill as well, with or without a zero at its end.
+template <std::size_t N> std::string_view Falttext(char const (&falt)[N]) {
+    return std::string_view(falt, N - 1).substr(0, std::string_view(falt, N - 1).find('\0'));
+}
+
+} // namespace kvarn

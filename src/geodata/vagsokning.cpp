@@ -1,0 +1,138 @@
+// From a point to its station and offset.
+#include <limits>
+
+#include "cirkelbage.h"
+#include "vaglinje.h"
+
+// The nearest foot, or the nearest vertex, so far.
+struct CVaglinje::Traff {
+    double sektion;
+    double offset;
+    double avstand; // from the point, without sign
+};
+
+namespace {
+
+// Modes of the search.
+constexpr int medHorn = 0;
+constexpr int narmast = 1;
+
+constexpr double langtBort = 1.1e9; // metres
+constexpr double langstTraff = 1e9;
+
+// The foot of a point on a segment; inom is false where it has none.
+kvarn::Bagfot FotPaSegment(kovltype const& p, kovltype const& q, double x, double y) {
+    if (kvarn::ArBage(p.bulge)) {
+        return kvarn::FotPaBage({p.x, p.y}, {q.x, q.y}, p.bulge, {x, y});
+    }
+    kvarn::Linjefot const fot({p.y, p.x}, {q.y, q.x}, {y, x});
+    if (fot.ForKort() || !fot.PaStrackan()) {
+        return {};
+    }
+    return {.inom = true, .langs = fot.Langs(), .offset = fot.Avstand()};
+}
+
+// Whether a vertex result lies on the negative side of the segment that ends at the vertex.
+bool PaNegativSida(kovltype const& p, kovltype const& q, double x, double y) {
+    kvarn::Linjefot const fot({p.y, p.x}, {q.y, q.x}, {y, x});
+    return !fot.ForKort() && fot.Avstand() < 0;
+}
+
+} // namespace
+
+// Two vertices before the end of the segment that lies as far along the line as the point lies
+// from the line's start: on a line without detours the point's foot cannot lie before it.
+void CVaglinje::SokStart(double x, double y) {
+    kovltype const& forsta = m_forsta->post;
+    double const rakaVagen = kvarn::Langd({x - forsta.x, y - forsta.y});
+    SokSegment(forsta.sektion + rakaVagen);
+    (*this)--;
+    (*this)--;
+}
+
+CVaglinje::Traff CVaglinje::SokFot(double x, double y, int mode) {
+    double const tecken = Vaxande() ? 1 : -1;
+    Traff basta = {Seknoll, 0, langtBort};
+    bool funnen = false;
+    nod* fran = aktel;
+    int position = m_position;
+    for (nod* till = fran->nasta; till != nullptr; till = till->nasta) {
+        kvarn::Bagfot const fot = FotPaSegment(fran->post, till->post, x, y);
+        if (fot.inom && std::fabs(fot.offset) < basta.avstand) {
+            basta = {fran->post.sektion + tecken * fot.langs, tecken * fot.offset,
+                     std::fabs(fot.offset)};
+        }
+        StallSegment(fran, till, ++position);
+        if (mode == narmast && funnen) {
+            break;
+        }
+        funnen = basta.sektion < Sekkoll;
+        fran = till;
+    }
+    return basta;
+}
+
+// An inner vertex, which alone counts: the line's ends are only in the way of others.
+CVaglinje::Traff CVaglinje::SokHorn(double x, double y) {
+    nod* narmast = nullptr;
+    double avstand = langtBort;
+    for (nod* n = aktel; n != nullptr; n = n->nasta) {
+        double const d = kvarn::Langd({n->post.x - x, n->post.y - y});
+        if (d < avstand) {
+            avstand = d;
+            narmast = n;
+        }
+    }
+    StallSegment(m_sista->forra, m_sista, m_antal);
+    if (narmast == nullptr || narmast == m_forsta || narmast == m_sista) {
+        return {Seknoll, 0, std::numeric_limits<double>::infinity()};
+    }
+    bool const negativ = PaNegativSida(narmast->forra->post, narmast->post, x, y);
+    return {narmast->post.sektion, negativ ? -avstand : avstand, avstand};
+}
+
+int CVaglinje::Vagstv(double x, double y, double* sektion, double* offset, int mode) {
+    *sektion = Seknoll;
+    *offset = 0;
+    if (typ == kvarn::vagtypProfil || Home() != 0) {
+        return -1;
+    }
+    if (mode == narmast) {
+        SokStart(x, y);
+    }
+    nod* const borjan = aktel;
+    Traff const fot = SokFot(x, y, mode);
+    *sektion = fot.sektion;
+    *offset = fot.offset;
+    if (mode == medHorn || (mode == narmast && !(fot.sektion < Sekkoll))) {
+        aktel = borjan;
+        Traff const horn = SokHorn(x, y);
+        if (horn.avstand < fot.avstand) {
+            *sektion = horn.sektion;
+            *offset = horn.offset;
+            return 0;
+        }
+    }
+    return fot.avstand <= langstTraff ? 0 : -1;
+}
+
+int CVaglinje::PktIomr(double x, double y, double* sektion, double* offset, int mode) {
+    constexpr double tolerans = 0.001; // metres along the line
+    double s = 0;
+    double o = 0;
+    if (Vagstv(x, y, &s, &o, mode) != 0) {
+        return -1;
+    }
+    bool const inom = s >= omrSekFran - tolerans && s <= omrSekTill + tolerans && o >= omrAvstMin &&
+                      o <= omrAvstMax;
+    if (!inom) {
+        return -1;
+    }
+    if (sektion != nullptr) {
+        *sektion = s;
+    }
+    if (offset != nullptr) {
+        *offset = o;
+    }
+    return 0;
+}
