@@ -1,0 +1,251 @@
+// The geometry of road lines against a road that is laid out by curvature alone: a heading that
+// turns evenly along each element, and a place that is the numerical integral of the heading.
+// Random lines, with fixed seeds.
+#include <cmath>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "geodata/vaglinje.h"
+#include "support/vertices.h"
+
+namespace {
+
+struct Place {
+    double x;
+    double y;
+    double heading; // from x towards y
+
+    Place Beside(double offset) const {
+        return {x - offset * std::sin(heading), y + offset * std::cos(heading), heading};
+    }
+};
+
+double Distance(Place const& a, Place const& b) {
+    return std::hypot(a.x - b.x, a.y - b.y);
+}
+
+// A straight or an arc that begins in the direction in which the one before it ends.
+struct Element {
+    Place start;
+    double length;
+    double curvature; // positive: turns from x towards y
+
+    // Simpson's rule, good to 1e-10 m here.
+    Place At(double distance) const {
+        constexpr int steps = 200;
+        double const h = distance / steps;
+        double x = 0;
+        double y = 0;
+        for (int i = 0; i <= steps; ++i) {
+            double const heading = start.heading + curvature * h * i;
+            double const weight = i == 0 || i == steps ? 1 : i % 2 == 1 ? 4 : 2;
+            x += weight * std::cos(heading);
+            y += weight * std::sin(heading);
+        }
+        return {start.x + x * h / 3, start.y + y * h / 3, start.heading + curvature * distance};
+    }
+    double Bulge() const { return -std::tan(curvature * length / 4); }
+};
+
+class Road {
+  public:
+    Road(Place start, double station, bool increasing)
+        : m_end(start), m_station(station), m_sign(increasing ? 1 : -1) {}
+
+    void Straight(double length) { Add({m_end, length, 0}); }
+    // The angle is positive for a turn from x towards y.
+    void Arc(double radius, double angle) {
+        Add({m_end, radius * std::fabs(angle), (angle > 0 ? 1 : -1) / radius});
+    }
+
+    double Sign() const { return m_sign; }
+    double Station(double distance) const { return m_station + m_sign * distance; }
+    double Length() const { return m_length; }
+    Place At(double distance) const {
+        std::size_t i = 0;
+        for (; i + 1 < m_elements.size() && distance > m_elements[i].length; ++i) {
+            distance -= m_elements[i].length;
+        }
+        return m_elements[i].At(distance);
+    }
+    void Fill(CVaglinje& line) const {
+        double distance = 0;
+        for (Element const& e : m_elements) {
+            Append(line, {{e.start.x, e.start.y, e.Bulge(), Station(distance)}});
+            distance += e.length;
+        }
+        Append(line, {{m_end.x, m_end.y, 0, Station(distance)}});
+    }
+    // The nearest point of the road, looked for everywhere: its distance along the road.
+    double Nearest(Place const& p) const {
+        double const step = 0.5;
+        double best = 0;
+        for (double d = 0; d <= m_length; d += step) {
+            best = Distance(At(d), p) < Distance(At(best), p) ? d : best;
+        }
+        double from = std::max(0.0, best - step);
+        double to = std::min(m_length, best + step);
+        while (to - from > 1e-9) {
+            double const a = from + (to - from) / 3;
+            double const b = to - (to - from) / 3;
+            (Distance(At(a), p) < Distance(At(b), p) ? to : from) =
+                Distance(At(a), p) < Distance(At(b), p) ? b : a;
+        }
+        return from;
+    }
+
+  private:
+    void Add(Element const& element) {
+        m_elements.push_back(element);
+        m_end = element.At(element.length);
+        m_length += element.length;
+    }
+
+    std::vector<Element> m_elements;
+    Place m_end;
+    double m_station;
+    double m_sign;
+    double m_length = 0;
+};
+
+using Random = std::mt19937;
+
+double Between(Random& random, double from, double to) {
+    return std::uniform_real_distribution<double>(from, to)(random);
+}
+
+// Winding, in both directions, in any direction of the compass.
+Road RandomRoad(Random& random, bool gentle) {
+    Road road({Between(random, 6.5e6, 6.6e6), Between(random, 1e5, 2e5), Between(random, -3, 3)},
+              Between(random, -1e3, 1e5), random() % 2 == 0);
+    for (int i = 2 + static_cast<int>(random() % 6); i > 0; --i) {
+        double const turn = Between(random, 0.05, gentle ? 0.3 : 3) * (random() % 2 == 0 ? 1 : -1);
+        random() % 3 == 0 ? road.Straight(Between(random, 5, 300))
+                          : road.Arc(Between(random, 50, 900), turn);
+    }
+    return road;
+}
+
+constexpr double millimetre = 0.001;
+constexpr double exact = 1e-6; // metres, at coordinates of 6,500 km
+
+TEST(RoadProof, StationAndOffsetBecomeThePointAndComeBack) {
+    Random random(20261121);
+    int returned = 0;
+    int sharp = 0;
+    for (int n = 0; n < 3000; ++n) {
+        SCOPED_TRACE(n);
+        bool const gentle = n % 2 == 0;
+        Road const road = RandomRoad(random, gentle);
+        CVaglinje line;
+        road.Fill(line);
+        for (int i = 0; i < 5; ++i) {
+            double const distance = Between(random, 0, road.Length());
+            double const offset = Between(random, -40, 40);
+            Place const wanted = road.At(distance).Beside(offset);
+            double x = 0;
+            double y = 0;
+            ASSERT_EQ(line.Vag2xy(road.Station(distance), offset, &x, &y), 0);
+            ASSERT_LT(Distance({x, y, 0}, wanted), exact);
+
+            // The foot that is found may be another, on a road that turns back upon itself, but
+            // none that is farther away, and it leads back to the same point.
+            double station = 0;
+            double found = 0;
+            ASSERT_EQ(line.Vagstv(x, y, &station, &found, 2), 0);
+            ASSERT_LT(std::fabs(found), std::fabs(offset) + exact);
+            if (std::fabs(found) > std::fabs(offset) - exact) {
+                ASSERT_NEAR(station, road.Station(distance), exact);
+                ASSERT_NEAR(found, road.Sign() * offset, exact); // the sign turns with the stations
+                ++returned;
+            }
+            double backX = 0;
+            double backY = 0;
+            ASSERT_EQ(line.Vag2xy(station, road.Sign() * found, &backX, &backY), 0);
+            ASSERT_LT(Distance({x, y, 0}, {backX, backY, 0}), exact);
+            if (gentle) {
+                double narrowed = 0;
+                EXPECT_EQ(line.Vagstv(x, y, &narrowed, &found, 1), 0);
+                EXPECT_NEAR(narrowed, station, exact);
+            } else {
+                ++sharp;
+            }
+        }
+    }
+    EXPECT_GT(returned, 13000);
+    EXPECT_GT(sharp, 7000);
+}
+
+TEST(RoadProof, TheNearestPlaceIsFoundOverAGridWithAHairpin) {
+    Road road({100, 200, 0.3}, 0, true);
+    road.Straight(90);
+    road.Arc(25, -3.0);
+    road.Straight(60);
+    road.Arc(40, 1.2);
+    road.Straight(0.5);
+    road.Arc(500, 0.1);
+    CVaglinje line;
+    road.Fill(line);
+    int beside = 0;
+    for (double x = 60; x < 260; x += 9.7) {
+        for (double y = 120; y < 290; y += 7.3) {
+            Place const p = {x, y, 0};
+            double const nearest = road.Nearest(p);
+            double station = 0;
+            double offset = 0;
+            int const result = line.Vagstv(x, y, &station, &offset, 0);
+            if (nearest > millimetre && nearest < road.Length() - millimetre) {
+                ASSERT_EQ(result, 0) << x << ' ' << y;
+                ASSERT_NEAR(std::fabs(offset), Distance(road.At(nearest), p), exact);
+                ASSERT_LT(Distance(road.At(station), road.At(nearest)), millimetre)
+                    << x << ' ' << y;
+                ++beside;
+            }
+        }
+    }
+    EXPECT_GT(beside, 200);
+}
+
+TEST(RoadProof, StationsAreTheLengthsOfTheArcs) {
+    Random random(5);
+    for (int n = 0; n < 2000; ++n) {
+        Road road({Between(random, -1e3, 1e3), Between(random, -1e3, 1e3), Between(random, -3, 3)},
+                  0, true);
+        road.Arc(Between(random, 1, 500), Between(random, 0.01, 3.1) * (n % 2 == 0 ? 1 : -1));
+        CVaglinje line;
+        road.Fill(line);
+        // Measured with the bulge of the later vertex, from there.
+        line.Home();
+        double const bulge = line.Get_aktel()->bulge;
+        line.End();
+        line.Get_aktel()->bulge = -bulge;
+        ASSERT_EQ(line.SektBerak(17), 0);
+        line.End();
+        ASSERT_NEAR(line.Get_aktel()->sektion, 17 + road.Length(), exact) << n;
+    }
+}
+
+TEST(RoadProof, VerticalCurvesAreCirclesWhereTheyAreFlat) {
+    Random random(7);
+    for (int n = 0; n < 2000; ++n) {
+        // Laid out with the stations along x and the heights along y, which turns the sign.
+        double const angle = Between(random, 0.002, 0.02) * (n % 2 == 0 ? 1 : -1);
+        double const radius = Between(random, 500, 10000);
+        Road road({Between(random, 0, 1000), Between(random, 0, 100), -angle / 2}, 0, true);
+        road.Arc(radius, angle);
+        Place const from = road.At(0);
+        Place const to = road.At(road.Length());
+        CVaglinje line;
+        line.typ = 10;
+        Append(line, {{from.y, from.x, std::tan(angle / 4), from.x}, {to.y, to.x, 0, to.x}});
+        for (double const part : {0.0, 0.25, 0.5, 0.999999}) {
+            Place const place = road.At(part * road.Length());
+            double z = 0;
+            ASSERT_EQ(line.Vagprofz(place.x, &z), 0);
+            ASSERT_NEAR(z, place.y, part == 0 ? exact : millimetre) << n << ' ' << part;
+        }
+    }
+}
+
+} // namespace
