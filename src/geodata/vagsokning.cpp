@@ -14,8 +14,8 @@ struct CVaglinje::Traff {
 namespace {
 
 // Modes of the search.
-constexpr int medHorn = 0;
-constexpr int narmast = 1;
+constexpr int helaMedHorn = 0;
+constexpr int avgransat = 1;
 
 constexpr double langtBort = 1.1e9; // metres
 constexpr double langstTraff = 1e9;
@@ -63,7 +63,7 @@ CVaglinje::Traff CVaglinje::SokFot(double x, double y, int mode) {
                      std::fabs(fot.offset)};
         }
         StallSegment(fran, till, ++position);
-        if (mode == narmast && funnen) {
+        if (mode == avgransat && funnen) {
             break;
         }
         funnen = basta.sektion < Sekkoll;
@@ -97,14 +97,14 @@ int CVaglinje::Vagstv(double x, double y, double* sektion, double* offset, int m
     if (typ == kvarn::vagtypProfil || Home() != 0) {
         return -1;
     }
-    if (mode == narmast) {
+    if (mode == avgransat) {
         SokStart(x, y);
     }
     nod* const borjan = aktel;
     Traff const fot = SokFot(x, y, mode);
     *sektion = fot.sektion;
     *offset = fot.offset;
-    if (mode == medHorn || (mode == narmast && !(fot.sektion < Sekkoll))) {
+    if (mode == helaMedHorn || (mode == avgransat && !(fot.sektion < Sekkoll))) {
         aktel = borjan;
         Traff const horn = SokHorn(x, y);
         if (horn.avstand < fot.avstand) {

@@ -5,7 +5,8 @@
 #include <cstdio>
 #include <cstring>
 
-// Derives from a list of the library's, catches what it throws, and asks for a default.
+// Derives from a list of the library's, catches what it throws, asks for a default, and finds a
+// point beside a road.
 namespace {
 
 class Lista : public list0<partype> {
@@ -23,6 +24,18 @@ bool CopyIsRefused() {
     return false;
 }
 
+bool PointIsFound() {
+    CVaglinje linje;
+    kovltype vertices[] = {{0, 0, 0, 100}, {50, 0, 0, 150}};
+    for (kovltype& vertex : vertices) {
+        linje.Ny(1, &vertex);
+    }
+    double sektion = 0;
+    double offset = 0;
+    return linje.Vagstv(20, 3, &sektion, &offset, 0) == 0 && sektion < CVaglinje::Sekkoll &&
+           sektion == 120 && offset == 3;
+}
+
 } // namespace
 
 int main() {
@@ -32,6 +45,7 @@ int main() {
     CKvarnInst inst;
     inst.Init(&ini, &projekt);
     bool const answered = inst.ReadKey(CProjPath::KvarnParNamn, "HSKALA") == "100";
-    std::printf("%s %d %d\n", ClientMessage(), answered, CopyIsRefused());
-    return answered && CopyIsRefused() ? 0 : 1;
+    bool const worked = answered && CopyIsRefused() && PointIsFound();
+    std::printf("%s %d\n", ClientMessage(), worked);
+    return worked ? 0 : 1;
 }

@@ -10,8 +10,6 @@
 
 namespace {
 
-using kvarn::operator""_1252;
-
 class Vag2Test : public testing::Test {
   protected:
     Vag2Test() {

@@ -76,21 +76,21 @@ TEST(Vagprofz, TheFirstStationHasAHeightAndTheLastHasNone) {
     Vertices const profile = {{10, 100, 0, 100}, {20, 200, 0.002, 200}, {20, 300, 0, 300}};
     struct {
         Vertices line;
-        int type;
         double station;
-        int result;
         double z;
+        int type;
+        int result;
     } const cases[] = {
-        {profile, 10, 100, 0, 10},
-        {profile, 10, 99.9999999, -1, noCoordinate},
-        {profile, 10, 150, 0, 15},
-        {profile, 0, 200, 0, 20},
-        {profile, 10, 250, 0, 19.9},
-        {profile, 10, 299.9999999, 0, 20},
-        {profile, 10, 300, -1, noCoordinate},
-        {profile, 1, 150, -1, noCoordinate},
-        {{{10, 100, 0, 100}}, 10, 100, -1, noCoordinate},
-        {{}, 10, 100, -1, noCoordinate},
+        {profile, 100, 10, 10, 0},
+        {profile, 99.9999999, noCoordinate, 10, -1},
+        {profile, 150, 15, 10, 0},
+        {profile, 200, 20, 0, 0},
+        {profile, 250, 19.9, 10, 0},
+        {profile, 299.9999999, 20, 10, 0},
+        {profile, 300, noCoordinate, 10, -1},
+        {profile, 150, noCoordinate, 1, -1},
+        {{{10, 100, 0, 100}}, 100, noCoordinate, 10, -1},
+        {{}, 100, noCoordinate, 10, -1},
     };
     for (auto const& c : cases) {
         double z = 0;

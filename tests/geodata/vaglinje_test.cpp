@@ -12,8 +12,6 @@
 namespace {
 
 using namespace std::string_literals;
-using kvarn::operator""_1252;
-
 class VaglinjeTest : public testing::Test {
   protected:
     // Into a line that has a type, a name and a record already.

@@ -81,8 +81,8 @@ class Road {
     double Nearest(Place const& p) const {
         double const step = 0.5;
         double best = 0;
-        for (double d = 0; d <= m_length; d += step) {
-            best = Distance(At(d), p) < Distance(At(best), p) ? d : best;
+        for (int i = 0; i * step <= m_length; ++i) {
+            best = Distance(At(i * step), p) < Distance(At(best), p) ? i * step : best;
         }
         double from = std::max(0.0, best - step);
         double to = std::min(m_length, best + step);
@@ -188,8 +188,10 @@ TEST(RoadProof, TheNearestPlaceIsFoundOverAGridWithAHairpin) {
     CVaglinje line;
     road.Fill(line);
     int beside = 0;
-    for (double x = 60; x < 260; x += 9.7) {
-        for (double y = 120; y < 290; y += 7.3) {
+    for (int column = 0; column < 20; ++column) {
+        for (int row = 0; row < 23; ++row) {
+            double const x = 60 + 9.7 * column;
+            double const y = 120 + 7.3 * row;
             Place const p = {x, y, 0};
             double const nearest = road.Nearest(p);
             double station = 0;
