@@ -9,5 +9,6 @@
 #include "kvarnfiles/kvarncfg.h"
 #include "kvarnfiles/kvarninst.h"
 #include "kvarnfiles/kvarnpar.h"
+#include "project/dirsort.h"
 #include "project/projpath.h"
 #include "settings/autoini.h"

@@ -21,6 +21,7 @@
 #include "win32/process.h"
 #include "win32/profile.h"
 #include "win32/resources.h"
+#include "win32/search.h"
 #include "win32/types.h"
 #include "win32/window.h"
 #endif

@@ -130,6 +130,16 @@ bool SameText(std::string_view a, std::string_view b) {
     return a.size() == b.size() && CompareNoCase1252(a, b) == 0;
 }
 
+int CompareUpperNordic(std::string_view a, std::string_view b) {
+    auto const capital = [](char c) { return upper[static_cast<unsigned char>(c)]; };
+    auto const [atA, atB] = std::mismatch(a.begin(), a.end(), b.begin(), b.end(),
+                                          [&](char x, char y) { return capital(x) == capital(y); });
+    auto const byte = [&](auto at, auto end) {
+        return at == end ? 0 : int{static_cast<unsigned char>(capital(*at))};
+    };
+    return byte(atA, a.end()) - byte(atB, b.end());
+}
+
 void CopyText(char* buffer, std::size_t size, std::string_view text) {
     std::size_t const length = std::min(text.size(), size - 1);
     std::char_traits<char>::move(buffer, text.data(), length); // a client may pass its own field

@@ -44,6 +44,9 @@ std::string_view Trimmed(std::string_view text);
 // Equal when the letters of code page 1252 are folded.
 bool SameText(std::string_view a, std::string_view b);
 
+// The order of two texts in the capitals of ToUpperNordic, by their bytes: below, at or above 0.
+int CompareUpperNordic(std::string_view a, std::string_view b);
+
 // Copies a text into a buffer of `size` bytes, cut to fit, with a zero at its end.
 void CopyText(char* buffer, std::size_t size, std::string_view text);
 

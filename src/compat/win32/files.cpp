@@ -110,6 +110,11 @@ void FlushFolderOf(std::string const& hostPath) {
 DWORD GetLastError() {
     return lastError;
 }
+
+void SetLastError(DWORD error) {
+    lastError = error;
+}
+
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*, DWORD disposition,
                    DWORD, HANDLE) {
     int const flags = OpenFlags(access, disposition);

@@ -42,3 +42,4 @@ constexpr DWORD ERROR_ALREADY_EXISTS = 183;
 
 // The error of the last Windows call that failed on this thread.
 DWORD GetLastError();
+void SetLastError(DWORD error);

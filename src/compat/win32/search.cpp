@@ -1,0 +1,221 @@
+#include "search.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <ctime>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+#include "../codepage.h"
+#include "files.h"
+#include "paths.h"
+
+namespace {
+
+constexpr std::int64_t ticksPerSecond = 10'000'000;
+constexpr std::int64_t from1601To1970 = 11'644'473'600; // seconds
+
+FILETIME ToFileTime(std::int64_t ticks) {
+    auto const bits = static_cast<std::uint64_t>(ticks);
+    return {static_cast<DWORD>(bits), static_cast<DWORD>(bits >> 32U)};
+}
+
+std::int64_t Ticks(FILETIME const& time) {
+    return static_cast<std::int64_t>(std::uint64_t{time.dwHighDateTime} << 32U |
+                                     time.dwLowDateTime);
+}
+
+// The characters that stand for the old rules in the pattern of FsRtlIsNameInExpression.
+constexpr char dosStar = '<';
+constexpr char dosMark = '>';
+constexpr char dosDot = '"';
+
+std::string Translated(std::string_view pattern) {
+    if (pattern == "*.*") {
+        return "*";
+    }
+    std::string text(pattern);
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        char const before = i > 0 ? text[i - 1] : '\0';
+        if (text[i] == '.' && before == '*') {
+            text[i - 1] = dosStar;
+        } else if (text[i] == '?' || text[i] == '*') {
+            text[i] = text[i] == '?' ? dosMark : '*';
+            if (before == '.') {
+                text[i - 1] = dosDot;
+            }
+        }
+    }
+    if (text.ends_with(std::string{dosStar, '.'})) {
+        text.pop_back(); // a name does not end in a dot
+    }
+    return text;
+}
+
+// Whether a pattern from some character on matches a name from some character on: rest[j] tells it
+// of the pattern's next character and the name from j on.
+std::vector<char> Matches(char c, std::string_view name, std::vector<char> const& rest) {
+    std::size_t const end = name.size();
+    std::size_t const lastDot = name.rfind('.');
+    std::vector<char> matches(end + 1);
+    for (std::size_t j = end + 1; j-- > 0;) {
+        bool const atDot = j < end && name[j] == '.';
+        bool const one = j < end && rest[j + 1] != 0;
+        bool const none = rest[j] != 0;
+        switch (c) {
+        case '*':
+            matches[j] = none || (j < end && matches[j + 1] != 0);
+            break;
+        case dosStar:
+            matches[j] = none || (j < end && j != lastDot && matches[j + 1] != 0);
+            break;
+        case dosMark:
+            matches[j] = atDot || j == end ? none : one;
+            break;
+        case dosDot:
+            matches[j] = j == end ? none : atDot && one;
+            break;
+        default:
+            matches[j] = one && kvarn::Upper1252(name[j]) == kvarn::Upper1252(c);
+        }
+    }
+    return matches;
+}
+
+bool ComesBefore(std::string const& a, std::string const& b) {
+    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
+        return kvarn::CodePoint1252(kvarn::Upper1252(x)) <
+               kvarn::CodePoint1252(kvarn::Upper1252(y));
+    });
+}
+
+struct Found {
+    std::string name; // in code page 1252
+    std::string hostName;
+};
+
+struct FolderSearch {
+    std::string folder;
+    std::vector<Found> found;
+    std::size_t next = 0;
+};
+
+std::vector<Found> Entries(std::string const& folder, std::string const& pattern) {
+    std::vector<Found> found;
+    DIR* const directory = opendir(folder.c_str());
+    if (directory == nullptr) {
+        return found;
+    }
+    while (dirent const* const entry = readdir(directory)) {
+        std::string const hostName = entry->d_name;
+        std::optional<std::string> const name = kvarn::FromHostPath(hostName);
+        if (name && name->size() < MAX_PATH &&
+            kvarn::MatchesWildcards(pattern.c_str(), name->c_str())) {
+            found.push_back({*name, hostName});
+        }
+    }
+    closedir(directory);
+    std::sort(found.begin(), found.end(), [](Found const& a, Found const& b) {
+        bool const aDots = a.name == "." || a.name == "..";
+        bool const bDots = b.name == "." || b.name == "..";
+        return aDots != bDots ? aDots : ComesBefore(a.name, b.name);
+    });
+    return found;
+}
+
+bool Fill(WIN32_FIND_DATAA& entry, std::string const& folder, Found const& found) {
+    std::string const path = folder + "/" + found.hostName;
+    struct stat status {};
+    // A link into nowhere is an entry too.
+    if (stat(path.c_str(), &status) != 0 && lstat(path.c_str(), &status) != 0) {
+        return false;
+    }
+    entry = {};
+    entry.dwFileAttributes =
+        S_ISDIR(status.st_mode) ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_ARCHIVE;
+    entry.ftLastWriteTime = ToFileTime((status.st_mtim.tv_sec + from1601To1970) * ticksPerSecond +
+                                       status.st_mtim.tv_nsec / 100);
+    auto const size = static_cast<std::uint64_t>(status.st_size);
+    entry.nFileSizeHigh = static_cast<DWORD>(size >> 32U);
+    entry.nFileSizeLow = static_cast<DWORD>(size);
+    found.name.copy(entry.cFileName, sizeof entry.cFileName - 1);
+    return true;
+}
+
+} // namespace
+
+namespace kvarn {
+
+bool MatchesWildcards(char const* pattern, char const* name) {
+    std::string const translated = Translated(pattern);
+    std::string_view const text = name;
+    std::vector<char> matches(text.size() + 1);
+    matches.back() = 1;
+    for (std::size_t i = translated.size(); i-- > 0;) {
+        matches = Matches(translated[i], text, matches);
+    }
+    return matches.front() != 0;
+}
+
+} // namespace kvarn
+
+HANDLE FindFirstFileA(LPCSTR pattern, WIN32_FIND_DATAA* entry) {
+    std::string_view const path = pattern;
+    std::size_t const separator = path.find_last_of("\\/");
+    std::size_t const nameAt = separator == std::string_view::npos ? 0 : separator + 1;
+    auto search = std::make_unique<FolderSearch>();
+    search->folder = nameAt > 0 ? kvarn::HostPath(path.substr(0, nameAt)) : ".";
+    search->found = Entries(search->folder, std::string(path.substr(nameAt)));
+    if (FindNextFileA(search.get(), entry) == FALSE) {
+        SetLastError(ERROR_FILE_NOT_FOUND);
+        return INVALID_HANDLE_VALUE;
+    }
+    return search.release();
+}
+
+BOOL FindNextFileA(HANDLE handle, WIN32_FIND_DATAA* entry) {
+    auto* const search = static_cast<FolderSearch*>(handle);
+    while (search->next < search->found.size()) {
+        if (Fill(*entry, search->folder, search->found[search->next++])) {
+            return TRUE;
+        }
+    }
+    SetLastError(ERROR_NO_MORE_FILES);
+    return FALSE;
+}
+
+BOOL FindClose(HANDLE handle) {
+    delete static_cast<FolderSearch*>(handle);
+    return TRUE;
+}
+
+BOOL FileTimeToLocalFileTime(FILETIME const* time, FILETIME* local) {
+    std::time_t const now = std::time(nullptr);
+    std::tm calendar{};
+    if (localtime_r(&now, &calendar) == nullptr) {
+        return FALSE;
+    }
+    *local = ToFileTime(Ticks(*time) + calendar.tm_gmtoff * ticksPerSecond);
+    return TRUE;
+}
+
+BOOL FileTimeToSystemTime(FILETIME const* time, SYSTEMTIME* calendar) {
+    std::int64_t const ticks = Ticks(*time);
+    std::time_t const seconds = ticks / ticksPerSecond - from1601To1970;
+    std::tm t{};
+    if (ticks < 0 || gmtime_r(&seconds, &t) == nullptr) {
+        return FALSE;
+    }
+    auto const word = [](std::int64_t value) { return static_cast<WORD>(value); };
+    *calendar = {word(t.tm_year + 1900), word(t.tm_mon + 1),
+                 word(t.tm_wday),        word(t.tm_mday),
+                 word(t.tm_hour),        word(t.tm_min),
+                 word(t.tm_sec),         word(ticks % ticksPerSecond / 10'000)};
+    return TRUE;
+}

@@ -1,0 +1,57 @@
+// The search of a folder, and the times of files, by the Windows calls that the library uses, for
+// hosts that are not Windows.
+#pragma once
+
+#include "types.h"
+
+struct FILETIME { // 100 nanoseconds since 1601, UTC
+    DWORD dwLowDateTime;
+    DWORD dwHighDateTime;
+};
+
+struct SYSTEMTIME {
+    WORD wYear;
+    WORD wMonth;
+    WORD wDayOfWeek;
+    WORD wDay;
+    WORD wHour;
+    WORD wMinute;
+    WORD wSecond;
+    WORD wMilliseconds;
+};
+
+struct WIN32_FIND_DATAA {
+    DWORD dwFileAttributes;
+    FILETIME ftCreationTime; // not filled
+    FILETIME ftLastAccessTime;
+    FILETIME ftLastWriteTime;
+    DWORD nFileSizeHigh;
+    DWORD nFileSizeLow;
+    DWORD dwReserved0;
+    DWORD dwReserved1;
+    char cFileName[MAX_PATH];
+    char cAlternateFileName[14]; // empty: there are no short names
+};
+
+constexpr DWORD ERROR_NO_MORE_FILES = 18;
+
+// Entries come in the order that NTFS gives, by their names in capitals, after "." and "..". Those
+// whose names are not in code page 1252 are left out.
+//
+// The wildcards of the pattern's last part are those that Windows documents for
+// FsRtlIsNameInExpression, after the translation that FindFirstFile makes: "*.*" matches every
+// name, "?" also the end of a part, "*." names without an extension.
+HANDLE FindFirstFileA(LPCSTR pattern, WIN32_FIND_DATAA* entry);
+BOOL FindNextFileA(HANDLE search, WIN32_FIND_DATAA* entry);
+BOOL FindClose(HANDLE search);
+
+// By the zone's present distance from UTC, summer or winter, whatever the time, as Windows does.
+BOOL FileTimeToLocalFileTime(FILETIME const* time, FILETIME* local);
+BOOL FileTimeToSystemTime(FILETIME const* time, SYSTEMTIME* calendar);
+
+namespace kvarn {
+
+// Whether FindFirstFile finds a name by the last part of a pattern.
+bool MatchesWildcards(char const* pattern, char const* name);
+
+} // namespace kvarn
