@@ -4,6 +4,7 @@
 
 #include "core/list0.h"
 #include "core/message.h"
+#include "core/registry.h"
 #include "geodata/vag2.h"
 #include "geodata/vaglinje.h"
 #include "kvarnfiles/kvarncfg.h"

@@ -304,7 +304,7 @@ Rewritten Rewrite(char const* path, std::string_view content, char const* beside
         return RewriteFile(path, content); // another program has made it in the meantime
     }
     Rewritten const inPlace = WriteInPlace(path, content);
-    if (inPlace != Rewritten::done) {
+    if (inPlace == Rewritten::failed) {
         beside.Keep(); // the only whole copy of the new content
     }
     return inPlace;

@@ -18,8 +18,10 @@
 #include <windows.h>
 #else
 #include "win32/files.h"
+#include "win32/gdi.h"
 #include "win32/process.h"
 #include "win32/profile.h"
+#include "win32/registry.h"
 #include "win32/resources.h"
 #include "win32/search.h"
 #include "win32/types.h"
@@ -29,5 +31,6 @@
 #include "afx/app.h"
 #include "afx/cstring.h"
 #include "afx/stdiofile.h"
+#include "afx/values.h"
 
 #endif

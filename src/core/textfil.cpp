@@ -1,6 +1,7 @@
 #include "textfil.h"
 
 #include <algorithm>
+#include <new>
 
 #include "text.h"
 
@@ -48,6 +49,17 @@ bool TextReader::Refill() {
     return !m_window.empty();
 }
 
+// A text that is too long for the memory is one that cannot be read.
+bool TextReader::Keep(std::string& text, std::string_view part) {
+    try {
+        text.append(part);
+    } catch (std::bad_alloc const&) {
+        m_failed = m_ended = true;
+        m_window = {};
+    }
+    return !m_failed;
+}
+
 // The next line up to its LF, or the last one without; the CR before the LF is taken off.
 bool TextReader::RawLine(std::string_view& line) {
     m_long.clear();
@@ -56,13 +68,15 @@ bool TextReader::RawLine(std::string_view& line) {
         std::size_t const feed = m_window.find('\n');
         std::string_view const part = m_window.substr(0, feed);
         any = true;
+        if ((feed == std::string_view::npos || !m_long.empty()) && !Keep(m_long, part)) {
+            break;
+        }
         if (feed == std::string_view::npos) {
-            m_long.append(part);
             m_window = {};
             continue;
         }
         m_window.remove_prefix(feed + 1);
-        line = m_long.empty() ? part : m_long.append(part);
+        line = m_long.empty() ? part : m_long;
         line.remove_suffix(line.ends_with('\r') ? 1 : 0);
         return true;
     }
@@ -94,8 +108,7 @@ bool TextReader::ReadLine(char* line, std::size_t size) {
 }
 
 bool TextReader::ReadRest(std::string& text) {
-    while (!m_window.empty() || Refill()) {
-        text.append(m_window);
+    while ((!m_window.empty() || Refill()) && Keep(text, m_window)) {
         m_window = {};
     }
     return !m_failed;

@@ -26,7 +26,7 @@ class TextReader {
     bool IsOpen() const { return m_open; }
     // True when there is no such file, or no such folder: it is not open then.
     bool Missing() const { return m_missing; }
-    // True when a read failed: what was delivered is then not all of the file.
+    // True when a read failed, or memory is out: what was delivered is then not all of the file.
     bool Failed() const { return m_failed; }
 
     // The next line without its end, valid until the next call; false at the end of the file and
@@ -42,6 +42,7 @@ class TextReader {
 
   private:
     bool Refill();
+    bool Keep(std::string& text, std::string_view part);
     bool RawLine(std::string_view& line);
 
     HANDLE m_file = INVALID_HANDLE_VALUE;

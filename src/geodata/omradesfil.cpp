@@ -29,14 +29,13 @@ bool LasTva(std::string_view rad, double& forsta, double& andra) {
 bool LasEgnaRader(char const* path, std::string& rader) {
     kvarn::TextReader fil(path);
     if (fil.Missing()) {
-        rader += "*\r\n*\r\n";
+        kvarn::AppendTextMode(rader, "*\n*\n");
         return true;
     }
     std::string_view rad;
     for (int stjarnor = 0; stjarnor < stjarnrader && fil.ReadLine(rad);) {
         stjarnor += rad.starts_with(stjarna) ? 1 : 0;
-        rader += rad;
-        rader += "\r\n";
+        kvarn::AppendTextMode(rader.append(rad), "\n");
     }
     return fil.IsOpen() && !fil.Failed();
 }

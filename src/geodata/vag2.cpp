@@ -14,15 +14,12 @@ constexpr char stjarna = '*';
 
 // A plan or a profile, by the header and, where that does not tell, by the first two lines.
 std::int32_t Slag(kvarn::Vaghuvud const& huvud, std::string_view andraRaden) {
-    constexpr int vertex = 4;
-    constexpr int medTyp = 5;
     constexpr double lika = 0.1; // metres, between the two stations of a profile's vertex
-    if (huvud.antal == medTyp &&
-        (huvud.typ == kvarn::vagtypPlan || huvud.typ == kvarn::vagtypProfil)) {
+    if (huvud.HarTyp() && (huvud.typ == kvarn::vagtypPlan || huvud.typ == kvarn::vagtypProfil)) {
         return huvud.typ;
     }
     kovltype andra{};
-    bool const profil = huvud.antal >= vertex && std::fabs(huvud.y - huvud.sektion) <= lika &&
+    bool const profil = huvud.HarVertex() && std::fabs(huvud.y - huvud.sektion) <= lika &&
                         kvarn::LasVertex(andraRaden, andra) &&
                         std::fabs(andra.y - andra.sektion) < lika;
     return profil ? kvarn::vagtypProfil : kvarn::vagtypPlan;
@@ -46,10 +43,10 @@ void LasProfildel(kvarn::TextReader& rader, CVaglinje& profil) {
 
 void SkrivProfildel(std::string& ut, CVaglinje& profil) {
     bool finns = profil.Home() == 0;
-    ut += finns ? "*\r\nProfil\r\n*\r\n" : "";
+    kvarn::AppendTextMode(ut, finns ? "*\nProfil\n*\n" : "");
     for (; finns; finns = profil++ != nullptr) {
         kovltype const& v = *profil.Get_aktel();
-        ut += kvarn::Format("%.4lf %.4lf %.4lf\r\n", v.x, v.y, v.bulge);
+        kvarn::AppendTextMode(ut, kvarn::Format("%.4lf %.4lf %.4lf\n", v.x, v.y, v.bulge));
     }
 }
 

@@ -18,9 +18,9 @@ class KVARNPROG_API CVag2 {
     // The file is a road-line file (CVaglinje::Init), of a plan or of a profile; a plan may be
     // followed by a profile, after the three lines "*", "Profil" and "*", with three numbers a
     // line: height, station and bulge. The header's type, 1 or 10, tells which it is; without one
-    // it is a profile when the second and the fourth number of the first two lines are equal to
-    // 0.1 (both are stations there). Fills filnamn (from a path with a backslash) and namn, and
-    // resets both lines' areas.
+    // it is a profile when the second and the fourth number agree to 0.1 in both of the first two
+    // lines (they are the station there). Fills filnamn (from a path with a backslash) and namn,
+    // and resets both lines' areas.
     //
     // Bad lines are reported as by CVaglinje and skipped. Surprising and meant so: in the part
     // after the stars they are kept while the first character in MessageBuffer is a star, with the
@@ -31,15 +31,18 @@ class KVARNPROG_API CVag2 {
     int Init(char const* path);
     int Init(CString path);
 
-    // Writes the road file; a profile without a plan as a road-line file with the road's name. The
-    // file holds the old content or the new, never a half. Results and messages are those of
-    // CVaglinje::Uppdat.
+    // Writes the road file, with the road's name and the plan's type in its header (plan.namn is
+    // not looked at); a profile without a plan as a road-line file of its own, after the road's
+    // name was copied to profil.namn. The file holds the old content or the new, never a half.
+    // Results and messages are those of CVaglinje::Uppdat.
     int Uppdat(char const* path);
     int Uppdat(CString path);
 
-    // Reads the project's area file, project->m_kvarnVl, and then the road file that it names, in
-    // the folder project->m_kvarnDbf. The area file is text, lines of at most 255 characters; what
-    // stands before the second line that begins with a star, and after the last of these, is free:
+    // Reads the project's area file, project->m_kvarnVl, and then, by Init, the road file that it
+    // names, in the folder project->m_kvarnDbf. The area file is text, lines of at most 255
+    // characters: the user's own lines, up to the second that begins with a star, then the road
+    // file's name, the stations and the offsets; what follows is free. (A line that begins with a
+    // star instead of one of the three is taken for it.)
     //
     //     * Area of the road, 2024
     //     *
@@ -52,14 +55,15 @@ class KVARNPROG_API CVag2 {
     // with the message of Init for the road file.
     int ReadOmr(CProjPath* project);
 
-    // Writes filnamn and the area to the project's area file; what stands there up to the second
-    // line that begins with a star is kept, a new file begins with two such lines. A file with
-    // fewer keeps all its lines.
+    // Writes filnamn and the area, with three decimals, to the project's area file; what stands
+    // there up to the second line that begins with a star is kept, a new file begins with two such
+    // lines. A file with fewer of them keeps all its lines and is not an area file afterwards
+    // either: ReadOmr refuses it until the stars are put in.
     //
     // The new content is written to "vl.tmp" in the data folder, which then takes the area file's
     // place in one step. -1 when that file cannot be made (another one of that name is waited for
-    // half a second, and then overwritten), when the area file is there but cannot be read, and
-    // when a write fails: the area file then keeps its old content.
+    // half a second, and then overwritten), when the area file is there but cannot be read or not
+    // be opened for writing, and when a write fails: the area file then keeps its old content.
     int SaveOmr(CProjPath* project);
 
     CVaglinje plan;
@@ -72,5 +76,5 @@ class KVARNPROG_API CVag2 {
     char namn[256]; // in the road file's header
 
   private:
-    CString m_ejLast; // a file that could not be read to its end
+    CString m_ejLast; // a file that is there and could not be opened or not be read to its end
 };

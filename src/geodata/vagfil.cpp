@@ -35,15 +35,12 @@ bool LasVertex(std::string_view rad, kovltype& vertex) {
 }
 
 void SkrivVaglinje(std::string& ut, CVaglinje& linje, std::string_view namn) {
-    bool huvud = true;
+    std::string slut = Format(" %d $%s\n", linje.typ, namn); // of the first line
     for (bool finns = linje.Home() == 0; finns; finns = linje++ != nullptr) {
         kovltype const& v = *linje.Get_aktel();
         ut += Format("%.4lf %.4lf %.4lf %.4lf", v.x, v.y, v.bulge, v.sektion);
-        if (huvud) {
-            AppendTextMode(ut, Format(" %d $%s", linje.typ, namn));
-            huvud = false;
-        }
-        ut += "\r\n";
+        AppendTextMode(ut, slut);
+        slut = "\n";
     }
 }
 

@@ -20,6 +20,9 @@ struct Vaghuvud {
     double sektion;
     std::int32_t typ;
     std::string namn; // after the dollar sign; empty without one
+
+    bool HarVertex() const { return antal >= 4; }
+    bool HarTyp() const { return antal == 5; }
 };
 
 // Letters of the DOS code page are converted.

@@ -10,7 +10,7 @@ constexpr double ingenKoordinat = 999999.9;
 constexpr double tolerans = 0.0001; // metres along the line
 
 // The value at a station between two that are known at the ends of a segment.
-double Mellan(double fran, double till, double sektion, kovltype const& p, kovltype const& q) {
+double Interpolera(double fran, double till, double sektion, kovltype const& p, kovltype const& q) {
     return fran + (sektion - p.sektion) * (till - fran) / (q.sektion - p.sektion);
 }
 
@@ -30,14 +30,14 @@ kvarn::Punkt PunktPaBage(kovltype const& p, kovltype const& q, double sektion, d
         (medurs ? fran : till) -= kvarn::twoPi;
     }
     double const radie = cirkel.radie + (medurs ? offset : -offset);
-    double const vinkel = Mellan(fran, till, sektion, p, q);
+    double const vinkel = Interpolera(fran, till, sektion, p, q);
     return {cirkel.mitt.x + radie * std::sin(vinkel), cirkel.mitt.y + radie * std::cos(vinkel)};
 }
 
 kvarn::Punkt PunktPaStracka(kovltype const& p, kovltype const& q, double sektion, double offset) {
     double const vinkel = std::atan2(p.x - q.x, q.y - p.y) - kvarn::halfPi;
-    return {Mellan(p.x, q.x, sektion, p, q) + std::sin(vinkel) * offset,
-            Mellan(p.y, q.y, sektion, p, q) - std::cos(vinkel) * offset};
+    return {Interpolera(p.x, q.x, sektion, p, q) + std::sin(vinkel) * offset,
+            Interpolera(p.y, q.y, sektion, p, q) - std::cos(vinkel) * offset};
 }
 
 // In a vertical curve the height stands where a plan has x, and the station where it has y.
@@ -50,7 +50,7 @@ double HojdIKurva(kovltype const& p, kovltype const& q, double sektion) {
     kvarn::Punkt const motP = fran - cirkel.mitt;
     kvarn::Punkt const motQ = till - cirkel.mitt;
     double const vinkel =
-        Mellan(std::atan2(motP.x, motP.y), std::atan2(motQ.x, motQ.y), sektion, p, q);
+        Interpolera(std::atan2(motP.x, motP.y), std::atan2(motQ.x, motQ.y), sektion, p, q);
     return cirkel.mitt.x + cirkel.radie * std::sin(vinkel);
 }
 
@@ -176,6 +176,6 @@ int CVaglinje::Vagprofz(double sektion, double* z) {
     StallSegment(fran, till, position);
     kovltype const& p = fran->post;
     kovltype const& q = till->post;
-    *z = kvarn::ArBage(p.bulge) ? HojdIKurva(p, q, sektion) : Mellan(p.x, q.x, sektion, p, q);
+    *z = kvarn::ArBage(p.bulge) ? HojdIKurva(p, q, sektion) : Interpolera(p.x, q.x, sektion, p, q);
     return 0;
 }

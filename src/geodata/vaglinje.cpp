@@ -22,6 +22,7 @@ void CVaglinje::Tom() {
 int CVaglinje::Init(char const* path) {
     Tom();
     if (path == nullptr) {
+        m_ejLast = "";
         return 0;
     }
     std::string text;
@@ -33,9 +34,8 @@ int CVaglinje::Init(char const* path) {
     std::string_view rad;
     for (bool forsta = true; rader.ReadLine(rad); forsta = false) {
         if (forsta) {
-            constexpr int medTyp = 5;
             kvarn::Vaghuvud const huvud = kvarn::LasVaghuvud(rad);
-            typ = huvud.antal == medTyp ? huvud.typ : typ;
+            typ = huvud.HarTyp() ? huvud.typ : typ;
             kvarn::CopyText(namn, sizeof namn, huvud.namn);
         }
         kovltype vertex{};

@@ -56,7 +56,8 @@ constexpr std::int32_t vagtypProfil = 10;
 //
 // Results are 0 for success and -1 for failure where nothing else is said. Pointers for results are
 // not null where nothing else is said. A line of type 10 (a profile) is refused with -1 by every
-// plan operation, an empty line by all but Extend with nothing to add and SektBerak.
+// plan operation but Bulge_r; an empty line by those that look at its vertices, but for Extend with
+// nothing to add and SektBerak.
 //
 // Operations that walk the line leave the current element and the mark where the walk ended:
 // position the list before list work of your own.
@@ -81,7 +82,8 @@ class KVARNPROG_API CVaglinje : public list0<kovltype> {
     //
     // Fills typ (kept when the header has none), namn (letters of the DOS code page converted; cut
     // before a second dollar sign and at 255 characters; empty without a dollar sign) and, from a
-    // path with a backslash, filnamn. The area stays as it was: call Reset.
+    // path with a backslash, filnamn. An empty file has no header: typ and namn stay. The area
+    // stays as it was: call Reset.
     //
     // A line without four numbers, a blank one too, is skipped: "Fel rad : %s" becomes the text of
     // LastMessage and the line is shown in the status bar.
@@ -94,11 +96,13 @@ class KVARNPROG_API CVaglinje : public list0<kovltype> {
 
     // Writes the line in the form that Init reads, four decimals each, code page 1252 (letters are
     // not converted back to the DOS code page). An empty line gives an empty file. The file holds
-    // the old content or the new, never a half.
+    // the old content or the new, never a half. Four decimals are few for a bulge: over a chord of
+    // 100 m the arc may move by 2.5 mm, and a bulge below 0.00005 becomes straight.
     //
-    // -1 with the message of Init for a file that cannot be opened for writing, and for one that
-    // Init could not read to its end: it is not overwritten from that. -1 without a message when a
-    // write fails, on a full disk for one; the file then keeps its old content.
+    // -1 with the message of Init for a file that cannot be opened for writing (null counts as the
+    // empty path), and for one that is there and Init could not open or not read to its end: it is
+    // not overwritten from that until another Init. -1 without a message when a write fails, on a
+    // full disk for one; the file then keeps its old content.
     int Uppdat(char const* path);
     int Uppdat(CString path);
 
@@ -126,7 +130,8 @@ class KVARNPROG_API CVaglinje : public list0<kovltype> {
     // meant so: within 0.00001 m of a quadrant's edge a direction counts as the quadrant's first
     // one, and straight along the y axis from the centre it is no number. An arc with an end on
     // such an axis (a quarter circle between straights parallel to the axes, for one) may so miss
-    // points beside it, wholly or partly, and accept points beside which it does not lie.
+    // points beside it, wholly or partly, and accept points beside which it does not lie. Near such
+    // an axis the distance along a large arc is good to 0.02 mm only.
     // Source of the pseudo-angle: tan(a / 2) = (sqrt(t * t + 1) - 1) / t with t = tan(a).
     int Padist(kovltype* p1, kovltype* p2, double px, double py, double* along, double* offset);
 
@@ -134,9 +139,11 @@ class KVARNPROG_API CVaglinje : public list0<kovltype> {
     // are taken as they come; for the direction of turning above, give each point as (y, x), and
     // the centre comes as (y, x). Coincident points give nan.
     //
-    // mode 0: the bulge of p1 from *radius, negative when it turns the other way. A radius shorter
-    // than half the chord, and coincident points, give the bulge 0 and a text that begins with
-    // "Fel (bulge->radie) radie:" in the status bar; the centre is neither read nor written.
+    // mode 0: the bulge of p1 from *radius, of an arc up to a half circle. A positive radius gives
+    // a negative bulge, and a negative one a positive: mode 1 gives the radius without its sign, so
+    // the two are no inverses of each other. A radius shorter than half the chord, and coincident
+    // points, give the bulge 0 and a text that begins with "Fel (bulge->radie) radie:" in the
+    // status bar; the centre is neither read nor written.
     //
     // Returns 0, for every type of line.
     int Bulge_r(kokotype* p1, kokotype* p2, double* radius, double* centreA, double* centreB,
@@ -145,8 +152,9 @@ class KVARNPROG_API CVaglinje : public list0<kovltype> {
     // The point at a station and an offset. -1 with both coordinates 999999.9 for a line of one
     // vertex and for a station 0.0001 or more outside the line.
     //
-    // An arc beyond a half circle (a bulge beyond 1) is followed the other way round, on the rest
-    // of its circle.
+    // An arc beyond a half circle (a bulge beyond 1 in size) is followed the other way round, on
+    // the rest of its circle, and so is an exact half circle that does not cross the bearing zero
+    // (straight along the y axis from its centre).
     int Vag2xy(double sektion, double offset, double* x, double* y);
 
     // The height of a profile at a station. -1 with the height 999999.9 for a plan line (type 1;
@@ -154,20 +162,26 @@ class KVARNPROG_API CVaglinje : public list0<kovltype> {
     // last station itself has no height, unlike the end of Vag2xy.
     //
     // In a vertical curve the angle is interpolated by station: exact at the curve's ends alone,
-    // near enough between them where it is flat.
+    // near enough between them where it is flat. A station that is no number gives no number.
     int Vagprofz(double sektion, double* z);
 
-    // Station and offset of a point: the nearest of its feet on the segments, or the nearest inner
-    // vertex where that is nearer (beside a corner, where no foot falls on a segment). -1 where
-    // there is neither; the station is then Seknoll and the offset 0. Of equal offsets the first
-    // counts. Segments shorter than 0.01 m and more than 1e9 m away are not seen.
+    // Station and offset of a point: the nearest of its feet on the segments, or the nearest
+    // vertex where that is nearer (beside a corner, where no foot falls on a segment) and neither
+    // the first nor the last. -1 where there is neither; the station is then Seknoll and the offset
+    // 0. Of equal offsets the first counts. Straight segments shorter than 0.01 m are not seen. A
+    // foot more than 1e9 m away gives -1 too. A foot may lie beyond the end of a straight by 0.0001
+    // of its length, and so outside the line.
     //
-    // mode 0: all of the line, then the vertices. 1: from a start that is guessed from the distance
-    // to the line's first vertex, until one segment after the first foot; then the vertices, from
-    // the guessed start, only if there was no foot. Other modes: all of the line, no vertices.
+    // mode 0: all of the line, then the vertices. 1: from a guessed start, two vertices before the
+    // end of the segment that lies as far along the line as the point lies from its first vertex,
+    // until one segment after the first foot; then the vertices from there on, only if there was no
+    // foot. What lies before the guessed start is not seen: with offsets much larger than the
+    // segments, and on lines that turn back, the answer is then a later foot or vertex. Other
+    // modes: all of the line, no vertices.
     //
     // Surprising and meant so: on a line whose stations decrease a segment's offset has the
-    // opposite sign to Vag2xy, a vertex's has not. A vertex's sign is that of the side of the
+    // opposite sign to Vag2xy, a vertex's has not; straight out from a vertex, where foot and
+    // vertex are equally far, rounding decides which. A vertex's sign is that of the side of the
     // segment before it, taken as straight; positive where that is shorter than 0.01 m.
     int Vagstv(double x, double y, double* sektion, double* offset, int mode);
 
@@ -218,12 +232,12 @@ class KVARNPROG_API CVaglinje : public list0<kovltype> {
     // Marks the vertex at which the segment with that station begins and makes its end current.
     int SokSegment(double sektion);
     // Makes the first vertex that a narrowed search looks at current.
-    void SokStart(double x, double y);
-    // Look from the current element to the end of the line.
-    Traff SokFot(double x, double y, int mode);
-    Traff SokHorn(double x, double y);
-    int ForlangBorjan(double langd);
-    int ForlangSlut(double langd);
+    nod* SokStart(double x, double y);
+    // Look from a vertex, the current one for a foot, to the end of the line.
+    Traff SokFot(nod* fran, double x, double y, int mode);
+    Traff SokHorn(nod* fran, double x, double y);
+    // Adds a vertex beyond an end; inat is 1 where stations grow inwards, -1 where they fall.
+    int Forlang(kovltype const& ande, double inat, double langd, int var);
 
-    CString m_ejLast; // a file that could not be read to its end
+    CString m_ejLast; // a file that is there and could not be opened or not be read to its end
 };

@@ -51,49 +51,37 @@ int CVaglinje::SektBerak(double start) {
     return 0;
 }
 
-int CVaglinje::ForlangBorjan(double langd) {
-    if (Home() != 0) {
-        return -1;
-    }
-    kovltype const forsta = *m_aktpost;
+int CVaglinje::Forlang(kovltype const& ande, double inat, double langd, int var) {
     kvarn::Punkt inre{};
-    if (Vag2xy(forsta.sektion + inpa, 0, &inre.x, &inre.y) != 0) {
+    if (Vag2xy(ande.sektion + inat * inpa, 0, &inre.x, &inre.y) != 0) {
         return -1;
     }
-    kvarn::Punkt const inat = inre - kvarn::Punkt{forsta.x, forsta.y};
-    double const steg = kvarn::Langd(inat);
-    if (!(steg > 0)) {
-        return -1;
-    }
-    kovltype ny = {inre.x - langd * (inat.x / steg), inre.y - langd * (inat.y / steg), 0,
-                   forsta.sektion - langd};
-    Home();
-    return Ny(0, &ny);
-}
-
-int CVaglinje::ForlangSlut(double langd) {
-    if (End() != 0) {
-        return -1;
-    }
-    m_aktpost->bulge = 0;
-    kovltype const sista = *m_aktpost;
-    kvarn::Punkt inre{};
-    if (Vag2xy(sista.sektion - inpa, 0, &inre.x, &inre.y) != 0) {
-        return -1;
-    }
-    kvarn::Punkt const utat = kvarn::Punkt{sista.x, sista.y} - inre;
+    kvarn::Punkt const utat = kvarn::Punkt{ande.x, ande.y} - inre;
     double const steg = kvarn::Langd(utat);
     if (!(steg > 0)) {
         return -1;
     }
     kovltype ny = {inre.x + langd * (utat.x / steg), inre.y + langd * (utat.y / steg), 0,
-                   sista.sektion + langd};
-    return Ny(1, &ny);
+                   ande.sektion - inat * langd};
+    Home();
+    return Ny(var, &ny);
 }
 
 int CVaglinje::Extend(double before, double after) {
-    if (typ == kvarn::vagtypProfil || (before > 0 && ForlangBorjan(before) != 0)) {
+    constexpr int fore = 0; // as Ny takes them
+    constexpr int sist = 1;
+    if (typ == kvarn::vagtypProfil) {
         return -1;
     }
-    return after > 0 ? ForlangSlut(after) : 0;
+    if (before > 0 && (Home() != 0 || Forlang(*m_aktpost, 1, before, fore) != 0)) {
+        return -1;
+    }
+    if (!(after > 0)) {
+        return 0;
+    }
+    if (End() != 0) {
+        return -1;
+    }
+    m_aktpost->bulge = 0;
+    return Forlang(*m_aktpost, -1, after, sist);
 }

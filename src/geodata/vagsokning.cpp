@@ -41,20 +41,20 @@ bool PaNegativSida(kovltype const& p, kovltype const& q, double x, double y) {
 } // namespace
 
 // Two vertices before the end of the segment that lies as far along the line as the point lies
-// from the line's start: on a line without detours the point's foot cannot lie before it.
-void CVaglinje::SokStart(double x, double y) {
+// from the line's start: the point's foot seldom lies before it.
+CVaglinje::nod* CVaglinje::SokStart(double x, double y) {
     kovltype const& forsta = m_forsta->post;
     double const rakaVagen = kvarn::Langd({x - forsta.x, y - forsta.y});
     SokSegment(forsta.sektion + rakaVagen);
     (*this)--;
     (*this)--;
+    return aktel;
 }
 
-CVaglinje::Traff CVaglinje::SokFot(double x, double y, int mode) {
+CVaglinje::Traff CVaglinje::SokFot(nod* fran, double x, double y, int mode) {
     double const tecken = Vaxande() ? 1 : -1;
     Traff basta = {Seknoll, 0, langtBort};
     bool funnen = false;
-    nod* fran = aktel;
     int position = m_position;
     for (nod* till = fran->nasta; till != nullptr; till = till->nasta) {
         kvarn::Bagfot const fot = FotPaSegment(fran->post, till->post, x, y);
@@ -73,10 +73,10 @@ CVaglinje::Traff CVaglinje::SokFot(double x, double y, int mode) {
 }
 
 // An inner vertex, which alone counts: the line's ends are only in the way of others.
-CVaglinje::Traff CVaglinje::SokHorn(double x, double y) {
+CVaglinje::Traff CVaglinje::SokHorn(nod* fran, double x, double y) {
     nod* narmast = nullptr;
     double avstand = langtBort;
-    for (nod* n = aktel; n != nullptr; n = n->nasta) {
+    for (nod* n = fran; n != nullptr; n = n->nasta) {
         double const d = kvarn::Langd({n->post.x - x, n->post.y - y});
         if (d < avstand) {
             avstand = d;
@@ -97,16 +97,12 @@ int CVaglinje::Vagstv(double x, double y, double* sektion, double* offset, int m
     if (typ == kvarn::vagtypProfil || Home() != 0) {
         return -1;
     }
-    if (mode == avgransat) {
-        SokStart(x, y);
-    }
-    nod* const borjan = aktel;
-    Traff const fot = SokFot(x, y, mode);
+    nod* const borjan = mode == avgransat ? SokStart(x, y) : m_forsta;
+    Traff const fot = SokFot(borjan, x, y, mode);
     *sektion = fot.sektion;
     *offset = fot.offset;
-    if (mode == helaMedHorn || (mode == avgransat && !(fot.sektion < Sekkoll))) {
-        aktel = borjan;
-        Traff const horn = SokHorn(x, y);
+    if (mode == helaMedHorn || (mode == avgransat && fot.sektion > Sekkoll)) {
+        Traff const horn = SokHorn(borjan, x, y);
         if (horn.avstand < fot.avstand) {
             *sektion = horn.sektion;
             *offset = horn.offset;

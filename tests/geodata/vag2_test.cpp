@@ -112,6 +112,7 @@ TEST_F(Vag2Test, AProfileWithoutAPlanIsWrittenAsARoadLine) {
     std::strcpy(vag.namn, "P");
     EXPECT_EQ(vag.Uppdat(Api("fil").c_str()), 0);
     EXPECT_EQ(Read("fil"), "");
+    EXPECT_STREQ(vag.profil.namn, ""); // only a profile that is written gets the name
     Append(vag.profil, {{5, 6, 0, 6}, {7, 8, 0, 8}});
     EXPECT_EQ(vag.Uppdat(Api("fil").c_str()), 0);
     EXPECT_EQ(Read("fil"), "5.0000 6.0000 0.0000 6.0000 10 $P\r\n7.0000 8.0000 0.0000 8.0000\r\n");
@@ -148,6 +149,7 @@ TEST_F(Vag2Test, TheAreaFileNamesTheRoadItsStationsAndItsOffsets) {
         {"*\r\n*\r\n27.vl\r\n1 2\r\n", -1, {1, 2, -30, 30}},
         {"*\r\n*\r\n\r\n1 2\r\n-3 4\r\n", -1, {1, 2, -3, 4}}, // no name
         {"*\r\n27.vl\r\n1 2\r\n-3 4\r\n", -1, {0, 0, -30, 30}},
+        {"*\r\n*\r\n27.vl\r\n*\r\n-3 4\r\n", 0, {0, 0, -3, 4}}, // a star in a line's place
         {"", -1, {0, 0, -30, 30}},
     };
     CVag2 vag;

@@ -58,6 +58,9 @@ TEST(Vag2xy, TheEndsAreTolerantAndWhatLiesBeyondFails) {
         {{{10 * sin60, 5, -tan30, 40}, {-10 * sin60, 5, 0, 0}}, 20, 2, 0, 0, 8},
         // Beyond a half circle the other arc is followed.
         {{{0, 10, -3, 0}, {10, 0, 0, 1}}, 0.5, 0, 0, 20.0 / 3, 20.0 / 3},
+        // An exact half circle goes over the bearing zero, whichever side it bows to.
+        {{{8, 6, 1, 0}, {-8, -6, 0, 30}}, 15, 0, 0, -6, 8},
+        {{{8, 6, -1, 0}, {-8, -6, 0, 30}}, 15, 0, 0, -6, 8},
         // Coincident vertices of a straight have no direction but a place.
         {{{1, 2, 0, 0}, {1, 2, 0, 10}}, 5, 3, 0, -2, 2},
     };
@@ -89,6 +92,8 @@ TEST(Vagprofz, TheFirstStationHasAHeightAndTheLastHasNone) {
         {profile, 299.9999999, 20, 10, 0},
         {profile, 300, noCoordinate, 10, -1},
         {profile, 150, noCoordinate, 1, -1},
+        // Too near for a chord: the height of the first.
+        {{{3, 0, 1, 0}, {3, 1e-200, 0, 1}}, 0, 3, 10, 0},
         {{{10, 100, 0, 100}}, 100, noCoordinate, 10, -1},
         {{}, 100, noCoordinate, 10, -1},
     };
@@ -124,13 +129,26 @@ TEST(Vagstv, ModesCornersAndSides) {
         {falling, 50, 5, 1, 0, 250, -5},
         {falling, 103, -4, 0, 0, 200, -5},
         // A segment of 9 mm is not seen; a vertex after it lies on the positive side.
-        {{{0, 0, 0, 0}, {100, 0, 0, 100}, {100.009, 0, 0, 100.009}, {100.009, -50, 0, 150}},
+        {{{0, 0, 0, 0}, {100, 0, 0, 100}, {100.009, 0, 0, 100.009}, {100.009, 50, 0, 150}},
          101,
-         3,
+         -3,
          0,
          0,
          100.009,
          std::hypot(0.991, 3)},
+        {{{0, 0, 0, 0}, {0.0101, 0, 0, 0.0101}}, 0.005, 3, 2, 0, 0.005, 3}, // one of 1 cm is
+        // The last vertex is nearer than the inner one, and none is given.
+        {{{0, 0, 0, 0}, {10, 0, 0, 10}, {20, 0, 0, 20}}, 23, 1, 0, -1, CVaglinje::Seknoll, 0},
+        // Mode 1 is content with a foot, though a vertex is nearer; without one it looks at the
+        // vertices, from its start on.
+        {{{0, 0, 0, 0}, {30, 0, 0, 30}, {30, 3, 0, 33}, {0, 3, 0, 63}}, 40, 1, 1, 0, 31, -10},
+        {{{0, 9, 0, 0}, {0, 0, 0, 9}, {10, 0, 0, 19}, {10, 10, 0, 29}},
+         11,
+         -1,
+         1,
+         0,
+         19,
+         -std::sqrt(2.0)},
         // From 95 m the narrowed search begins two vertices before it and finds nothing nearer.
         {{{0, 0, 0, 0},
           {10, 0, 0, 10},
@@ -173,6 +191,8 @@ TEST(PktIomr, TheAreasLimitsBelongToIt) {
     EXPECT_EQ(line.PktIomr(50, 30, nullptr, nullptr, 0), 0);
     EXPECT_EQ(line.PktIomr(-0.0005, -30, &station, &offset, 0), 0);
     EXPECT_EQ(offset, -30);
+    EXPECT_EQ(line.PktIomr(100, 100.0005, &station, &offset, 0), 0);
+    EXPECT_EQ(line.PktIomr(100, 100.002, &station, &offset, 0), -1);
     line.omrAvstMin = std::nan("");
     EXPECT_EQ(line.PktIomr(50, 30, nullptr, nullptr, 0), -1);
 }
@@ -213,6 +233,7 @@ TEST(Padist, DirectionsAlongAQuadrantsEdge) {
         {1, -10, 0, 2, unwritten, unwritten}, // counts as south, though it lies beside the arc
         // East counts as north, from which the arc is far.
         {1, 10, 0, 1, 5 * (2 * M_PI - (M_PI + std::atan(0.75))), 5},
+        {1, 9, 2e-5, 2, unwritten, unwritten}, // beyond 0.01 mm it has its own direction
         {-1, 0, -10, 1, 5 * (M_PI / 2 + std::atan(0.75) - 0), -5}, // south counts as east
     };
     kovltype from = {-3, -4, 0, 0};
@@ -296,6 +317,8 @@ TEST(Extend, TheNewFirstVertexIsMeasuredFromHalfAMetreInside) {
         {falling, 10, 0, -1, falling},
         {{{0, 0, 0, 0}, {0.3, 0, 0.5, 0.3}}, 5, 5, -1, {{0, 0, 0, 0}, {0.3, 0, 0.5, 0.3}}},
         {{{0, 0, 0, 0}, {0.3, 0, 0.5, 0.3}}, 0, 5, -1, {{0, 0, 0, 0}, {0.3, 0, 0, 0.3}}},
+        {{{1, 2, 0, 0}, {1, 2, 0, 9}}, 5, 0, -1, {{1, 2, 0, 0}, {1, 2, 0, 9}}}, // no direction
+        {{{1, 2, 0, 0}, {1, 2, 0, 9}}, 0, 5, -1, {{1, 2, 0, 0}, {1, 2, 0, 9}}},
         {{}, 0, 0, 0, {}},
         {{}, 1, 0, -1, {}},
         {{}, 0, 1, -1, {}},

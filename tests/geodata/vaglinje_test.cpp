@@ -120,10 +120,14 @@ TEST_F(VaglinjeTest, WhatCannotBeWrittenStaysAsItIs) {
         EXPECT_EQ(linje.Uppdat(path.c_str()), -1);
         EXPECT_EQ(Boxes::Shown().back(), CannotOpen(path));
     }
+    EXPECT_EQ(linje.Uppdat(static_cast<char const*>(nullptr)), -1);
     EXPECT_EQ(VerticesOf(linje), (Vertices{{1, 2, 3, 4}}));
 #if !defined(_WIN32)
     // A file that breaks off while it is read is not overwritten from that.
     m_folder.Write("hel", "1 2 3 4\r\n");
+    std::filesystem::create_symlink(m_folder / "saknas/fil", m_folder / "nowhere");
+    EXPECT_EQ(linje.Uppdat(m_folder.Api("nowhere").c_str()), -1);
+    EXPECT_EQ(m_folder.Names().size(), 3U); // and nothing is left beside it
     std::filesystem::create_symlink("/proc/self/mem", m_folder / "fil");
     EXPECT_EQ(linje.Init(m_folder.Api("fil").c_str()), -1);
     std::filesystem::remove(m_folder / "fil");

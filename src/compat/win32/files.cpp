@@ -56,6 +56,10 @@ BOOL Done(long hostResult) {
 // A host call on a path as it is spelt, which nearly always exists, and else on the one that is
 // found without regard to case.
 template <class Call> int OnPath(LPCSTR path, Call call) {
+    if (*path == '\0') {
+        errno = ENOTDIR; // "path not found", as Windows answers
+        return -1;
+    }
     std::string const spelt = kvarn::SpeltHostPath(path);
     int result = call(spelt.c_str());
     if (result < 0 && errno == ENOENT) {
@@ -121,8 +125,9 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*,
     auto const openIt = [flags](char const* hostPath) { return open(hostPath, flags, 0666); };
     // OPEN_ALWAYS shall not make a file beside one that differs in case alone. (CREATE_NEW may: it
     // spares a new file the listing of its folder.)
-    int const descriptor =
-        disposition == OPEN_ALWAYS ? openIt(HostPath(path).c_str()) : OnPath(path, openIt);
+    int const descriptor = disposition == OPEN_ALWAYS && *path != '\0'
+                               ? openIt(HostPath(path).c_str())
+                               : OnPath(path, openIt);
     if (!Done(descriptor)) {
         return INVALID_HANDLE_VALUE;
     }

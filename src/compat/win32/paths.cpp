@@ -124,4 +124,14 @@ std::string UserDataFolder() {
     return data.empty() ? Environment("HOME") + "/.local/share" : data;
 }
 
+std::string UserConfigFolder() {
+    std::string const config = Environment("XDG_CONFIG_HOME");
+    return config.empty() ? Environment("HOME") + "/.config" : config;
+}
+
+std::string RegistryFile() {
+    std::string const file = Environment("KVARNPROG_REGISTRY");
+    return file.empty() ? UserConfigFolder() + "/kvarnprog/registry.reg" : file;
+}
+
 } // namespace kvarn

@@ -24,7 +24,11 @@ std::string SpeltHostPath(std::string_view path);
 // A host path in code page 1252; nothing when it holds a letter outside it.
 std::optional<std::string> FromHostPath(std::string_view hostPath);
 
-// The folder where the host's programs keep data of the user's.
+// The folders where the host's programs keep the user's data, and configuration.
 std::string UserDataFolder();
+std::string UserConfigFolder();
+
+// The file that stands for the registry.
+std::string RegistryFile();
 
 } // namespace kvarn

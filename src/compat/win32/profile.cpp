@@ -11,6 +11,7 @@
 #include "files.h"
 #include "initext.h"
 #include "paths.h"
+#include "wholefile.h"
 
 namespace {
 
@@ -26,25 +27,6 @@ std::string FullPath(LPCSTR path) {
     return IsBare(name) ? std::string(windowsFolder) + "\\" + name : name;
 }
 
-// Nothing when the file cannot be opened or read to its end.
-std::optional<std::string> Contents(std::string const& path) {
-    HANDLE const file = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) {
-        return std::nullopt;
-    }
-    std::string text;
-    std::array<char, 4096> buffer{};
-    DWORD count = 0;
-    BOOL read = FALSE;
-    while ((read = ReadFile(file, buffer.data(), buffer.size(), &count, nullptr)) != FALSE &&
-           count > 0) {
-        text.append(buffer.data(), count);
-    }
-    CloseHandle(file);
-    return read != FALSE ? std::optional(text) : std::nullopt;
-}
-
 } // namespace
 
 DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR standard, LPSTR buffer,
@@ -53,7 +35,7 @@ DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR standard, LPST
         return 0;
     }
     std::string_view value = standard != nullptr ? standard : "";
-    std::string const ini = Contents(FullPath(path)).value_or("");
+    std::string const ini = kvarn::WholeFile(FullPath(path).c_str()).value_or("");
     if (section != nullptr && key != nullptr) {
         value = kvarn::IniValue(ini, section, key).value_or(value);
     }
@@ -69,7 +51,7 @@ BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR
     }
     std::string const target = FullPath(path);
     bool const exists = GetFileAttributesA(target.c_str()) != INVALID_FILE_ATTRIBUTES;
-    auto const old = Contents(target);
+    auto const old = kvarn::WholeFile(target.c_str());
     if (exists && !old) {
         return FALSE; // what cannot be read is not replaced
     }

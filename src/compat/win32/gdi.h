@@ -1,0 +1,51 @@
+// Points, rectangles, colours and fonts of Windows, for hosts that are not Windows. A font is the
+// description that it was made from.
+#pragma once
+
+#include "types.h"
+
+struct POINT {
+    LONG x;
+    LONG y;
+};
+struct SIZE {
+    LONG cx;
+    LONG cy;
+};
+struct RECT {
+    LONG left;
+    LONG top;
+    LONG right;
+    LONG bottom;
+};
+
+using COLORREF = DWORD;
+using BYTE = std::uint8_t;
+
+constexpr int LF_FACESIZE = 32;
+
+struct LOGFONTA {
+    LONG lfHeight;
+    LONG lfWidth;
+    LONG lfEscapement;
+    LONG lfOrientation;
+    LONG lfWeight;
+    BYTE lfItalic;
+    BYTE lfUnderline;
+    BYTE lfStrikeOut;
+    BYTE lfCharSet;
+    BYTE lfOutPrecision;
+    BYTE lfClipPrecision;
+    BYTE lfQuality;
+    BYTE lfPitchAndFamily;
+    char lfFaceName[LF_FACESIZE];
+};
+
+struct HFONT__;
+using HFONT = HFONT__*;
+using HGDIOBJ = void*;
+
+HFONT CreateFontIndirectA(LOGFONTA const* description);
+// Copies a font's description, `size` bytes of it. Returns the bytes copied, 0 without a font.
+int GetObjectA(HGDIOBJ object, int size, void* description);
+BOOL DeleteObject(HGDIOBJ object);

@@ -1,0 +1,13 @@
+// A file's whole content, for the stand-ins that keep settings in text files.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace kvarn {
+
+// Nothing when the file cannot be opened or read to its end; GetLastError tells why it could not be
+// opened. The path is one of the library's.
+std::optional<std::string> WholeFile(char const* path);
+
+} // namespace kvarn

@@ -1,0 +1,217 @@
+// The registry class, on the host's registry.
+#include <gtest/gtest.h>
+
+#include "core/registry.h"
+#include "support/child.h"
+#include "support/testfiles.h"
+
+namespace {
+
+char const* const path = "Software\\Kvarnprog test\\\xC5kern";
+
+class RegistryTest : public testing::Test {
+  protected:
+    RegistryTest() {
+        SetVariable("KVARNPROG_REGISTRY", (m_folder / "store.reg").string());
+        EXPECT_EQ(m_registry.SetKey(path, 1, KEY_ALL_ACCESS), 1);
+    }
+    ~RegistryTest() override {
+        CRegistry whole;
+        for (char const* key : {"\\below", ""}) {
+            EXPECT_EQ(whole.DeleteKey((std::string(path) + key).c_str()), 1);
+        }
+        EXPECT_EQ(whole.DeleteKey("Software\\Kvarnprog test"), 1);
+        SetVariable("KVARNPROG_REGISTRY", "");
+    }
+    // By the system's own calls.
+    void Store(char const* name, DWORD type, std::string_view bytes) {
+        HKEY key = nullptr;
+        ASSERT_EQ(RegOpenKeyExA(HKEY_CURRENT_USER, path, 0, KEY_WRITE, &key), 0);
+        ASSERT_EQ(RegSetValueExA(key, name, 0, type, reinterpret_cast<BYTE const*>(bytes.data()),
+                                 static_cast<DWORD>(bytes.size())),
+                  0);
+        RegCloseKey(key);
+    }
+    std::string Stored(char const* name) {
+        HKEY key = nullptr;
+        std::string bytes(1000, '?');
+        auto size = static_cast<DWORD>(bytes.size());
+        EXPECT_EQ(RegOpenKeyExA(HKEY_CURRENT_USER, path, 0, KEY_READ, &key), 0);
+        EXPECT_EQ(RegQueryValueExA(key, name, nullptr, nullptr,
+                                   reinterpret_cast<BYTE*>(bytes.data()), &size),
+                  0);
+        RegCloseKey(key);
+        return bytes.substr(0, size);
+    }
+
+    TestFolder m_folder;
+    CRegistry m_registry;
+};
+
+std::string Hex(std::string_view bytes) {
+    std::string hex;
+    for (char const c : bytes) {
+        constexpr char const* digits = "0123456789ABCDEF";
+        auto const byte = static_cast<unsigned char>(c);
+        hex += {digits[byte / 16], digits[byte % 16]};
+    }
+    return hex;
+}
+
+TEST_F(RegistryTest, EveryFormatIsStoredInItsLayoutAndReadsBack) {
+    CSize size(1, -2);
+    CPoint point(3, 256);
+    CRect rect(1, 2, 3, -1);
+    COleDateTime date(2.5);
+    date.SetStatus(COleDateTime::null);
+    EXPECT_EQ(m_registry.WriteString("text", "\xE5 b"), 1);
+    EXPECT_EQ(m_registry.WriteInt("int", -5), 1);
+    EXPECT_EQ(m_registry.WriteDword("dword", 0xFFFFFFFE), 1);
+    EXPECT_EQ(m_registry.WriteBool("bool", 1), 1);
+    EXPECT_EQ(m_registry.WriteColor("color", 0x00332211), 1);
+    EXPECT_EQ(m_registry.WriteFloat("float", -2.0), 1);
+    EXPECT_EQ(m_registry.WriteSize("size", &size), 1);
+    EXPECT_EQ(m_registry.WritePoint("point", &point), 1);
+    EXPECT_EQ(m_registry.WriteRect("rect", &rect), 1);
+    EXPECT_EQ(m_registry.WriteDateTime("date", date), 1);
+    struct {
+        char const* name;
+        DWORD type;
+        char const* hex;
+    } const cases[] = {
+        {"text", REG_SZ, "E5206200"},
+        {"int", REG_BINARY, "FBFFFFFF"},
+        {"dword", REG_BINARY, "FEFFFFFF"},
+        {"bool", REG_BINARY, "01000000"},
+        {"color", REG_BINARY, "11223300"},
+        {"float", REG_BINARY, "00000000000000C0"},
+        {"size", REG_BINARY, "01000000FEFFFFFF"},
+        {"point", REG_BINARY, "0300000000010000"},
+        {"rect", REG_BINARY, "010000000200000003000000FFFFFFFF"},
+        {"date", REG_BINARY, "00000000000004400200000000000000"},
+    };
+    for (auto const& c : cases) {
+        EXPECT_EQ(m_registry.GetDataType(c.name), c.type) << c.name;
+        EXPECT_EQ(m_registry.GetDataSize(c.name), static_cast<int>(std::string(c.hex).size() / 2));
+        EXPECT_EQ(Hex(Stored(c.name)), c.hex) << c.name;
+    }
+    EXPECT_EQ(m_registry.GetValueCount(), 10);
+    EXPECT_EQ(m_registry.ReadString("TEXT", ""), "\xE5 b");
+    EXPECT_EQ(m_registry.ReadInt("int", 0), -5);
+    EXPECT_EQ(m_registry.ReadDword("dword", 0), 0xFFFFFFFE);
+    EXPECT_EQ(m_registry.ReadBool("bool", 0), 1);
+    EXPECT_EQ(m_registry.ReadColor("color", 0), 0x00332211U);
+    EXPECT_EQ(m_registry.ReadFloat("float", 0), -2.0);
+    CSize readSize;
+    CPoint readPoint;
+    CRect readRect;
+    EXPECT_EQ(m_registry.ReadSize("size", &readSize), 1);
+    EXPECT_EQ(m_registry.ReadPoint("point", &readPoint), 1);
+    EXPECT_EQ(m_registry.ReadRect("rect", &readRect), 1);
+    EXPECT_TRUE(readSize == size && readPoint == point && readRect == rect);
+    COleDateTime const readDate = m_registry.ReadDateTime("date", COleDateTime());
+    EXPECT_EQ(readDate.m_dt, 2.5);
+    EXPECT_EQ(readDate.GetStatus(), COleDateTime::null);
+}
+
+TEST_F(RegistryTest, WhatIsMissingOrTooLongGivesTheDefault) {
+    Store("long", REG_BINARY, "123456789012345678901234567890");
+    Store("short", REG_BINARY, "\x07");
+    Store("dword", REG_DWORD, std::string_view("\x05\0\0\0", 4));
+    for (char const* name : {"missing", "long"}) {
+        EXPECT_EQ(m_registry.ReadInt(name, 7), 7);
+        EXPECT_EQ(m_registry.ReadDword(name, 0xF0000000), 0xF0000000);
+        EXPECT_EQ(m_registry.ReadFloat(name, 1.5), 1.5);
+        EXPECT_EQ(m_registry.ReadDateTime(name, COleDateTime(9)).m_dt, 9);
+        CRect rect;
+        EXPECT_EQ(m_registry.ReadRect(name, &rect), 0);
+        EXPECT_EQ(m_registry.ReadString(name, "def"), "def");
+    }
+    CFont font;
+    EXPECT_EQ(m_registry.ReadFont("missing", &font), 0);
+    EXPECT_EQ(font.GetSafeHandle(), nullptr);
+    EXPECT_EQ(m_registry.ReadInt("dword", 0), 5);
+    EXPECT_EQ(m_registry.ReadInt("short", 0), 7);
+    CRegistry nowhere;
+    EXPECT_EQ(nowhere.SetKey((std::string(path) + "\\no").c_str(), 0, KEY_READ), 0);
+    EXPECT_EQ(nowhere.PathIsValid(), 0);
+    m_registry.ClearKey();
+    EXPECT_EQ(m_registry.GetDataSize("dword"), -1);
+    EXPECT_EQ(m_registry.GetDataType("dword"), 0U);
+}
+
+TEST_F(RegistryTest, TextsHaveAtMost254Characters) {
+    std::string const longest(254, 'x');
+    EXPECT_EQ(m_registry.WriteString("text", longest.c_str()), 1);
+    EXPECT_EQ(m_registry.ReadString("text", ""), longest.c_str());
+    EXPECT_EQ(m_registry.WriteString("text", (longest + "x").c_str()), 0);
+    EXPECT_EQ(m_registry.ReadString("text", ""), longest.c_str());
+    Store("stored", REG_SZ, longest + "x" + '\0');
+    EXPECT_EQ(m_registry.ReadString("stored", "def"), "def");
+    EXPECT_EQ(m_registry.ReadStringKey3264(path, "stored", "def"), "def");
+    Store("expand", REG_EXPAND_SZ, std::string_view("%X%\0y", 6));
+    EXPECT_EQ(m_registry.ReadString("expand", ""), "%X%");
+    Store("binary", REG_BINARY, "bytes");
+    EXPECT_EQ(m_registry.ReadString("binary", "def"), "def");
+    CRegistry other;
+    EXPECT_EQ(other.ReadStringKey3264(path, "binary", "def"), "bytes");
+    EXPECT_EQ(other.ReadStringKey3264(path, "missing", "def"), "def");
+    EXPECT_EQ(other.ReadStringKey3264("Software\\no such key", "binary", "def"), "def");
+    EXPECT_EQ(other.PathIsValid(), 0);
+}
+
+TEST_F(RegistryTest, KeysAreChosenMadeAndDeleted) {
+    EXPECT_EQ(m_registry.GetRootKey(), HKEY_CURRENT_USER);
+    EXPECT_EQ(m_registry.SetRootKey(HKEY_CURRENT_CONFIG), 0);
+    EXPECT_EQ(m_registry.GetRootKey(), HKEY_CURRENT_USER);
+    std::string const below = std::string(path) + "\\below";
+    EXPECT_EQ(m_registry.KeyExists(below.c_str()), 0);
+    EXPECT_EQ(m_registry.SetKey(below.c_str(), 0, KEY_READ), 0);
+    EXPECT_EQ(m_registry.GetCurrentPath(), path);
+    EXPECT_EQ(m_registry.GetSubKeyCount(), 0);
+    EXPECT_EQ(m_registry.CreateKey(below.c_str()), 1);
+    EXPECT_EQ(m_registry.GetCurrentPath(), below.c_str());
+    EXPECT_EQ(m_registry.DeleteKey(path), 0); // one lies below it
+    m_registry.SetKey(path, 0, KEY_READ);
+    EXPECT_EQ(m_registry.GetSubKeyCount(), 1);
+    EXPECT_EQ(m_registry.DeleteKey(below.c_str()), 1);
+    EXPECT_EQ(m_registry.DeleteKey(below.c_str()), 1); // deleted already
+    EXPECT_EQ(m_registry.WriteInt("value", 1), 1);
+    m_registry.RenameValue("value", "other");
+    EXPECT_EQ(m_registry.ValueExists("value"), 1);
+    EXPECT_EQ(m_registry.DeleteValue("VALUE"), 1);
+    EXPECT_EQ(m_registry.DeleteValue("value"), 0);
+    EXPECT_EQ(m_registry.ValueExists("value"), 0);
+    CRegistry copy(m_registry);
+    EXPECT_EQ(copy.GetCurrentPath(), path);
+    EXPECT_EQ(m_registry.SetRootKey(HKEY_LOCAL_MACHINE), 1);
+    EXPECT_EQ(m_registry.ClearKey(), 1);
+    EXPECT_EQ(m_registry.GetRootKey(), HKEY_CURRENT_USER);
+    EXPECT_EQ(m_registry.PathIsValid(), 0);
+    EXPECT_EQ(copy.SetKey("", 0, KEY_READ), 1);
+    EXPECT_EQ(copy.PathIsValid(), 0);
+    EXPECT_GE(copy.GetSubKeyCount(), 1); // the root's own
+}
+
+TEST_F(RegistryTest, AFontComesBackAsANewOne) {
+    LOGFONTA description{};
+    description.lfHeight = -17;
+    description.lfItalic = 1;
+    std::strcpy(description.lfFaceName, "Arial");
+    CFont font;
+    EXPECT_TRUE(font.CreateFontIndirect(&description));
+    EXPECT_EQ(m_registry.WriteFont("font", &font), 1);
+    EXPECT_EQ(Stored("font").size(), 60U);
+    HGDIOBJ const before = font.GetSafeHandle();
+    EXPECT_EQ(m_registry.ReadFont("font", &font), 1);
+    EXPECT_NE(font.GetSafeHandle(), before);
+    LOGFONTA read{};
+    EXPECT_EQ(font.GetLogFont(&read), 60);
+    EXPECT_EQ(read.lfHeight, -17);
+    EXPECT_EQ(read.lfItalic, 1);
+    EXPECT_STREQ(read.lfFaceName, "Arial");
+    EXPECT_EQ(GetObjectA(before, sizeof read, &read), 60); // still there, and the caller's
+    EXPECT_TRUE(DeleteObject(before));
+}
+
+} // namespace

@@ -1,0 +1,327 @@
+// kvarnio road as a process. The expected values come from drawing the lines by hand: circles
+// through points at 30 and 40 from a centre have the radius 50, and bulges are 2 * height / chord.
+#include "kvarnio.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace {
+
+// North along y = 240; from (70, 240) to (130, 240) round the centre (100, 200), bowing 10 to the
+// east, then from (190, 240) to (250, 240) round (220, 280), bowing 10 to the west. An arc is
+// 100 * asin(0.6) = 64.3501 long.
+constexpr char const* arcs = "10 240 0 0 1 $B\xE5ge & <bro>\r\n"
+                             "70 240 0.33333333333 60\r\n"
+                             "130 240 0 124.35011088\r\n"
+                             "190 240 -0.33333333333 184.35011088\r\n"
+                             "250 240 0 248.70022176\r\n";
+// 2 % up, then a sag of 120 m that hangs 0.6 m.
+constexpr char const* sag = "100 0 0 0 10 $Svacka\n102 100 0.01 100\n102 220 0 220\n";
+
+class RoadTest : public KvarnioTest {
+  protected:
+    RoadTest() {
+        m_folder.Write("arcs.vl", arcs);
+        m_folder.Write("sag.vl", sag);
+    }
+    // A subcommand of road on a file of the test's folder.
+    Result Road(char const* command, char const* file, Arguments const& rest = {},
+                std::string_view input = {}) const {
+        Arguments arguments = {"road", command, Path(file)};
+        arguments.insert(arguments.end(), rest.begin(), rest.end());
+        return RunBare(arguments, input);
+    }
+    std::string const vag27File = "c/Projekt/Vag27/KVARNBOK.DBF/VAG27.VL";
+};
+
+TEST_F(RoadTest, AnswersAQuestionOnTheCommandLine) {
+    struct {
+        char const* command;
+        char const* file;
+        Arguments numbers;
+        char const* out;
+    } const cases[] = {
+        {"xy", "arcs.vl", {"40", "5"}, "40.0000 245.0000\n"},
+        {"xy", "arcs.vl", {"40", "-5"}, "40.0000 235.0000\n"},
+        {"xy", "arcs.vl", {"92.17505544", "2"}, "100.0000 252.0000\n"},
+        {"xy", "arcs.vl", {"216.52516632", "2"}, "220.0000 232.0000\n"},
+        {"station", "arcs.vl", {"100", "252"}, "92.1751 2.0000\n"},
+        {"station", "arcs.vl", {"220", "228.5"}, "216.5252 -1.5000\n"},
+        {"station", "arcs.vl", {"10", "240"}, "0.0000 0.0000\n"},
+        {"z", "sag.vl", {"50"}, "101.0000\n"},
+        {"z", "sag.vl", {"160"}, "101.4000\n"},
+    };
+    for (auto const& row : cases) {
+        Result const result = Road(row.command, row.file, row.numbers);
+        EXPECT_EQ(result.out, row.out) << row.command << ' ' << row.numbers.front();
+        EXPECT_EQ(result.err, "");
+        EXPECT_EQ(result.status, 0);
+    }
+    EXPECT_EQ(Json::parse(Road("xy", "arcs.vl", {"40", "5", "--json"}).out),
+              Json({{"station", 40.0}, {"offset", 5.0}, {"x", 40.0}, {"y", 245.0}}));
+}
+
+TEST_F(RoadTest, AnswersQuestionsFromStandardInputInOrder) {
+    std::string_view const questions = "0 0\r\n# start\n\n 92.17505544\t2 \n248.9 0\nhej\n40 1,5\n"
+                                       "40 1 2\n40 -1e0";
+    Result const result = Road("xy", "arcs.vl", {}, questions);
+    EXPECT_EQ(result.out,
+              "10.0000 240.0000\n100.0000 252.0000\n"
+              "error: station 248.9000 is not on the line, which has 0.0000 to 248.7002\n"
+              "error: wanted station offset, got \"hej\"\n"
+              "error: wanted station offset, got \"40 1,5\"\n"
+              "error: wanted station offset, got \"40 1 2\"\n"
+              "40.0000 239.0000\n");
+    EXPECT_EQ(result.status, 1);
+
+    Json const json = Json::parse(Road("xy", "arcs.vl", {"--json"}, questions).out);
+    ASSERT_EQ(json.size(), 7U);
+    EXPECT_EQ(json[0], Json({{"station", 0.0}, {"offset", 0.0}, {"x", 10.0}, {"y", 240.0}}));
+    EXPECT_EQ(json[2]["error"],
+              "station 248.9000 is not on the line, which has 0.0000 to 248.7002");
+
+    // There and back, through a pipe's form.
+    std::string const points = Road("xy", "arcs.vl", {}, "12 -3\n100 4\n230 -7.5\n").out;
+    EXPECT_EQ(Road("station", "arcs.vl", {}, points).out,
+              "12.0000 -3.0000\n100.0000 4.0000\n230.0000 -7.5000\n");
+    EXPECT_EQ(Road("z", "sag.vl", {}, "160\n220\n").out,
+              "101.4000\nerror: the last station of a profile, 220.0000, has no height\n");
+    EXPECT_EQ(Road("station", "arcs.vl", {}, "-90 240\n").out,
+              "error: the point lies beside no segment and no inner vertex of the line\n");
+}
+
+TEST_F(RoadTest, InfoTellsWhatTheFileHolds) {
+    // The arcs bow 10 m beyond their ends; the profile's sag hangs below both of its own.
+    Json const plan = Json::parse(Road("info", "arcs.vl", {"--json"}).out);
+    EXPECT_EQ(plan["name"], "Båge & <bro>");
+    EXPECT_EQ(plan["type"], "plan");
+    EXPECT_EQ(plan["plan"]["vertices"], 5);
+    EXPECT_NEAR(plan["plan"]["length"], 120 + 200 * std::asin(0.6), 1e-6);
+    EXPECT_NEAR(plan["plan"]["y"]["from"], 230, 1e-6);
+    EXPECT_NEAR(plan["plan"]["y"]["to"], 250, 1e-6);
+    EXPECT_EQ(plan["plan"]["x"], Json({{"from", 10.0}, {"to", 250.0}}));
+    EXPECT_EQ(Road("info", "sag.vl").out, "FILE        " + Path("sag.vl") +
+                                              "\nNAME        Svacka\n"
+                                              "TYPE        profile\n"
+                                              "PROFILE     \n"
+                                              "  vertices  3\n"
+                                              "  length    220.0000\n"
+                                              "  stations  0.0000 to 220.0000\n"
+                                              "  heights   100.0000 to 102.0000\n");
+    Result const bad =
+        (m_folder.Write("bad.vl", "hej\n0 0 0 0\n10 0 0 10\n"), Road("info", "bad.vl"));
+    EXPECT_EQ(bad.status, 0);
+    EXPECT_EQ(bad.err, "kvarnio: 1 line was skipped in " + Path("bad.vl") +
+                           "; kvarnio road check names it\n");
+}
+
+TEST_F(RoadTest, CheckNamesEachProblemWithItsLine) {
+    using namespace std::string_literals;
+    std::string const tooLong(256, 'n');
+    struct {
+        std::string content;
+        std::vector<std::string> problems; // how they begin
+    } const cases[] = {
+        {"0 0 0 0 1 $A\nhej\n\n50 0 0\n100 0 0 100\n",
+         {"2: bad line, skipped: not four numbers: \"hej\"", "3: bad line, skipped",
+          "4: bad line, skipped: not four numbers: \"50 0 0\""}},
+        {"0 0 0 0\n100 0 0 100,5\n", {"2: text after the numbers is not read"}},
+        {"0 0 0 0 1 $" + tooLong + "\n100 0 0 100\n", {"1: the name has 256 characters"}},
+        {"0 0 0 0 1 $A$B\n100 0 0 100\n", {"1: the name ends at its second \"$\""}},
+        {"0 0 0 0\n100 0 0 100\0 0\n200 0 0 200\x1A\n300 0 0 300\n"s,
+         {"2: text after a zero byte", "3: everything after the end-of-file character"}},
+        {"0 0 0 0\n100 0 0 100\n200 0 0 100\n300 0 0 99\n",
+         {"3: station 100.0000 equals that of line 2",
+          "4: station 99.0000 is smaller than that of line 3, 100.0000"}},
+        {"0 0 0 100\n50 0 0 50\n100 0 0 60\n",
+         {"1: the stations decrease", "3: station 60.0000 is greater than that of line 2"}},
+        {"0 0 0 0\n100 0 0 100\n100.005 0 0 100.005\n",
+         {"3: the vertex coincides with that of line 2: they are 0.0050 m apart"}},
+        {"0 0 0 0\n100 0 0 100.02\n",
+         {"1: the segment is 100.0000 m long, its stations differ by 100.0200"}},
+        // Beyond a half circle, 160 m round on a radius of 50.
+        {"70 240 3 0\n130 240 0 249.8092\n", {"1: bulge 3.0000: beyond a half circle"}},
+        // A quarter circle from due south to due east of its centre.
+        {"0 0 0.41421356237 0\n50 -50 0 78.5398\n", {"1: the arc starts and ends straight north"}},
+        {"0 0 0 0\nnan 0 0 50\n100 inf 0 100\n",
+         {"2: the vertex holds a value", "3: the vertex holds a value"}},
+        {"0 0 0 0\n", {"1: the plan has one vertex alone"}},
+        {"", {"1: the file holds no vertex"}},
+        {"10 0 0 0 10 $P\n11 100 0 100\n11 100 0 100\n12 150 0 151\n",
+         {"3: station 100.0000 equals that of line 2", "4: the second column, 150.0000"}},
+        // 40 m, from 60 % up to 60 % down.
+        {"10 0 0 0 10 $P\n34 40 -0.29 40\n34 80 0 80\n", {"2: the vertical curve is steep"}},
+        {"0 0 0 0\n100 0 0 100\n*\nProfil\n*\n10 0 0\n11 50\n12 100 0\n12 100 0\n",
+         {"7: bad line, skipped: not three numbers: \"11 50\"",
+          "9: station 100.0000 equals that of line 8"}},
+        {"0 0 0 0\n100 0 0 100\n*\n10 0 0\n11 50 0\n12 100 0\n13 150 0\n",
+         {"4: bad line, skipped: it stands where", "5: bad line, skipped: it stands where"}},
+    };
+    for (auto const& row : cases) {
+        m_folder.Write("check.vl", row.content);
+        Result const result = Road("check", "check.vl");
+        std::string rest = result.out;
+        for (std::string const& problem : row.problems) {
+            std::string const wanted = Path("check.vl") + ":" + problem;
+            EXPECT_EQ(rest.substr(0, wanted.size()), wanted);
+            rest.erase(0, rest.find('\n') + 1);
+        }
+        EXPECT_EQ(rest, "") << "beyond " << row.problems.front();
+        EXPECT_EQ(result.status, 1);
+    }
+    m_folder.Write("check.vl", "0 0 0 0\n100 0 0 100.02\n");
+    EXPECT_EQ(Road("check", "check.vl", {"--tolerance", "0.03"}).status, 0);
+    Json const json = Json::parse(Road("check", "check.vl", {"--json"}).out);
+    EXPECT_EQ(json[0]["line"], 1);
+}
+
+TEST_F(RoadTest, CheckFindsNothingInTheSamples) {
+    for (char const* file : {"VAG27.VL", "RAMP.VL", "GCPORT.VL"}) {
+        std::string const path = Path("c/Projekt/Vag27/KVARNBOK.DBF/" + std::string(file));
+        Result const result = RunBare({"road", "check", path});
+        EXPECT_EQ(result.out, path + ": no problems\n");
+        EXPECT_EQ(result.status, 0);
+    }
+}
+
+// Why a text is not well-formed XML of elements, attributes and entities; nothing when it is.
+std::optional<std::string> XmlFault(std::string_view xml) {
+    std::vector<std::string_view> open;
+    for (std::size_t at = xml.find("?>") + 2; at < xml.size();) {
+        std::size_t const tag = std::min(xml.find('<', at), xml.size());
+        for (std::size_t i = xml.find('&', at); i < tag; i = xml.find('&', i + 1)) {
+            std::string_view const entity = xml.substr(i, xml.find(';', i) + 1 - i);
+            if (entity != "&amp;" && entity != "&lt;" && entity != "&gt;" && entity != "&quot;") {
+                return "entity " + std::string(entity);
+            }
+        }
+        if (tag == xml.size()) {
+            break;
+        }
+        std::size_t const end = xml.find('>', tag);
+        std::string_view const inner = xml.substr(tag + 1, end - tag - 1);
+        std::string_view const name = inner.substr(0, inner.find_first_of(" /", 1));
+        if (end == std::string_view::npos || inner.find('<') != std::string_view::npos ||
+            std::count(inner.begin(), inner.end(), '"') % 2 != 0) {
+            return "tag " + std::string(inner);
+        }
+        if (!inner.starts_with('/')) {
+            open.push_back(name);
+        }
+        if (inner.starts_with('/') || inner.ends_with('/')) {
+            if (open.empty() || (inner.starts_with('/') && open.back() != name.substr(1))) {
+                return "end of " + std::string(name);
+            }
+            open.pop_back();
+        }
+        at = end + 1;
+    }
+    return open.empty() ? std::nullopt : std::optional("open " + std::string(open.back()));
+}
+
+TEST_F(RoadTest, PlotDrawsArcsAsArcsInTheStatedScale) {
+    Result const result = Road("plot", "arcs.vl", {"-o", Path("road.svg")});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, Path("road.svg") + "\n");
+    std::string const svg = m_folder.Read("road.svg");
+    EXPECT_EQ(XmlFault(svg), std::nullopt);
+    // Radius 50 m is 50 mm; the first arc turns left and the second right, on their way north.
+    for (char const* part :
+         {">PLAN  1:1 000<", "A50 50 0 0 0 ", "A50 50 0 0 1 ", ">R=50<", ">0/100<", ">0/248.70<",
+          "<title>B\xC3\xA5ge &amp; &lt;bro&gt;</title>", "width=\"297mm\""}) {
+        EXPECT_NE(svg.find(part), std::string::npos) << part;
+    }
+    // North is up and east to the right: the line begins at its south end, below its north end.
+    std::size_t const begin = svg.find("class=\"road\" d=\"M") + 17;
+    std::size_t const end = svg.rfind(' ', svg.find('"', begin));
+    EXPECT_NEAR(std::stod(svg.substr(svg.find(' ', begin))) - std::stod(svg.substr(end)), 240,
+                0.01);
+}
+
+TEST_F(RoadTest, PlotDrawsTheProfileAndTheProjectsArea) {
+    ASSERT_EQ(
+        RunBare({"road", "plot", Path(vag27File), "-o", Path("a.svg"), "--project", Path(vag27)})
+            .status,
+        0);
+    std::string const svg = m_folder.Read("a.svg");
+    EXPECT_EQ(XmlFault(svg), std::nullopt);
+    // The crest of 5,200 m: 1,040 mm along and 20 times that up, clockwise.
+    for (char const* part : {">0/180.000 \xE2\x80\x93 0/760.000<", ">-25 to 40 m<",
+                             ">PROFILE  stations 1:5 000, heights 1:250 (\xC3\x97"
+                             "20)<",
+                             ">R=5200<", ">+2.44 %<", "A1040."}) {
+        EXPECT_NE(svg.find(part), std::string::npos) << part;
+    }
+    ASSERT_EQ(Road("plot", "sag.vl", {"-o", Path("b.svg")}).status, 0);
+    EXPECT_EQ(XmlFault(m_folder.Read("b.svg")), std::nullopt);
+    EXPECT_EQ(m_folder.Read("b.svg").find(">PLAN"), std::string::npos);
+}
+
+TEST_F(RoadTest, PlotTakesWhatFilesMayHold) {
+    std::string many;
+    for (int i = 0; i < 20000; ++i) {
+        many +=
+            std::to_string(i) + " " + std::to_string(i % 7) + " 0.3 " + std::to_string(i) + "\n";
+    }
+    struct {
+        std::string content;
+        int status;
+    } const cases[] = {
+        {"1 2 0 0\n", 0},
+        {"1 2 0 0\n1 2 0.5 10\n1 2 0 20\n", 0},
+        {"0 0 0 5\n100 0 0.2 5\n200 0 0 5\n", 0},
+        {"0 0 0.3 0\n1e12 -1e12 0 2e12\n", 0},
+        {"0 0 1e300 0\n100 0 1e9 100\n200 0 0 200\n", 0},
+        {"1e12 1e12 0 1e12\n1e12 1000000000001 0 1000000000001\n", 0},
+        {"0 0 0 0\nnan 0 0 100\n200 0 0 200\n", 0},
+        {"0 0 0 0 1 $\x01\x1F\x81\n100 0 0 100\n", 0},
+        {"10 5 0 5 10 $P\n", 0},
+        {"10 0 0.9 0 10 $P\n1e9 1e-3 0 1e-3\n", 0},
+        {many, 0},
+        {"nan 0 0 0\n1e300 0 0 100\n", 1},
+        {"", 1},
+    };
+    for (auto const& row : cases) {
+        m_folder.Write("harsh.vl", row.content);
+        std::string const shown = row.content.substr(0, 60);
+        EXPECT_EQ(Road("plot", "harsh.vl", {"-o", Path("harsh.svg")}).status, row.status) << shown;
+        std::string const svg = m_folder.Read("harsh.svg");
+        EXPECT_EQ(XmlFault(svg), std::nullopt) << shown;
+        EXPECT_EQ(svg.find("nan"), std::string::npos) << shown;
+        EXPECT_EQ(svg.find("inf"), std::string::npos) << shown;
+        EXPECT_EQ(svg.find('\x01'), std::string::npos) << shown;
+    }
+}
+
+TEST_F(RoadTest, WhatCannotBeDoneIsRefusedWithItsReason) {
+    struct {
+        char const* command;
+        char const* file;
+        Arguments rest;
+        int status;
+        char const* reason;
+    } const cases[] = {
+        {"xy", "arcs.vl", {"-1", "0"}, 1, "station -1.0000 is not on the line, which has 0.0000"},
+        {"xy", "finns-ej.vl", {"1", "0"}, 1, "Kan ej öppna väglinje : "},
+        {"info", "finns-ej.vl", {}, 1, "finns-ej.vl cannot be read"},
+        {"xy", "sag.vl", {"1", "0"}, 1, "sag.vl has no plan"},
+        {"z", "arcs.vl", {}, 1, "arcs.vl has no profile"},
+        {"xy", "arcs.vl", {"1"}, 2, "STATION requires OFFSET"},
+        {"xy", "arcs.vl", {"1,5", "0"}, 2, "STATION \"1,5\" is not a number: the decimal sign"},
+        {"check", "arcs.vl", {"--tolerance", "x"}, 2, "METRES \"x\" is not a number"},
+        {"plot", "arcs.vl", {}, 2, "--output is required"},
+        {"plot", "arcs.vl", {"-o", Path("arcs.vl")}, 2, "take the place of the road file"},
+        {"plot", "arcs.vl", {"-o", Path("ingen/road.svg")}, 1, "cannot be written"},
+        {"hitta", "arcs.vl", {}, 2, "there is no subcommand \"hitta\""},
+    };
+    for (auto const& row : cases) {
+        Result const result = Road(row.command, row.file, row.rest);
+        EXPECT_EQ(result.status, row.status) << row.reason;
+        EXPECT_NE(result.err.find(row.reason), std::string::npos) << result.err << row.reason;
+        EXPECT_EQ(result.out, "");
+    }
+    EXPECT_EQ(m_folder.Read("arcs.vl"), arcs);
+}
+
+} // namespace
