@@ -35,7 +35,8 @@ bool LasVertex(std::string_view rad, kovltype& vertex) {
 }
 
 void SkrivVaglinje(std::string& ut, CVaglinje& linje, std::string_view namn) {
-    std::string slut = Format(" %d $%s\n", linje.typ, namn); // of the first line
+    std::string const huvud = Format(" %d $%s\n", linje.typ, namn); // ends the first line
+    std::string_view slut = huvud;
     for (bool finns = linje.Home() == 0; finns; finns = linje++ != nullptr) {
         kovltype const& v = *linje.Get_aktel();
         ut += Format("%.4lf %.4lf %.4lf %.4lf", v.x, v.y, v.bulge, v.sektion);

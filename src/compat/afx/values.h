@@ -10,6 +10,11 @@
 
 #include "../../library/export.h"
 
+// One spelling on both hosts, as in app.h.
+#if !defined(_WIN32)
+#define CreateFontIndirect CreateFontIndirectA
+#endif
+
 class CSize : public SIZE {
   public:
     CSize() : SIZE() {}

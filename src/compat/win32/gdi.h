@@ -24,7 +24,7 @@ using BYTE = std::uint8_t;
 
 constexpr int LF_FACESIZE = 32;
 
-struct LOGFONTA {
+struct tagLOGFONTA {
     LONG lfHeight;
     LONG lfWidth;
     LONG lfEscapement;
@@ -40,6 +40,7 @@ struct LOGFONTA {
     BYTE lfPitchAndFamily;
     char lfFaceName[LF_FACESIZE];
 };
+using LOGFONTA = tagLOGFONTA;
 
 struct HFONT__;
 using HFONT = HFONT__*;
