@@ -50,6 +50,9 @@ DWORD GetFileType(HANDLE file);
 DWORD GetFinalPathNameByHandleA(HANDLE file, LPSTR path, DWORD size, DWORD flags);
 
 DWORD GetFileAttributesA(LPCSTR path);
+
+// The copy takes the target's place in one step, with the source's time of change.
+BOOL CopyFileA(LPCSTR from, LPCSTR to, BOOL failIfExists);
 // Changes nothing: read-only is a matter of the mode, the others have no counterpart.
 BOOL SetFileAttributesA(LPCSTR path, DWORD attributes);
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES* security);

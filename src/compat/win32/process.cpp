@@ -21,7 +21,9 @@ std::string Quoted(std::string const& text) {
     return text.find(' ') == std::string::npos ? text : '"' + text + '"';
 }
 
-std::string CommandLine() {
+} // namespace
+
+std::string kvarn::ProcessCommandLine() {
     std::array<char, 4096> program{};
     ssize_t const length = readlink("/proc/self/exe", program.data(), program.size());
     std::string path(program.data(), length > 0 ? static_cast<std::size_t>(length) : 0);
@@ -37,10 +39,8 @@ std::string CommandLine() {
     return line;
 }
 
-} // namespace
-
 LPSTR GetCommandLineA() {
-    static std::string line = CommandLine();
+    static std::string line = kvarn::ProcessCommandLine();
     return line.data();
 }
 

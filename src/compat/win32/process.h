@@ -1,7 +1,16 @@
 // The process's command line and environment by the Windows calls, for hosts that are not Windows.
 #pragma once
 
+#include <string>
+
 #include "types.h"
+
+namespace kvarn {
+
+// The text that GetCommandLineA begins with: what programs do to that one does not change it.
+std::string ProcessCommandLine();
+
+} // namespace kvarn
 
 // The program's full path with backslashes, quoted where it holds blanks, and the arguments. The
 // text belongs to the process and may be changed in place.

@@ -38,7 +38,6 @@ constexpr DWORD REG_MULTI_SZ = 7;
 constexpr LSTATUS ERROR_MORE_DATA = 234;
 constexpr LSTATUS ERROR_BADDB = 1009; // the store is not understood
 
-struct FILETIME;
 struct SECURITY_ATTRIBUTES;
 
 LSTATUS RegOpenKeyExA(HKEY parent, LPCSTR path, DWORD options, REGSAM access, HKEY* key);

@@ -31,6 +31,11 @@ std::int64_t Ticks(FILETIME const& time) {
                                      time.dwLowDateTime);
 }
 
+FILETIME Changed(struct stat const& status) {
+    return ToFileTime((status.st_mtim.tv_sec + from1601To1970) * ticksPerSecond +
+                      status.st_mtim.tv_nsec / 100);
+}
+
 // The characters that stand for the old rules in the pattern of FsRtlIsNameInExpression.
 constexpr char dosStar = '<';
 constexpr char dosMark = '>';
@@ -139,8 +144,7 @@ bool Fill(WIN32_FIND_DATAA& entry, std::string const& folder, Found const& found
     entry = {};
     entry.dwFileAttributes =
         S_ISDIR(status.st_mode) ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_ARCHIVE;
-    entry.ftLastWriteTime = ToFileTime((status.st_mtim.tv_sec + from1601To1970) * ticksPerSecond +
-                                       status.st_mtim.tv_nsec / 100);
+    entry.ftLastWriteTime = Changed(status);
     auto const size = static_cast<std::uint64_t>(status.st_size);
     entry.nFileSizeHigh = static_cast<DWORD>(size >> 32U);
     entry.nFileSizeLow = static_cast<DWORD>(size);
@@ -192,6 +196,23 @@ BOOL FindNextFileA(HANDLE handle, WIN32_FIND_DATAA* entry) {
 
 BOOL FindClose(HANDLE handle) {
     delete static_cast<FolderSearch*>(handle);
+    return TRUE;
+}
+
+BOOL GetFileAttributesExA(LPCSTR path, GET_FILEEX_INFO_LEVELS, void* data) {
+    struct stat status {};
+    DWORD const attributes = GetFileAttributesA(path);
+    if (attributes == INVALID_FILE_ATTRIBUTES ||
+        stat(kvarn::HostPath(path).c_str(), &status) != 0) {
+        return FALSE;
+    }
+    auto const size = static_cast<std::uint64_t>(status.st_size);
+    *static_cast<WIN32_FILE_ATTRIBUTE_DATA*>(data) = {attributes,
+                                                      {},
+                                                      {},
+                                                      Changed(status),
+                                                      static_cast<DWORD>(size >> 32U),
+                                                      static_cast<DWORD>(size)};
     return TRUE;
 }
 

@@ -2,12 +2,8 @@
 // hosts that are not Windows.
 #pragma once
 
+#include "files.h"
 #include "types.h"
-
-struct FILETIME { // 100 nanoseconds since 1601, UTC
-    DWORD dwLowDateTime;
-    DWORD dwHighDateTime;
-};
 
 struct SYSTEMTIME {
     WORD wYear;
@@ -44,6 +40,17 @@ constexpr DWORD ERROR_NO_MORE_FILES = 18;
 HANDLE FindFirstFileA(LPCSTR pattern, WIN32_FIND_DATAA* entry);
 BOOL FindNextFileA(HANDLE search, WIN32_FIND_DATAA* entry);
 BOOL FindClose(HANDLE search);
+
+enum GET_FILEEX_INFO_LEVELS { GetFileExInfoStandard };
+struct WIN32_FILE_ATTRIBUTE_DATA {
+    DWORD dwFileAttributes;
+    FILETIME ftCreationTime; // not filled, nor the next
+    FILETIME ftLastAccessTime;
+    FILETIME ftLastWriteTime;
+    DWORD nFileSizeHigh;
+    DWORD nFileSizeLow;
+};
+BOOL GetFileAttributesExA(LPCSTR path, GET_FILEEX_INFO_LEVELS level, void* data);
 
 // By the zone's present distance from UTC, summer or winter, whatever the time, as Windows does.
 BOOL FileTimeToLocalFileTime(FILETIME const* time, FILETIME* local);

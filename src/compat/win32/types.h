@@ -18,6 +18,11 @@ struct HINSTANCE__;
 using HINSTANCE = HINSTANCE__*;
 using HMODULE = HINSTANCE;
 
+struct FILETIME { // 100 nanoseconds since 1601, UTC
+    DWORD dwLowDateTime;
+    DWORD dwHighDateTime;
+};
+
 // Other headers define these two as macros.
 #if !defined(FALSE)
 constexpr BOOL FALSE = 0;

@@ -1,0 +1,102 @@
+#include "systemnycklar.h"
+
+#include <cstdlib>
+#include <cstring>
+
+#include "../core/scan.h"
+#include "../core/text.h"
+
+namespace kvarn {
+namespace {
+
+// Reads keys into members of an object.
+class Lasare {
+  public:
+    explicit Lasare(CAutoIni& ini) : m_ini(ini) {}
+
+    CString Value(char const* key) const { return m_ini.ReadKey(systemSektion, key); }
+
+    // True when the member was set.
+    bool Text(char const* key, CString& member) const { return Set(Value(key), member); }
+    bool Folder(char const* key, CString& member) const {
+        bool const set = Set(Value(key), member);
+        if (set) {
+            member = LasKatalognyckel(m_ini, key);
+        }
+        return set;
+    }
+    void Number(char const* key, std::int32_t& member) const {
+        Scan(Value(key).GetString(), member);
+    }
+    // "NEJ" leaves the flag as it was; every other word but "JA" clears it.
+    void YesNo(char const* key, std::int32_t& member) const {
+        CString const value = Value(key);
+        if (SameText(value.GetString(), "JA")) {
+            member = 1;
+        } else if (!value.IsEmpty() && !SameText(value.GetString(), "NEJ")) {
+            member = 0;
+        }
+    }
+    void IsMicroStation(char const* key, std::int32_t& member) const {
+        member = SameText(Value(key).GetString(), "MSTATION") ? 1 : 0;
+    }
+    void Replace(char const* key, std::string const& value, CString& member) const {
+        m_ini.WriteKey(systemSektion, key, value.c_str());
+        member = value.c_str();
+    }
+
+  private:
+    static bool Set(CString const& value, CString& member) {
+        if (value.IsEmpty()) {
+            return false;
+        }
+        member = value;
+        return true;
+    }
+
+    CAutoIni& m_ini;
+};
+
+} // namespace
+
+CString LasKatalognyckel(CAutoIni& ini, char const* nyckel) {
+    return ini.ReadKey(systemSektion, nyckel).Trim().TrimRight('\\');
+}
+
+void LasSystemnycklar(CAutoIni& ini, Reservkataloger const* reserv) {
+    Lasare const keys(ini);
+    keys.Text("KVARNBOK.CFG", ini.m_cfgKat);
+    bool const medKat = keys.Text("MSG", ini.m_medKat);
+    if (medKat && reserv != nullptr &&
+        !FileExists(std::string(FolderOf(ini.m_medKat.GetString())).c_str())) {
+        keys.Replace("MSG", reserv->meddelanden, ini.m_medKat);
+    }
+    keys.Text("ACADEXE", ini.m_acadExe);
+    bool const scriptKat = keys.Folder("SCRIPTPATH", ini.m_scriptKat);
+    if (scriptKat && reserv != nullptr && !FileExists(ini.m_scriptKat.GetString())) {
+        keys.Replace("SCRIPTPATH", reserv->script, ini.m_scriptKat);
+    }
+    keys.Text("ACADLTEXE", ini.m_acadLtExe);
+    keys.Text("ACADOPT", ini.m_acadOpt);
+    keys.Number("ACADVER", ini.m_acadVer);
+    keys.Text("MSTATIONEXE", ini.m_mstationExe);
+    keys.Text("ZIPEXE", ini.m_zipExe);
+    keys.Text("UNZIPEXE", ini.m_unzipExe);
+    keys.Text("DOCEXE", ini.m_docExe);
+    keys.YesNo("AUTOGEN", ini.m_autoGen);
+    keys.IsMicroStation("POSTCAD", ini.m_postMstation);
+    keys.IsMicroStation("BANKCAD", ini.m_bankMstation);
+}
+
+void StyrOmProfil(std::string const& iniFil) {
+    CWinApp* const application = AfxGetApp();
+    auto* const copy =
+        application != nullptr ? static_cast<char*>(std::malloc(iniFil.size() + 1)) : nullptr;
+    if (copy != nullptr) { // the application object frees it
+        std::memcpy(copy, iniFil.c_str(), iniFil.size() + 1);
+        std::free(const_cast<char*>(application->m_pszProfileName));
+        application->m_pszProfileName = copy;
+    }
+}
+
+} // namespace kvarn
