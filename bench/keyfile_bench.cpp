@@ -12,34 +12,13 @@
 
 #include <filesystem>
 #include <functional>
-#include <stdexcept>
 #include <string>
-
-#include <stdlib.h>
 
 #include "contenders/contender.h"
 #include "contenders/keyfile.h"
+#include "folder.h"
 
 namespace {
-
-// A folder that is removed with its scope.
-class Folder {
-  public:
-    explicit Folder(std::filesystem::path const& parent)
-        : m_path((parent / "kvarnprog-bench-XXXXXX").string()) {
-        if (mkdtemp(m_path.data()) == nullptr) {
-            throw std::runtime_error("no folder can be made in " + parent.string());
-        }
-    }
-    ~Folder() { std::filesystem::remove_all(m_path); }
-    Folder(Folder const&) = delete;
-    Folder& operator=(Folder const&) = delete;
-
-    std::string const& Path() const { return m_path; }
-
-  private:
-    std::string m_path;
-};
 
 using Make = std::function<std::unique_ptr<Contender>(std::string const& folder)>;
 

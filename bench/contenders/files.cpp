@@ -59,6 +59,9 @@ bool Save(std::string const& path, std::string const& content, Saving saving) {
         return file.Write(content) && file.Close();
     }
     std::string const beside = path + ".tmp";
-    return WriteNew(beside, content) && std::rename(beside.c_str(), path.c_str()) == 0 &&
-           FlushFolderOf(path);
+    return WriteNew(beside, content) && Replace(beside, path);
+}
+
+bool Replace(std::string const& beside, std::string const& path) {
+    return std::rename(beside.c_str(), path.c_str()) == 0 && FlushFolderOf(path);
 }

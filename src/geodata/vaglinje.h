@@ -169,8 +169,8 @@ class KVARNPROG_API CVaglinje : public list0<kovltype> {
     // vertex where that is nearer (beside a corner, where no foot falls on a segment) and neither
     // the first nor the last. -1 where there is neither; the station is then Seknoll and the offset
     // 0. Of equal offsets the first counts. Straight segments shorter than 0.01 m are not seen. A
-    // foot more than 1e9 m away gives -1 too. A foot may lie beyond the end of a straight by 0.0001
-    // of its length, and so outside the line.
+    // foot more than 1e9 m away gives -1, though with its station and offset. A foot may lie beyond
+    // the end of a straight by 0.0001 of its length, and so outside the line.
     //
     // mode 0: all of the line, then the vertices. 1: from a guessed start, two vertices before the
     // end of the segment that lies as far along the line as the point lies from its first vertex,

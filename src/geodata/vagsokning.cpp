@@ -54,21 +54,23 @@ CVaglinje::nod* CVaglinje::SokStart(double x, double y) {
 CVaglinje::Traff CVaglinje::SokFot(nod* fran, double x, double y, int mode) {
     double const tecken = Vaxande() ? 1 : -1;
     Traff basta = {Seknoll, 0, langtBort};
-    bool funnen = false;
     int position = m_position;
-    for (nod* till = fran->nasta; till != nullptr; till = till->nasta) {
+    bool funnen = false;
+    bool sista = false;
+    nod* till = fran;
+    while (!sista && till->nasta != nullptr) {
+        fran = till;
+        till = till->nasta;
+        ++position;
         kvarn::Bagfot const fot = FotPaSegment(fran->post, till->post, x, y);
         if (fot.inom && std::fabs(fot.offset) < basta.avstand) {
             basta = {fran->post.sektion + tecken * fot.langs, tecken * fot.offset,
                      std::fabs(fot.offset)};
         }
-        StallSegment(fran, till, ++position);
-        if (mode == avgransat && funnen) {
-            break;
-        }
+        sista = mode == avgransat && funnen; // one segment after the first foot
         funnen = basta.sektion < Sekkoll;
-        fran = till;
     }
+    StallSegment(fran, till, position);
     return basta;
 }
 
@@ -76,10 +78,13 @@ CVaglinje::Traff CVaglinje::SokFot(nod* fran, double x, double y, int mode) {
 CVaglinje::Traff CVaglinje::SokHorn(nod* fran, double x, double y) {
     nod* narmast = nullptr;
     double avstand = langtBort;
+    double kvadrat = langtBort * langtBort; // tells without a root which vertices are not nearer
     for (nod* n = fran; n != nullptr; n = n->nasta) {
-        double const d = kvarn::Langd({n->post.x - x, n->post.y - y});
-        if (d < avstand) {
-            avstand = d;
+        kvarn::Punkt const till = {n->post.x - x, n->post.y - y};
+        double const d2 = till.x * till.x + till.y * till.y;
+        if (d2 < kvadrat && std::sqrt(d2) < avstand) {
+            avstand = std::sqrt(d2);
+            kvadrat = d2;
             narmast = n;
         }
     }

@@ -1,0 +1,69 @@
+// The registry's text: any bytes are read, what is understood comes back unchanged once it was
+// written, and values that are set are found again.
+#include <cstdint>
+#include <fuzzer/FuzzedDataProvider.h>
+#include <string>
+
+#include "check.h"
+#include "compat/win32/registry.h"
+#include "compat/win32/regstore.h"
+
+namespace {
+
+void CheckWriting(kvarn::RegStore const& store) {
+    std::string const bytes = store.Bytes();
+    kvarn::RegStore const again(bytes);
+    Check(again.Whole(), "what was written is understood");
+    Check(again.Bytes() == bytes, "what was written comes back");
+}
+
+// A name without the control characters that no line can hold.
+std::u16string Name(FuzzedDataProvider& provider) {
+    constexpr std::size_t longest = 20;
+    std::string name = provider.ConsumeRandomLengthString(longest);
+    std::erase_if(name, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\\'; });
+    return kvarn::ToUtf16(name);
+}
+
+void CheckSetting(kvarn::RegStore& store, FuzzedDataProvider& provider) {
+    constexpr std::size_t longest = 300;
+    std::u16string const path = u"HKEY_CURRENT_USER\\" + Name(provider);
+    std::u16string const name = Name(provider);
+    auto const type = provider.ConsumeIntegralInRange<DWORD>(0, 12);
+    std::string const data = provider.ConsumeRandomLengthString(longest);
+    kvarn::RegKey& key = store.Make(path);
+    if (kvarn::RegValue* const value = key.Find(name)) {
+        value->type = type;
+        value->data = data;
+    } else {
+        key.values.push_back({name, type, data, {}});
+    }
+    kvarn::RegStore again(store.Bytes());
+    kvarn::RegKey* const found = again.Find(path);
+    Check(found != nullptr, "the key is found");
+    kvarn::RegValue const* const value = found->Find(name);
+    Check(value != nullptr, "the value is found");
+    Check(value->type == type && value->data == data, "and is what was set");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
+    FuzzedDataProvider provider(data, size);
+    bool const withHeader = provider.ConsumeBool();
+    bool const setting = provider.ConsumeBool();
+    if (setting) {
+        kvarn::RegStore store;
+        for (int i = 0; i < 4 && provider.remaining_bytes() > 0; ++i) {
+            CheckSetting(store, provider);
+        }
+        CheckWriting(store);
+        return 0;
+    }
+    std::string const header = withHeader ? "Windows Registry Editor Version 5.00\n" : "";
+    kvarn::RegStore const store(header + provider.ConsumeRemainingBytesAsString());
+    if (store.Whole()) {
+        CheckWriting(store);
+    }
+    return 0;
+}
