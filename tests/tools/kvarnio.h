@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -12,7 +11,9 @@
 
 #include "support/testfiles.h"
 
-#if !defined(_WIN32)
+#if defined(_WIN32)
+#include "compat/host.h" // windows.h
+#else
 #include <sys/wait.h>
 #endif
 
@@ -25,16 +26,50 @@ struct Result {
     std::string err;
 };
 
-// Runs a line of the host's shell, written in UTF-8; the arguments hold no quotes.
+// Where a program's standard input comes from and its output goes.
+struct Streams {
+    std::filesystem::path in;
+    std::filesystem::path out;
+    std::filesystem::path err;
+};
+
+// Runs a command line, written in UTF-8, and returns its exit status; the arguments hold no quotes.
 #if defined(_WIN32)
 constexpr char quote = '"';
-inline int Shell(std::string const& line) {
-    std::string const whole = '"' + line + '"'; // the shell takes the outermost quotes off
-    return _wsystem(std::filesystem::path(std::u8string(whole.begin(), whole.end())).c_str());
+inline int RunLine(std::string const& line, Streams const& streams) {
+    SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
+    auto const open = [&](std::filesystem::path const& path, DWORD access, DWORD how) {
+        return CreateFileW(path.c_str(), access, FILE_SHARE_READ, &inherited, how,
+                           FILE_ATTRIBUTE_NORMAL, nullptr);
+    };
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    start.dwFlags = STARTF_USESTDHANDLES;
+    start.hStdInput = open(streams.in, GENERIC_READ, OPEN_EXISTING);
+    start.hStdOutput = open(streams.out, GENERIC_WRITE, CREATE_ALWAYS);
+    start.hStdError = open(streams.err, GENERIC_WRITE, CREATE_ALWAYS);
+    std::wstring wide = std::filesystem::path(std::u8string(line.begin(), line.end())).wstring();
+    PROCESS_INFORMATION process{};
+    DWORD status = 0;
+    if (CreateProcessW(nullptr, wide.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
+                       &process) == FALSE) {
+        ADD_FAILURE() << "error " << GetLastError() << " starting " << line;
+    } else {
+        WaitForSingleObject(process.hProcess, INFINITE);
+        GetExitCodeProcess(process.hProcess, &status);
+        CloseHandle(process.hThread);
+        CloseHandle(process.hProcess);
+    }
+    CloseHandle(start.hStdInput);
+    CloseHandle(start.hStdOutput);
+    CloseHandle(start.hStdError);
+    return static_cast<int>(status);
 }
 #else
 constexpr char quote = '\'';
-inline int Shell(std::string const& line) {
+inline int RunLine(std::string line, Streams const& streams) {
+    line += " <'" + streams.in.string() + "' >'" + streams.out.string() + "' 2>'" +
+            streams.err.string() + '\'';
     int const status = std::system(line.c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
@@ -70,10 +105,7 @@ class KvarnioTest : public testing::Test {
         for (std::string const& argument : arguments) {
             line += std::string(" ") + quote + argument + quote;
         }
-        for (auto const& [arrow, name] : {std::pair(" <", "in"), {" >", "out"}, {" 2>", "err"}}) {
-            line += arrow + (quote + Path(name) + quote);
-        }
-        int const status = Shell(line);
+        int const status = RunLine(line, {m_folder / "in", m_folder / "out", m_folder / "err"});
         return {status, Text("out"), Text("err")};
     }
 

@@ -24,12 +24,12 @@ std::string Converted(char const* what, std::string const& typed) {
     return *std::move(text);
 }
 
-template <class T> T Parsed(std::string const& typed, char const* wanted) {
+template <class T> T Parsed(char const* what, std::string const& typed, char const* wanted) {
     T number{};
     char const* const end = typed.data() + typed.size();
     auto const parsed = std::from_chars(typed.data(), end, number);
     if (parsed.ec != std::errc() || parsed.ptr != end) {
-        throw UsageError("VALUE \"" + typed + "\" is not " + wanted);
+        throw UsageError(std::string(what) + " \"" + typed + "\" is not " + wanted);
     }
     return number;
 }
@@ -56,15 +56,15 @@ std::string Value(std::string const& typed) {
 }
 
 int WholeNumber(std::string const& typed) {
-    return Parsed<int>(typed, "a whole number of 32 bits");
+    return Parsed<int>("VALUE", typed, "a whole number of 32 bits");
 }
 
-double Number(std::string const& typed) {
+double Number(char const* what, std::string const& typed) {
     char const* const wanted =
         typed.find(',') != std::string::npos ? "a number: the decimal sign is a point" : "a number";
-    auto const number = Parsed<double>(typed, wanted);
+    auto const number = Parsed<double>(what, typed, wanted);
     if (!std::isfinite(number)) {
-        throw UsageError("VALUE \"" + typed + "\" is not a number");
+        throw UsageError(std::string(what) + " \"" + typed + "\" is not a number");
     }
     return number;
 }

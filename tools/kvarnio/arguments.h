@@ -15,6 +15,7 @@ std::string Key(std::string const& typed);
 std::string Value(std::string const& typed);
 
 int WholeNumber(std::string const& typed);
-double Number(std::string const& typed);
+// What it is, as the help names it, for the reason.
+double Number(char const* what, std::string const& typed);
 
 } // namespace kvarnio

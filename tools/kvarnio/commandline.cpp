@@ -5,8 +5,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include "failure.h"
-
 namespace kvarnio {
 namespace {
 
@@ -36,6 +34,10 @@ CommandLine::CommandLine()
     AddCommonOptions(*m_app);
     AddReadCommands(*this);
     AddSetCommand(*this);
+    AddRoadCommands(*this);
+    AddEnvCommand(*this);
+    AddDirCommand(*this);
+    AddRegistryCommand(*this);
 }
 
 CommandLine::~CommandLine() = default;
@@ -57,22 +59,47 @@ void CommandLine::AddCommonOptions(CLI::App& app) {
         ->group(group);
 }
 
+CLI::App& CommandLine::AddGroup(char const* name, char const* what, char const* footer) {
+    CLI::App& group = AddCommand(name, what, footer);
+    group.require_subcommand(1);
+    AddCommonOptions(group);
+    return group;
+}
+
 CLI::App& CommandLine::AddCommand(char const* name, char const* what, char const* footer) {
-    CLI::App* const command = m_app->add_subcommand(name, what);
+    return AddCommand(*m_app, name, what, footer);
+}
+
+CLI::App& CommandLine::AddCommand(CLI::App& group, char const* name, char const* what,
+                                  char const* footer) {
+    CLI::App* const command = group.add_subcommand(name, what);
     command->footer(footer);
     return *command;
 }
 
-void CommandLine::Run(CLI::App& command, std::function<void(Context&)> action) {
+void CommandLine::Run(CLI::App& command, Action action) {
     AddCommonOptions(command); // below its own
     command.callback([this, action = std::move(action)] { m_action = action; });
 }
 
 int CommandLine::Explain(std::string const& error) const {
-    auto const chosen = m_app->get_subcommands();
-    std::string const command = chosen.empty() ? "" : " " + chosen.front()->get_name();
-    std::cerr << "kvarnio: " << error << "\nTry \"kvarnio" << command << " --help\".\n";
+    std::string chosen = "kvarnio";
+    for (CLI::App const* app = m_app.get(); !app->get_subcommands().empty();) {
+        app = app->get_subcommands().front();
+        chosen += ' ' + app->get_name();
+    }
+    std::cerr << "kvarnio: " << error << "\nTry \"" << chosen << " --help\".\n";
     return wrongUsage;
+}
+
+// The argument that stands where the name of a subcommand is wanted; empty when all is well there.
+std::string CommandLine::UnknownCommand() const {
+    CLI::App const* app = m_app.get();
+    while (!app->get_subcommands().empty()) {
+        app = app->get_subcommands().front();
+    }
+    auto const unknown = app->remaining();
+    return app->get_require_subcommand_min() > 0 && !unknown.empty() ? unknown.front() : "";
 }
 
 int CommandLine::Execute(std::vector<std::string> arguments) {
@@ -80,14 +107,13 @@ int CommandLine::Execute(std::vector<std::string> arguments) {
     try {
         m_app->parse(std::move(arguments));
         Context context(m_options);
-        m_action(context);
+        return m_action(context);
     } catch (CLI::Success const& helpOrVersion) {
         m_app->exit(helpOrVersion, std::cout, std::cerr);
     } catch (CLI::ParseError const& error) {
-        auto const unknown = m_app->remaining();
-        return Explain(m_app->get_subcommands().empty() && !unknown.empty()
-                           ? "there is no subcommand \"" + unknown.front() + '"'
-                           : error.what());
+        std::string const unknown = UnknownCommand();
+        return Explain(unknown.empty() ? error.what()
+                                       : "there is no subcommand \"" + unknown + '"');
     } catch (UsageError const& error) {
         return Explain(error.what());
     }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "context.h"
+#include "failure.h"
 
 namespace CLI {
 class App;
@@ -21,10 +22,17 @@ class CommandLine {
     CommandLine(CommandLine const&) = delete;
     CommandLine& operator=(CommandLine const&) = delete;
 
-    // A subcommand, to which its own arguments are then added.
+    // What a subcommand does; what it does not do it throws.
+    using Action = std::function<ExitStatus(Context&)>;
+
+    // A subcommand that only has subcommands of its own.
+    CLI::App& AddGroup(char const* name, char const* what, char const* footer);
+    // A subcommand, of a group where one is given, to which its own arguments are then added.
     CLI::App& AddCommand(char const* name, char const* what, char const* footer);
+    static CLI::App& AddCommand(CLI::App& group, char const* name, char const* what,
+                                char const* footer);
     // What it does when it is chosen. Adds the common options.
-    void Run(CLI::App& command, std::function<void(Context&)> action);
+    void Run(CLI::App& command, Action action);
 
     // Reads the arguments and runs the subcommand that they name. Returns the exit status.
     int Execute(std::vector<std::string> arguments);
@@ -32,14 +40,25 @@ class CommandLine {
   private:
     void AddCommonOptions(CLI::App& app);
     int Explain(std::string const& error) const;
+    std::string UnknownCommand() const;
 
     std::unique_ptr<CLI::App> m_app;
     CommonOptions m_options;
-    std::function<void(Context&)> m_action;
+    Action m_action;
 };
 
 // Each adds its subcommands.
-void AddReadCommands(CommandLine& line); // get, list
-void AddSetCommand(CommandLine& line);   // set
+void AddReadCommands(CommandLine& line);                // get, list
+void AddSetCommand(CommandLine& line);                  // set
+void AddEnvCommand(CommandLine& line);                  // env
+void AddDirCommand(CommandLine& line);                  // dir
+void AddRegistryCommand(CommandLine& line);             // registry
+void AddRoadCommands(CommandLine& line);                // road info, and what follows
+void AddRoadQueries(CommandLine& line, CLI::App& road); // road xy, station, z
+void AddRoadCheck(CommandLine& line, CLI::App& road);
+void AddRoadPlot(CommandLine& line, CLI::App& road);
+
+// The argument that all of road's commands begin with.
+void AddRoadFile(CLI::App& command, std::string& file);
 
 } // namespace kvarnio

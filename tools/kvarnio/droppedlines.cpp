@@ -1,68 +1,47 @@
 #include "droppedlines.h"
 
-#include <algorithm>
 #include <utility>
 
 #include <compat/codepage.h>
 
+#include "textlines.h"
+
 namespace kvarnio {
 namespace {
-
-constexpr char endOfFile = 0x1A;
-
-// Takes the next line off the front of the content, without its end.
-std::string_view TakeLine(std::string_view& content) {
-    std::size_t const feed = content.find('\n');
-    std::string_view line = content.substr(0, feed);
-    if (feed == std::string_view::npos) {
-        content = {};
-        return line;
-    }
-    content.remove_prefix(feed + 1);
-    line.remove_suffix(line.ends_with('\r') ? 1 : 0);
-    return line;
-}
 
 class Collector {
   public:
     explicit Collector(std::string_view key) : m_key(key) {}
 
-    void Look(std::string_view line) {
-        ++m_number;
-        std::size_t const zero = line.find('\0');
-        LookAtText(line.substr(0, zero));
-        if (zero != std::string_view::npos) {
-            Drop("text after a zero byte", line.substr(zero + 1));
+    void Look(TextLine const& line) {
+        LookAtText(line.number, line.text);
+        if (line.afterZero) {
+            Drop(line.number, "text after a zero byte", *line.afterZero);
         }
     }
 
     // What stands after the end of the text is one loss, however many lines it has.
-    void LookBeyondEnd(std::size_t number, std::string_view content) {
-        std::size_t const first = content.find_first_not_of("\r\n \t\x1A");
-        if (first != std::string_view::npos) {
-            content.remove_prefix(first);
-            m_number = number;
-            Drop("everything after the end-of-file character 0x1A", TakeLine(content));
-        }
+    void LookBeyondEnd(TextLine const& line) {
+        Drop(line.number, "everything after the end-of-file character 0x1A", line.text);
     }
 
     DroppedLines Take() { return std::move(m_dropped); }
 
   private:
-    void LookAtText(std::string_view text) {
+    void LookAtText(std::size_t number, std::string_view text) {
         std::size_t const equals = text.find('=');
         if (text.find_first_not_of(" \t") == std::string_view::npos) {
             ++m_dropped.blank;
         } else if (equals == std::string_view::npos) {
-            Drop("no \"=\"", text);
+            Drop(number, "no \"=\"", text);
         } else if (equals == 0) {
-            Drop("no key before \"=\"", text);
+            Drop(number, "no key before \"=\"", text);
         } else if (equals > longestKey) {
-            Drop("key over 39 characters", text);
+            Drop(number, "key over 39 characters", text);
         } else if (text.size() - equals - 1 > longestValue) {
-            Drop("value over 258 characters", text);
+            Drop(number, "value over 258 characters", text);
         } else if (!IsTheKeysLine(text.substr(0, equals)) && equals + 1 == text.size()) {
-            Drop("no value", text);
+            Drop(number, "no value", text);
         }
     }
 
@@ -73,13 +52,12 @@ class Collector {
         return first;
     }
 
-    void Drop(char const* why, std::string_view text) {
-        m_dropped.lines.push_back({m_number, why, std::string(text)});
+    void Drop(std::size_t number, char const* why, std::string_view text) {
+        m_dropped.lines.push_back({number, why, std::string(text)});
     }
 
     std::string_view m_key;
     bool m_keySeen = false;
-    std::size_t m_number = 0;
     DroppedLines m_dropped;
 };
 
@@ -87,14 +65,12 @@ class Collector {
 
 DroppedLines LinesDroppedBy(std::string_view key, std::string_view content) {
     Collector collector(key);
-    std::size_t const end = content.find(endOfFile);
-    for (std::string_view rest = content.substr(0, end); !rest.empty();) {
-        collector.Look(TakeLine(rest));
+    TextLines const text = SplitLines(content);
+    for (TextLine const& line : text.lines) {
+        collector.Look(line);
     }
-    if (end != std::string_view::npos) {
-        auto const linesBefore =
-            std::count(content.begin(), content.begin() + static_cast<std::ptrdiff_t>(end), '\n');
-        collector.LookBeyondEnd(static_cast<std::size_t>(linesBefore) + 1, content.substr(end + 1));
+    if (text.beyondEnd) {
+        collector.LookBeyondEnd(*text.beyondEnd);
     }
     return collector.Take();
 }

@@ -71,10 +71,18 @@ void SetEnvironment(char const* name, std::string const& value) {
     SetEnvironmentVariableW(FromUtf8(name).c_str(), FromUtf8(value).c_str());
 }
 
+unsigned CodePage() {
+    return GetACP();
+}
+
 // The profile functions would look for a relative path in the Windows folder.
-std::string LibraryFolder(std::string const& typed) {
-    std::filesystem::path folder = std::filesystem::absolute(FromUtf8(typed));
-    return WithoutLastSeparators(To1252(ToUtf8(folder.make_preferred())));
+std::string LibraryPath(std::string const& typed) {
+    std::filesystem::path path = std::filesystem::absolute(FromUtf8(typed));
+    return To1252(ToUtf8(path.make_preferred()));
+}
+
+std::filesystem::path UserPath(std::string const& typed) {
+    return FromUtf8(typed);
 }
 
 std::filesystem::path HostPath(std::string_view path) {
@@ -103,8 +111,16 @@ void SetEnvironment(char const* name, std::string const& value) {
     setenv(name, value.c_str(), 1);
 }
 
-std::string LibraryFolder(std::string const& typed) {
-    return WithoutLastSeparators(To1252(typed));
+unsigned CodePage() {
+    return 1252; // compat/ converts to it
+}
+
+std::string LibraryPath(std::string const& typed) {
+    return To1252(typed);
+}
+
+std::filesystem::path UserPath(std::string const& typed) {
+    return typed;
 }
 
 std::filesystem::path HostPath(std::string_view path) {
@@ -121,5 +137,9 @@ bool FlushToDisk(std::filesystem::path const& path) {
 }
 
 #endif
+
+std::string LibraryFolder(std::string const& typed) {
+    return WithoutLastSeparators(LibraryPath(typed));
+}
 
 } // namespace kvarnio

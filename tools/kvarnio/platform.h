@@ -17,8 +17,17 @@ void ShowUtf8();
 
 void SetEnvironment(char const* name, std::string const& value);
 
+// The code page of the library's texts on this host.
+unsigned CodePage();
+
 // A folder as the user typed it, as one that the library takes: without separators at its end.
 std::string LibraryFolder(std::string const& typed);
+
+// A file as the user typed it, as a path that the library takes.
+std::string LibraryPath(std::string const& typed);
+
+// A file of the tool's own, as the user typed it.
+std::filesystem::path UserPath(std::string const& typed);
 
 // The host's path of a path of the library.
 std::filesystem::path HostPath(std::string_view path);

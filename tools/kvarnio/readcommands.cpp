@@ -68,7 +68,7 @@ std::string Plain(Json const& value) {
     return digits.substr(0, static_cast<std::size_t>(end.ptr - digits.data()));
 }
 
-void Get(Context& context, GetArguments const& arguments) {
+ExitStatus Get(Context& context, GetArguments const& arguments) {
     std::string const key = Key(arguments.key);
     SettingsFile const file(context, FileName(arguments.file));
     auto const entry = file.Find(key);
@@ -83,6 +83,7 @@ void Get(Context& context, GetArguments const& arguments) {
     } else {
         std::cout << Plain(value) << '\n';
     }
+    return done;
 }
 
 std::vector<SettingsFile> FilesToList(Context& context, std::string const& name) {
@@ -102,7 +103,7 @@ std::vector<SettingsFile> FilesToList(Context& context, std::string const& name)
     return files;
 }
 
-void List(Context& context, std::string const& name) {
+ExitStatus List(Context& context, std::string const& name) {
     bool const oneFile = !name.empty();
     Json json = Json::array();
     std::vector<std::vector<std::string>> rows = {{"KEY", "VALUE", "SOURCE"}};
@@ -121,6 +122,7 @@ void List(Context& context, std::string const& name) {
         }
     }
     context.json ? PrintJson(json) : PrintTable(rows);
+    return done;
 }
 
 void AddGet(CommandLine& line) {
@@ -133,7 +135,7 @@ void AddGet(CommandLine& line) {
         "--int", arguments->integer, "Print the whole number that programs read; MAX is -1");
     get.add_flag("--double", arguments->decimal, "Print the number that programs read")
         ->excludes(integer);
-    line.Run(get, [arguments](Context& context) { Get(context, *arguments); });
+    line.Run(get, [arguments](Context& context) { return Get(context, *arguments); });
 }
 
 void AddList(CommandLine& line) {
@@ -142,7 +144,7 @@ void AddList(CommandLine& line) {
         line.AddCommand("list", "Show every key with its value and the file that it comes from",
                         "Example: kvarnio list KVARNBOK.PAR --project .");
     list.add_option("FILE", *file, SettingsFile::Help() + "; without it, all four");
-    line.Run(list, [file](Context& context) { List(context, *file); });
+    line.Run(list, [file](Context& context) { return List(context, *file); });
 }
 
 } // namespace

@@ -29,7 +29,7 @@ NewValue ValueToWrite(SetArguments const& arguments) {
         return WholeNumber(arguments.value);
     }
     if (arguments.decimals >= 0) {
-        return Decimal{Number(arguments.value), arguments.decimals};
+        return Decimal{Number("VALUE", arguments.value), arguments.decimals};
     }
     return Value(arguments.value);
 }
@@ -91,7 +91,7 @@ std::string WhyNotWritten(std::filesystem::path const& path) {
                                          : "reading or writing it failed; the disk may be full";
 }
 
-void Set(Context& context, SetArguments const& arguments) {
+ExitStatus Set(Context& context, SetArguments const& arguments) {
     NewValue const value = ValueToWrite(arguments);
     std::string const typedKey = Key(arguments.key);
     RequireLengths(typedKey, value);
@@ -116,6 +116,7 @@ void Set(Context& context, SetArguments const& arguments) {
     }
     SettingsFile const after(context, before.Name());
     Report(context, after, {key, IsRemoval(value), was, after.Find(key), dropped});
+    return done;
 }
 
 } // namespace
@@ -140,7 +141,7 @@ void AddSetCommand(CommandLine& line) {
         ->type_name("DECIMALS")
         ->check(CLI::Range(0, mostDecimals).description(""))
         ->excludes(integer);
-    line.Run(set, [arguments](Context& context) { Set(context, *arguments); });
+    line.Run(set, [arguments](Context& context) { return Set(context, *arguments); });
 }
 
 } // namespace kvarnio

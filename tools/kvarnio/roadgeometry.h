@@ -1,0 +1,72 @@
+// The segments of road lines as figures: lengths, extents, points on them. The plane is that of the
+// vertices: x up, y to the right.
+#pragma once
+
+#include <algorithm>
+#include <limits>
+#include <span>
+#include <vector>
+
+#include <geodata/cirkelbage.h>
+#include <geodata/vaglinje.h>
+
+namespace kvarnio {
+
+using kvarn::Punkt;
+
+// The smallest upright rectangle around points; points that are not finite are passed over.
+struct Extent {
+    double minX = std::numeric_limits<double>::infinity();
+    double maxX = -std::numeric_limits<double>::infinity();
+    double minY = std::numeric_limits<double>::infinity();
+    double maxY = -std::numeric_limits<double>::infinity();
+
+    bool Empty() const { return !(minX <= maxX); }
+    void Add(Punkt p);
+    Extent Grown(double margin) const;
+};
+
+class Segment {
+  public:
+    Segment(Punkt from, Punkt to, double bulge);
+    Segment(kovltype const& from, kovltype const& to)
+        : Segment({from.x, from.y}, {to.x, to.y}, from.bulge) {}
+
+    bool IsArc() const { return m_isArc; }
+    Punkt From() const { return m_from; }
+    Punkt To() const { return m_to; }
+    double Bulge() const { return m_bulge; }
+    double Radius() const { return m_circle.radie; }
+    Punkt Centre() const { return m_circle.mitt; }
+    double Length() const;
+
+    // At a fraction of its length.
+    Punkt At(double fraction) const;
+    // There, a step of length one towards positive offsets.
+    Punkt Across(double fraction) const;
+    // The piece between two fractions.
+    Segment Part(double from, double to) const;
+    // The parallel at an offset; an arc shrinks at most to its centre.
+    Segment Beside(double offset) const;
+
+    void AddTo(Extent& extent) const;
+
+  private:
+    double Bearing(double fraction) const { return m_bearing + fraction * m_sweep; }
+
+    Punkt m_from;
+    Punkt m_to;
+    double m_bulge;
+    bool m_isArc;
+    kvarn::Cirkel m_circle{};
+    double m_bearing = 0; // of the start from the centre, from the y axis towards the x axis
+    double m_sweep = 0;   // to the end
+};
+
+// Whether a vertex can be drawn and measured.
+bool IsFinite(kovltype const& v);
+
+Extent ExtentOf(std::span<kovltype const> vertices);
+double LengthOf(std::span<kovltype const> vertices);
+
+} // namespace kvarnio
