@@ -283,17 +283,16 @@ void list0<T>::Sammanfoga(nod** a, nod** mitten, nod** slut, nod** ut, int nycke
 }
 
 template <class T> void list0<T>::Lanka(nod** noder) {
-    nod* forra = nullptr;
-    for (std::int32_t i = 0; i < m_antal; ++i) {
+    nod* forra = noder[0];
+    forra->forra = nullptr;
+    for (std::int32_t i = 1; i < m_antal; ++i) {
         noder[i]->forra = forra;
-        if (forra != nullptr) {
-            forra->nasta = noder[i];
-        }
+        forra->nasta = noder[i];
         forra = noder[i];
     }
+    forra->nasta = nullptr;
     m_forsta = noder[0];
     m_sista = forra;
-    m_sista->nasta = nullptr;
 }
 
 template <class T> int list0<T>::Omsortera(int nyckel) {

@@ -108,7 +108,8 @@ TEST_F(RegistryTest, EveryFormatIsStoredInItsLayoutAndReadsBack) {
     EXPECT_EQ(m_registry.ReadSize("size", &readSize), 1);
     EXPECT_EQ(m_registry.ReadPoint("point", &readPoint), 1);
     EXPECT_EQ(m_registry.ReadRect("rect", &readRect), 1);
-    EXPECT_TRUE(readSize == size && readPoint == point && readRect == rect);
+    EXPECT_TRUE(readSize == static_cast<SIZE>(size) && readPoint == static_cast<POINT>(point) &&
+                readRect == static_cast<RECT>(rect));
     COleDateTime const readDate = m_registry.ReadDateTime("date", COleDateTime());
     EXPECT_EQ(readDate.m_dt, 2.5);
     EXPECT_EQ(readDate.GetStatus(), COleDateTime::null);
@@ -149,7 +150,7 @@ TEST_F(RegistryTest, TextsHaveAtMost254Characters) {
     Store("stored", REG_SZ, longest + "x" + '\0');
     EXPECT_EQ(m_registry.ReadString("stored", "def"), "def");
     EXPECT_EQ(m_registry.ReadStringKey3264(path, "stored", "def"), "def");
-    Store("expand", REG_EXPAND_SZ, std::string_view("%X%\0y", 6));
+    Store("expand", REG_EXPAND_SZ, std::string_view("%X%\0y\0", 6));
     EXPECT_EQ(m_registry.ReadString("expand", ""), "%X%");
     Store("binary", REG_BINARY, "bytes");
     EXPECT_EQ(m_registry.ReadString("binary", "def"), "def");

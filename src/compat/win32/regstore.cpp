@@ -152,8 +152,8 @@ bool ReadData(std::u16string_view text, RegValue& value) {
     if (!text.starts_with(u':')) {
         return false;
     }
-    std::optional<std::string> bytes = HexBytes(text.substr(1));
-    value.data = std::move(bytes).value_or("");
+    std::optional<std::string> const bytes = HexBytes(text.substr(1));
+    value.data = bytes.value_or("");
     return bytes.has_value();
 }
 
