@@ -8,9 +8,20 @@ namespace {
 constexpr DWORD longestText = 255; // bytes, with the zero
 constexpr DWORD noOptions = 0;
 
-// The text of a value's bytes, which need not end in a zero.
-CString Text(char const (&bytes)[longestText + 1]) {
-    return {bytes};
+BYTE const* Bytes(void const* data) {
+    return static_cast<BYTE const*>(data);
+}
+
+// A value's bytes as a text, whether they end in a zero or not; the text stays on failure.
+LSTATUS QueryText(HKEY key, CString const& name, CString& text) {
+    char bytes[longestText + 1] = "";
+    DWORD size = longestText;
+    LSTATUS const read = RegQueryValueExA(key, name.GetString(), nullptr, nullptr,
+                                          reinterpret_cast<BYTE*>(bytes), &size);
+    if (read == ERROR_SUCCESS) {
+        text = bytes;
+    }
+    return read;
 }
 
 // The memory of a date and time: an 8-byte double, a 32-bit status, padding.
@@ -20,10 +31,6 @@ struct DateTimeImage {
     std::int32_t padding;
 };
 static_assert(sizeof(DateTimeImage) == 16 && sizeof(LOGFONTA) == 60);
-
-BYTE const* Bytes(void const* data) {
-    return static_cast<BYTE const*>(data);
-}
 
 } // namespace
 
@@ -203,12 +210,9 @@ CString CRegistry::ReadString(CString name, CString standard) {
     if (m_sistaFel != ERROR_SUCCESS) {
         return standard;
     }
-    char text[longestText + 1] = "";
-    DWORD size = longestText;
-    m_sistaFel = RegQueryValueExA(key, name.GetString(), nullptr, nullptr,
-                                  reinterpret_cast<BYTE*>(text), &size);
+    m_sistaFel = QueryText(key, name, standard);
     Close(key, false);
-    return m_sistaFel == ERROR_SUCCESS ? Text(text) : standard;
+    return standard;
 }
 
 CString CRegistry::ReadStringKey3264(CString path, CString name, CString standard) {
@@ -220,12 +224,9 @@ CString CRegistry::ReadStringKey3264(CString path, CString name, CString standar
     if (m_sistaFel != ERROR_SUCCESS) {
         return standard;
     }
-    char text[longestText + 1] = "";
-    DWORD size = longestText;
-    m_sistaFel = RegQueryValueExA(key, name.GetString(), nullptr, nullptr,
-                                  reinterpret_cast<BYTE*>(text), &size);
+    m_sistaFel = QueryText(key, name, standard);
     Close(key, false);
-    return m_sistaFel == ERROR_SUCCESS ? Text(text) : standard;
+    return standard;
 }
 
 // Up to `size` bytes; what lies beyond the value's own stays as it was.
@@ -290,8 +291,12 @@ int CRegistry::ReadFont(CString name, CFont* font) {
     if (!Read(name, &description, sizeof description)) {
         return 0;
     }
+    HFONT const made = CreateFontIndirectA(&description);
+    if (made == nullptr) {
+        return 0;
+    }
     font->Detach();
-    font->Attach(CreateFontIndirectA(&description));
+    font->Attach(made);
     return 1;
 }
 

@@ -10,8 +10,10 @@
 namespace kvarn {
 namespace {
 
+// Another program may make it at the same time.
 bool SkapaKatalog(std::string const& katalog) {
-    return FileExists(katalog.c_str()) || CreateDirectoryA(katalog.c_str(), nullptr) != 0;
+    return FileExists(katalog.c_str()) || CreateDirectoryA(katalog.c_str(), nullptr) != 0 ||
+           FileExists(katalog.c_str());
 }
 
 void KopieraEn(std::string const& fran, std::string const& till) {
@@ -20,18 +22,10 @@ void KopieraEn(std::string const& fran, std::string const& till) {
     }
 }
 
-// "Markvida.ini" comes last: once it is there, the folder counts as filled.
+// Markvida.ini comes last: once it is there, the folder counts as filled.
 void KopieraAlla(std::string const& fran, std::string const& till) {
-    bool medIni = false;
-    for (std::string const& namn : FilerI(fran)) {
-        bool const ini = SameText(namn, iniNamn);
-        medIni = medIni || ini;
-        if (!ini) {
-            KopieraEn(PathOf(fran, namn), PathOf(till, namn));
-        }
-    }
-    if (medIni) {
-        KopieraEn(PathOf(fran, iniNamn), PathOf(till, iniNamn));
+    for (std::string const& namn : FilerI(fran, iniNamn)) {
+        KopieraEn(PathOf(fran, namn), PathOf(till, namn));
     }
 }
 
@@ -81,7 +75,7 @@ Anvandarmiljo::Anvandarmiljo(std::string program)
 
 void Anvandarmiljo::ValjUtgava(std::int32_t utgava) {
     std::string const namn = Utgavekatalog(utgava);
-    if (!namn.empty()) {
+    if (!namn.empty() && !m_data.empty()) {
         m_utgavekatalog = Programkatalog(namn.c_str());
         m_katalog = PathOf(m_utgavekatalog, m_program);
         m_ini = PathOf(m_katalog, iniNamn);
@@ -129,7 +123,7 @@ Uppstart Anvandarmiljo::Fyll(std::string const& fran) const {
 
 Uppstart Anvandarmiljo::SkapaKataloger() const {
     std::string const huvudkatalog = PathOf(m_data, "Orsakor");
-    if (!SkapaKatalog(huvudkatalog)) {
+    if (m_data.empty() || !SkapaKatalog(huvudkatalog)) {
         Varna(Format("Kunde inte skapa applikationens huvudkatalog:\n%s", huvudkatalog));
         return ingenHuvudkatalog;
     }

@@ -7,8 +7,9 @@
 #include "../compat/host.h"
 #include "../library/export.h"
 
-// Construct one, call Init once, and hand it to the data-file objects. Text is in code page 1252.
-// Nothing here shows a message: what is missing reads as empty, a failed write returns 0.
+// Construct one, call Init once, then, where users have settings folders of their own, InitXPWay,
+// and hand it to the data-file objects. Text is in code page 1252. Nothing but InitXPWay shows a
+// message: what is missing reads as empty, a failed write returns 0.
 class KVARNPROG_API CAutoIni {
   public:
     // Defaults as given at each member.
@@ -101,7 +102,7 @@ class KVARNPROG_API CAutoIni {
     char* InstallPackage();
 
     std::int32_t m_lage = 0; // settings mode: 0 through the application object, else the INI file
-    CString m_iniFil;        // path of "Markvida.ini", or the bare name; not set in mode 0
+    CString m_iniFil;        // path of "Markvida.ini", or the bare name; not set by Init in mode 0
     CString m_idag;          // today's local date, as 2026-11-15
     CString m_huvudKat = "C:\\Kvarnbok"; // main directory
     CString m_cfgKat = "C:\\Kvarnbok";   // CFG directory, key "KVARNBOK.CFG"

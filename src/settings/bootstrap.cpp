@@ -21,10 +21,11 @@ namespace {
 using kvarn::Anvandarmiljo;
 using kvarn::Uppstart;
 
-// The release that the user last chose in the project archive program.
-std::int32_t ValdUtgava() {
+// The release that the user last chose in the project archive program; the other one given where
+// that is no number.
+std::int32_t ValdUtgava(std::int32_t annars) {
     constexpr char const* samlaren = "SOFTWARE\\Orsakor\\Vallentra\\Markvida\\Samlaren";
-    std::int32_t utgava = 0;
+    std::int32_t utgava = annars;
     kvarn::Scan(kvarn::LasRegistret(HKEY_CURRENT_USER, samlaren, "ACADVER", "20").GetString(),
                 utgava);
     return utgava;
@@ -87,7 +88,7 @@ std::optional<std::int32_t> SokEgenUtgava(CAutoIni& ini, bool katalogenOver, cha
         katalog.resize(std::min(katalog.size(), katalog.rfind('\\')));
     }
     ini.m_huvudKat = katalog.c_str();
-    std::int32_t const utgava = ValdUtgava();
+    std::int32_t const utgava = ValdUtgava(kvarn::senasteUtgava);
     for (std::string const& nyckel : Installationsnycklar(utgava, true, sub)) {
         CString const installerad = InstallPath(nyckel);
         std::string_view utanSlut = installerad.GetString();
@@ -176,6 +177,7 @@ void Inled(CAutoIni& ini, Anvandarmiljo const& miljo, std::int32_t utgava) {
 
 int CAutoIni::InitXPWay(int ver, char const* sub, char const* dir) {
     bool const egen = ver == 0 || ver == 1;
+    sub = sub != nullptr ? sub : "";
     m_lage = egen ? 0 : 1;
     m_paket[0] = '\0';
     std::optional<std::int32_t> const funnen =
@@ -206,7 +208,7 @@ int CAutoIni::InitXPWay(int ver, char const* sub, char const* dir) {
     if (ny) {
         bool const korde = KorVaxlaren(m_huvudKat.GetString());
         if (korde) {
-            utgava = ValdUtgava();
+            utgava = ValdUtgava(utgava);
             valj();
         }
         if (!korde || !miljo.HarIni()) {

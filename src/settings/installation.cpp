@@ -1,5 +1,7 @@
 #include "installation.h"
 
+#include <algorithm>
+
 #include "../core/registry.h"
 #include "../core/text.h"
 #include "../project/dirsort.h"
@@ -31,7 +33,7 @@ CString Gemensamdata() {
     return LasRegistret(HKEY_LOCAL_MACHINE, shellFolders, "Common Appdata");
 }
 
-std::vector<std::string> FilerI(std::string const& katalog) {
+std::vector<std::string> FilerI(std::string const& katalog, char const* sist) {
     constexpr int osorterat = 0;
     constexpr int tomForst = 1;
     constexpr int lage = 0;
@@ -42,6 +44,8 @@ std::vector<std::string> FilerI(std::string const& katalog) {
     for (bool finns = lista.Home() == 0; finns; finns = lista++ != nullptr) {
         namn.emplace_back(lista.Get_aktel()->namn);
     }
+    std::stable_partition(namn.begin(), namn.end(),
+                          [&](std::string const& ett) { return !SameText(ett, sist); });
     return namn;
 }
 

@@ -24,7 +24,8 @@ CString LasRegistret(HKEY rot, char const* nyckel, char const* namn, char const*
 CString Anvandardata();
 CString Gemensamdata();
 
-// The names of a folder's files.
-std::vector<std::string> FilerI(std::string const& katalog);
+// The names of a folder's files. One of them comes last: the one by which others tell that a folder
+// is filled, so that a copying that was cut short is made up for.
+std::vector<std::string> FilerI(std::string const& katalog, char const* sist);
 
 } // namespace kvarn

@@ -13,6 +13,9 @@
 
 namespace {
 
+// A configuration folder that holds this file is filled.
+constexpr char const* fylldMarke = "Kvarnbok.par";
+
 // Where the settings folder of an INI file lies, by fixed widths:
 // ...\R20\AX\Markvida.ini.
 class Platser {
@@ -77,7 +80,7 @@ void KopieraNyare(std::string const& fran, std::string const& till) {
 
 template <class Villkor>
 void KopieraNyare(std::string const& fran, std::string const& till, Villkor ska) {
-    for (std::string const& namn : kvarn::FilerI(fran)) {
+    for (std::string const& namn : kvarn::FilerI(fran, fylldMarke)) {
         std::string versaler = namn;
         ToUpperNordic(versaler.data());
         if (ska(versaler)) {
@@ -135,7 +138,7 @@ int CAutoIni::User2Cfg(CString& dir) {
         return -1;
     }
     Platser const platser(m_iniFil.GetString());
-    bool const fylld = kvarn::FileExists(kvarn::PathOf(katalog, "Kvarnbok.par").c_str());
+    bool const fylld = kvarn::FileExists(kvarn::PathOf(katalog, fylldMarke).c_str());
     if (!fylld && platser.Kanda()) {
         KopieraNyare(platser.Egen(), katalog, HorTillKonfigurationen);
     }

@@ -44,6 +44,12 @@ TEST(RegStore, WhatAPersonWroteIsRead) {
         "[-HKEY_CURRENT_USER\\B]\n");
     EXPECT_TRUE(store.Whole());
     EXPECT_EQ(store.CountKeysBelow(u"HKEY_CURRENT_USER\\A"), 1U);
+    kvarn::RegStore noHeader("[HKEY_CURRENT_USER\\A]\n\"x\"=dword:5\n");
+    EXPECT_FALSE(noHeader.Whole()); // but it is read
+    EXPECT_NE(noHeader.Find(u"HKEY_CURRENT_USER\\A"), nullptr);
+    kvarn::RegStore const twice(head +
+                                "[HKEY_CURRENT_USER]\n; one\n\"x\"=\"1\"\n; two\n\"x\"=\"2\"");
+    EXPECT_NE(twice.Bytes().find(kvarn::ToBytes(u"; one\r\n; two\r\n")), std::string::npos);
     kvarn::RegKey* const key = store.Find(u"HKEY_CURRENT_USER\\a\\\u00E5");
     ASSERT_NE(key, nullptr);
     EXPECT_EQ(key->values.size(), 2U);
@@ -74,6 +80,8 @@ TEST(RegStore, AStoreThatIsNotUnderstoodIsReadAndNeverWritten) {
     EXPECT_FALSE(std::filesystem::exists(store));
     EXPECT_EQ(registry.SetKey("A", 1, KEY_ALL_ACCESS), 1);
     EXPECT_EQ(registry.WriteString("x", "1"), 1);
+    EXPECT_EQ(registry.WriteString("a\nb", "no line can hold the name"), 0);
+    EXPECT_EQ(registry.SetKey("A\\\\B", 1, KEY_ALL_ACCESS), 0);
     std::string text =
         head + "[HKEY_CURRENT_USER]\r\n\r\n[HKEY_CURRENT_USER\\A]\r\n\"x\"=\"1\"\r\n";
     EXPECT_EQ(folder.Read("made/store.reg"), InUtf16(text));

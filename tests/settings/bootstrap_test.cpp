@@ -138,6 +138,14 @@ TEST_F(BootstrapTest, TheSwitcherLeavesSettingsAndChoosesTheRelease) {
     EXPECT_FALSE(std::filesystem::exists(m_inst.File(Installation::User("Kvarnbok.par", "R19"))));
 }
 
+TEST_F(BootstrapTest, AReleaseThatIsNoNumberIsTheLatest) {
+    InstallWithAllUsers();
+    m_inst.Choose("none");
+    m_inst.Write(Installation::User("Markvida.ini"), "[SYSTEM]\r\n");
+    EXPECT_EQ(Start(0), 0);
+    EXPECT_EQ(m_ini.m_iniFil, m_inst.Path(Installation::User("Markvida.ini")).c_str());
+}
+
 TEST_F(BootstrapTest, ASwitcherThatFailsIsTold) {
     InstallWithAllUsers();
     Switcher("", "");

@@ -1,4 +1,6 @@
 // env, dir and registry: the installed environment as the tool shows it.
+#include <algorithm>
+
 #include "kvarnio.h"
 #include "support/installation.h"
 
@@ -33,14 +35,16 @@ TEST_F(EnvTest, TellsWhereSettingsAreAndWhy) {
 
 TEST_F(EnvTest, TheFirstStartCanBeWatched) {
     EXPECT_EQ(Run({"env", "--bootstrap", "0", "AX"}).status, 1); // nothing is installed
-    m_inst.Install("R20", Home());
+    std::string installed = Home();                              // as the registry has paths
+    std::replace(installed.begin(), installed.end(), '/', '\\');
+    m_inst.Install("R20", installed);
     m_inst.Write(Installation::AllUsers("Markvida.ini"), "[SYSTEM]\r\nACADEXEA=a.exe\r\n");
     m_inst.Write(Installation::AllUsers("KVARNBOK.PAR"), "A=1\r\n");
     Result const first = Run({"env", "--bootstrap", "0", "AX", "--json"});
     EXPECT_EQ(first.status, 0) << first.err;
     EXPECT_NE(first.err.find("the old way"), std::string::npos);
     EXPECT_EQ(Finding(first.out, "bootstrap")["why"], "ready");
-    EXPECT_EQ(Finding(first.out, "installed")["value"], Home());
+    EXPECT_EQ(Finding(first.out, "installation")["value"], Home());
     EXPECT_EQ(Finding(first.out, "CFG folder")["why"], "the user's settings folder");
     EXPECT_EQ(m_inst.Read(Installation::User("KVARNBOK.PAR")), "A=1\r\n");
     Result const later = Run({"env", "--bootstrap", "0", "AX", "--refresh", "--json"});

@@ -51,8 +51,16 @@ inline int RunLine(std::string const& line, Streams const& streams) {
     std::wstring wide = std::filesystem::path(std::u8string(line.begin(), line.end())).wstring();
     PROCESS_INFORMATION process{};
     DWORD status = 0;
-    if (CreateProcessW(nullptr, wide.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
-                       &process) == FALSE) {
+    // Wine fails to start one process in a thousand, with this error; it has not run then.
+    auto const started = [&] {
+        return CreateProcessW(nullptr, wide.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                              &start, &process) != FALSE;
+    };
+    bool runs = started();
+    for (int again = 0; !runs && GetLastError() == ERROR_INTERNAL_ERROR && again < 3; ++again) {
+        runs = started();
+    }
+    if (!runs) {
         ADD_FAILURE() << "error " << GetLastError() << " starting " << line;
     } else {
         WaitForSingleObject(process.hProcess, INFINITE);

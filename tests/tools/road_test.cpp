@@ -148,6 +148,7 @@ TEST_F(RoadTest, CheckNamesEachProblemWithItsLine) {
          {"1: the segment is 100.0000 m long, its stations differ by 100.0200"}},
         // Beyond a half circle, 160 m round on a radius of 50.
         {"70 240 3 0\n130 240 0 249.8092\n", {"1: bulge 3.0000: beyond a half circle"}},
+        {"8 6 1 0\n-8 -6 0 31.4159\n", {"1: bulge 1.0000: a half circle that does not cross"}},
         // A quarter circle from due south to due east of its centre.
         {"0 0 0.41421356237 0\n50 -50 0 78.5398\n", {"1: the arc starts and ends straight north"}},
         {"0 0 0 0\nnan 0 0 50\n100 inf 0 100\n",

@@ -39,7 +39,7 @@ class Findings {
 };
 
 std::string KeySource(CAutoIni& ini, char const* key) {
-    return ini.ReadKey("SYSTEM", key).IsEmpty() ? "" : std::string("key ") + key;
+    return ini.ReadKey("SYSTEM", key).IsEmpty() ? "as before" : std::string("key ") + key;
 }
 
 std::string Bootstrapped(int result) {
@@ -61,21 +61,22 @@ std::string Bootstrapped(int result) {
     }
 }
 
-// The installations that the registry names for a program.
-void AddInstallations(Findings& findings, std::string const& program) {
+// The installations that the registry names for a program, in the order in which they are asked.
+void AddInstallations(Findings& findings, std::string const& program, CString const& main) {
+    bool found = false;
     for (char const* group : {"DIST", "RELEASE", "R20", "R19", "R18"}) {
         std::string const key = "SOFTWARE\\Wow6432Node\\Orsakor\\Vallentra\\Markvida\\" +
                                 std::string(group) + "\\" + program;
         CRegistry registry;
         registry.SetRootKey(HKEY_LOCAL_MACHINE);
-        CString const path = registry.ReadStringKey3264(key.c_str(), "InstallPath", "");
-        CString const package = registry.ReadStringKey3264(key.c_str(), "Package", "");
-        if (!path.IsEmpty()) {
-            findings.AddPath(
-                "installed", path,
-                "HKLM\\" + key +
-                    (package.IsEmpty() ? "" : ", package " + OneLine(package.GetString())));
+        CString path = registry.ReadStringKey3264(key.c_str(), "InstallPath", "");
+        if (path.IsEmpty()) {
+            continue;
         }
+        bool const same = kvarn::CompareNoCase1252(path.TrimRight('\\').GetString(),
+                                                   CString(main).TrimRight('\\').GetString()) == 0;
+        findings.AddPath(same && !found ? "installation" : "other one", path, "HKLM\\" + key);
+        found = found || same;
     }
 }
 
@@ -91,15 +92,14 @@ void AddSettings(Findings& findings, CAutoIni& ini, bool bootstrapped) {
                      bootstrapped                         ? "of the installation"
                      : std::getenv("KVARNBOK") != nullptr ? "KVARNBOK, or --home"
                                                           : "the default");
-    std::string const cfg = KeySource(ini, "KVARNBOK.CFG");
+    bool const cfg = !ini.ReadKey("SYSTEM", "KVARNBOK.CFG").IsEmpty();
     findings.AddPath("CFG folder", ini.m_cfgKat,
-                     !cfg.empty()   ? cfg
+                     cfg            ? "key KVARNBOK.CFG"
                      : bootstrapped ? "the user's settings folder"
                                     : "the main folder, or --cfg");
     findings.AddPath("messages", ini.m_medKat, KeySource(ini, "MSG"));
     findings.AddPath("scripts", ini.m_scriptKat, KeySource(ini, "SCRIPTPATH"));
-    findings.Add("CAD version", std::to_string(ini.m_acadVer),
-                 KeySource(ini, "ACADVER").empty() ? "the default" : "key ACADVER");
+    findings.Add("CAD version", std::to_string(ini.m_acadVer), KeySource(ini, "ACADVER"));
     findings.AddPath("CAD program", ini.m_acadExe, KeySource(ini, "ACADEXE"));
 }
 
@@ -114,6 +114,7 @@ ExitStatus Env(Context& context, EnvArguments const& arguments) {
     Findings findings;
     CAutoIni& ini = context.ini;
     ExitStatus status = done;
+    bool bootstrapped = false;
     if (CodePage() != 1252) {
         findings.Add("code page", std::to_string(CodePage()),
                      "not 1252: letters outside ASCII will be wrong");
@@ -124,8 +125,11 @@ ExitStatus Env(Context& context, EnvArguments const& arguments) {
         int const result = ini.InitXPWay(Release(arguments.bootstrap[0]), program.c_str(),
                                          CString(ini.m_huvudKat));
         findings.Add("bootstrap", std::to_string(result), Bootstrapped(result));
-        AddInstallations(findings, program);
-        findings.Add("package", OneLine(ini.InstallPackage()), "of the running program's release");
+        AddInstallations(findings, program, result == -1 ? CString() : ini.m_huvudKat);
+        if (*ini.InstallPackage() != '\0') {
+            findings.Add("package", OneLine(ini.InstallPackage()), "of the installation");
+        }
+        bootstrapped = result == 0;
         status = result == 0 ? status : failed;
     }
     if (arguments.refresh) {
@@ -135,7 +139,7 @@ ExitStatus Env(Context& context, EnvArguments const& arguments) {
                                  : "no folder of the user's, or no platform registered");
         status = result == 0 ? status : failed;
     }
-    AddSettings(findings, ini, !arguments.bootstrap.empty());
+    AddSettings(findings, ini, bootstrapped);
     findings.Print(context.json);
     return status;
 }

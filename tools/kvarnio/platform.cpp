@@ -1,5 +1,6 @@
 #include "platform.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 
@@ -115,8 +116,11 @@ unsigned CodePage() {
     return 1252; // compat/ converts to it
 }
 
+// As the registry and the settings spell paths.
 std::string LibraryPath(std::string const& typed) {
-    return To1252(typed);
+    std::string path = To1252(typed);
+    std::replace(path.begin(), path.end(), '/', '\\');
+    return path;
 }
 
 std::filesystem::path UserPath(std::string const& typed) {

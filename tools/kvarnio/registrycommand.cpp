@@ -1,6 +1,7 @@
 // kvarnio registry: what a key of the registry holds, in every form in which programs read it.
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <memory>
 #include <utility>
 
@@ -106,7 +107,9 @@ Json Forms(CRegistry& registry, CString const& name) {
         LOGFONTA description{};
         registry.ReadFont(name, &font);
         font.GetLogFont(&description);
-        forms["font"] = {{"name", kvarn::ToUtf8(description.lfFaceName)},
+        std::string const name1252(description.lfFaceName, // which need not end in a zero
+                                   strnlen(description.lfFaceName, LF_FACESIZE));
+        forms["font"] = {{"name", kvarn::ToUtf8(name1252)},
                          {"height", description.lfHeight},
                          {"weight", description.lfWeight}};
     }

@@ -116,9 +116,13 @@ class Checker {
     }
 
     void Bulge(Place p) {
-        if (std::fabs(p.vertex.bulge) > 1) {
-            Add(p.line, Format("bulge %.4lf: beyond a half circle the other arc is followed",
-                               p.vertex.bulge));
+        double const size = std::fabs(p.vertex.bulge);
+        if (size >= 1) {
+            Add(p.line,
+                Format("bulge %.4lf: ", p.vertex.bulge) +
+                    (size > 1 ? "beyond a half circle the other arc is followed"
+                              : "a half circle that does not cross the bearing zero is followed "
+                                "the other way round"));
         }
     }
 

@@ -21,7 +21,8 @@ struct HKEY__ {
 
 namespace {
 
-constexpr LSTATUS writeFault = 29; // ERROR_WRITE_FAULT
+constexpr LSTATUS writeFault = 29;   // ERROR_WRITE_FAULT
+constexpr LSTATUS invalidName = 123; // ERROR_INVALID_NAME
 
 // The store's file as a path of the library; empty when its name is not in code page 1252.
 std::string StorePath() {
@@ -82,6 +83,9 @@ LSTATUS ChangeStore(Change const& change) {
     std::filesystem::create_directories(std::filesystem::path(kvarn::RegistryFile()).parent_path(),
                                         failed);
     std::string const path = StorePath();
+    if (path.empty()) {
+        return writeFault;
+    }
     Turn const turn(path);
     std::optional<kvarn::RegStore> store = Load(path);
     if (!turn.Taken() || !store || !store->Whole()) {
@@ -92,6 +96,9 @@ LSTATUS ChangeStore(Change const& change) {
     std::string const after = store->Bytes();
     if (result != ERROR_SUCCESS || after == before) {
         return result;
+    }
+    if (!kvarn::RegStore(after).Whole()) { // a name that no line can hold
+        return invalidName;
     }
     return kvarn::RewriteFile(path.c_str(), after) == kvarn::Rewritten::done ? ERROR_SUCCESS
                                                                              : writeFault;
@@ -183,7 +190,8 @@ LSTATUS RegFlushKey(HKEY) {
 LSTATUS RegDeleteKeyA(HKEY parent, LPCSTR path) {
     std::u16string const full = PathOf(parent, path);
     return ChangeStore([&](kvarn::RegStore& store) {
-        if (store.Find(full) == nullptr) {
+        bool const isRoot = full.find(u'\\') == std::u16string::npos;
+        if (isRoot || store.Find(full) == nullptr) {
             return static_cast<LSTATUS>(ERROR_FILE_NOT_FOUND);
         }
         if (store.CountKeysBelow(full) > 0) {

@@ -286,10 +286,10 @@ void RegStore::Read(std::u16string_view text) {
         if (line.empty()) {
         } else if (line.front() == u';') {
             m_comment.append(line).append(lineEnd);
-        } else if (!headerSeen) {
-            headerSeen = line == header;
-            m_whole = m_whole && headerSeen;
+        } else if (line == header && !headerSeen) {
+            headerSeen = true;
         } else {
+            m_whole = m_whole && headerSeen;
             m_whole = (line.front() == u'[' ? ReadKeyLine(line) : ReadValueLine(line)) && m_whole;
         }
         joined.clear();
@@ -306,7 +306,9 @@ bool RegStore::ReadKeyLine(std::u16string_view line) {
     path.remove_prefix(deleted ? 1 : 0);
     constexpr std::size_t longest = 2048;
     std::u16string const root = Capitals(path.substr(0, path.find(u'\\')));
-    if (path.size() > longest || std::find(roots.begin(), roots.end(), root) == roots.end()) {
+    bool const emptyPart = path.ends_with(u'\\') || path.find(u"\\\\") != std::u16string_view::npos;
+    if (emptyPart || path.size() > longest ||
+        std::find(roots.begin(), roots.end(), root) == roots.end()) {
         return false;
     }
     if (deleted) {
@@ -340,6 +342,7 @@ bool RegStore::ReadValueLine(std::u16string_view line) {
     RegValue* const there = m_current->Find(value.name);
     if (line == u"-") {
         if (there != nullptr) {
+            m_comment.insert(0, there->comment);
             m_current->values.erase(m_current->values.begin() + (there - m_current->values.data()));
         }
         return true;
@@ -348,7 +351,12 @@ bool RegStore::ReadValueLine(std::u16string_view line) {
         return false;
     }
     value.comment.swap(m_comment);
-    there != nullptr ? void(*there = value) : m_current->values.push_back(value);
+    if (there != nullptr) {
+        value.comment.insert(0, there->comment);
+        *there = std::move(value);
+    } else {
+        m_current->values.push_back(std::move(value));
+    }
     return true;
 }
 

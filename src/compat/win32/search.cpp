@@ -145,7 +145,7 @@ bool Fill(WIN32_FIND_DATAA& entry, std::string const& folder, Found const& found
     entry.dwFileAttributes =
         S_ISDIR(status.st_mode) ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_ARCHIVE;
     entry.ftLastWriteTime = Changed(status);
-    auto const size = static_cast<std::uint64_t>(status.st_size);
+    auto const size = S_ISDIR(status.st_mode) ? 0 : static_cast<std::uint64_t>(status.st_size);
     entry.nFileSizeHigh = static_cast<DWORD>(size >> 32U);
     entry.nFileSizeLow = static_cast<DWORD>(size);
     found.name.copy(entry.cFileName, sizeof entry.cFileName - 1);

@@ -113,6 +113,9 @@ BOOL CreateProcessA(LPCSTR program, LPSTR, SECURITY_ATTRIBUTES*, SECURITY_ATTRIB
         return FALSE;
     }
     auto const process = static_cast<int>(syscall(SYS_pidfd_open, child, 0));
+    if (process < 0) { // no such descriptors here: wait for the child at once
+        waitpid(child, nullptr, 0);
+    }
     *information = {ToHandle(process), ToHandle(dup(process)), static_cast<DWORD>(child), 0};
     return TRUE;
 }
