@@ -2,6 +2,7 @@
 // of the test's own, and what the registry held before comes back.
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <utility>
@@ -22,12 +23,13 @@ class Installation {
         Set(HKEY_LOCAL_MACHINE, shellFolders, "Common Appdata", Path("Gemensam"));
     }
     ~Installation() {
-        for (auto set = m_before.rbegin(); set != m_before.rend(); ++set) {
+        std::reverse(m_before.begin(), m_before.end()); // what was set twice comes back in steps
+        for (Before const& before : m_before) {
             CRegistry registry;
-            registry.SetRootKey(set->root);
-            registry.SetKey(set->key.c_str(), 0, KEY_ALL_ACCESS);
-            set->value ? registry.WriteString(set->name.c_str(), set->value->c_str())
-                       : registry.DeleteValue(set->name.c_str());
+            registry.SetRootKey(before.root);
+            registry.SetKey(before.key.c_str(), 0, KEY_ALL_ACCESS);
+            before.value ? registry.WriteString(before.name.c_str(), before.value->c_str())
+                         : registry.DeleteValue(before.name.c_str());
         }
         SetVariable("KVARNPROG_REGISTRY", "");
     }
