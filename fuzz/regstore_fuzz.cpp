@@ -27,7 +27,7 @@ std::u16string Name(FuzzedDataProvider& provider) {
 
 void CheckSetting(kvarn::RegStore& store, FuzzedDataProvider& provider) {
     constexpr std::size_t longest = 300;
-    std::u16string const path = u"HKEY_CURRENT_USER\\" + Name(provider);
+    std::u16string const path = u"HKEY_CURRENT_USER\\k" + Name(provider); // never empty
     std::u16string const name = Name(provider);
     auto const type = provider.ConsumeIntegralInRange<DWORD>(0, 12);
     std::string const data = provider.ConsumeRandomLengthString(longest);
