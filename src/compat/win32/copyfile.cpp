@@ -1,10 +1,10 @@
 #include <fcntl.h>
 #include <optional>
 #include <string>
-#include <sys/stat.h>
 
 #include "../filerewrite.h"
 #include "files.h"
+#include "hostfile.h"
 #include "paths.h"
 #include "wholefile.h"
 
@@ -15,7 +15,7 @@ BOOL CopyFileA(LPCSTR from, LPCSTR to, BOOL failIfExists) {
     }
     struct stat status {};
     std::optional<std::string> const content = kvarn::WholeFile(from);
-    if (!content || stat(kvarn::HostPath(from).c_str(), &status) != 0) {
+    if (!content || !kvarn::FileStatus(from, status)) {
         return FALSE;
     }
     if (kvarn::RewriteFile(to, *content) != kvarn::Rewritten::done) {

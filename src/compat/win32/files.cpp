@@ -9,9 +9,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "hostfile.h"
 #include "paths.h"
 
+using kvarn::Descriptor;
+using kvarn::FileStatus;
 using kvarn::HostPath;
+using kvarn::ToHandle;
 
 namespace {
 
@@ -73,18 +77,6 @@ template <class Call> int OnPath(LPCSTR path, Call call) {
     return result;
 }
 
-int Status(LPCSTR path, struct stat& status) {
-    return OnPath(path, [&](char const* hostPath) { return stat(hostPath, &status); });
-}
-
-// A handle is the descriptor plus one, so that no handle is null.
-HANDLE ToHandle(int descriptor) {
-    return reinterpret_cast<HANDLE>(std::intptr_t{descriptor} + 1);
-}
-int Descriptor(HANDLE file) {
-    return static_cast<int>(reinterpret_cast<std::intptr_t>(file)) - 1;
-}
-
 int OpenFlags(DWORD access, DWORD disposition) {
     int flags = O_CLOEXEC | O_NONBLOCK; // a pipe without a reader would wait for one
     flags |= (access & GENERIC_WRITE) == 0  ? O_RDONLY
@@ -110,6 +102,16 @@ void FlushFolderOf(std::string const& hostPath) {
 }
 
 } // namespace
+
+bool kvarn::FileStatus(LPCSTR path, struct stat& status) {
+    return Done(OnPath(path, [&](char const* host) { return stat(host, &status); })) != FALSE;
+}
+
+DWORD kvarn::Attributes(struct stat const& status) {
+    DWORD const kind = S_ISDIR(status.st_mode) ? FILE_ATTRIBUTE_DIRECTORY : 0;
+    DWORD const access = (status.st_mode & S_IWUSR) == 0 ? FILE_ATTRIBUTE_READONLY : 0;
+    return (kind | access) != 0 ? kind | access : FILE_ATTRIBUTE_NORMAL;
+}
 
 DWORD GetLastError() {
     return lastError;
@@ -234,12 +236,7 @@ DWORD GetFinalPathNameByHandleA(HANDLE file, LPSTR path, DWORD size, DWORD) {
 
 DWORD GetFileAttributesA(LPCSTR path) {
     struct stat status {};
-    if (!Done(Status(path, status))) {
-        return INVALID_FILE_ATTRIBUTES;
-    }
-    DWORD const kind = S_ISDIR(status.st_mode) ? FILE_ATTRIBUTE_DIRECTORY : 0;
-    DWORD const access = (status.st_mode & S_IWUSR) == 0 ? FILE_ATTRIBUTE_READONLY : 0;
-    return (kind | access) != 0 ? kind | access : FILE_ATTRIBUTE_NORMAL;
+    return FileStatus(path, status) ? kvarn::Attributes(status) : INVALID_FILE_ATTRIBUTES;
 }
 
 BOOL SetFileAttributesA(LPCSTR path, DWORD) {
@@ -287,7 +284,7 @@ BOOL GetFileSecurityA(LPCSTR path, SECURITY_INFORMATION, PSECURITY_DESCRIPTOR bl
         lastError = ERROR_INSUFFICIENT_BUFFER;
         return FALSE;
     }
-    if (!Done(Status(path, status))) {
+    if (!FileStatus(path, status)) {
         return FALSE;
     }
     Security const security = {status.st_uid, status.st_gid, status.st_mode & 07777};
@@ -300,7 +297,7 @@ BOOL SetFileSecurityA(LPCSTR path, SECURITY_INFORMATION which, PSECURITY_DESCRIP
     Security wanted{};
     std::memcpy(&wanted, block, sizeof wanted);
     struct stat now {};
-    if (!Done(Status(path, now))) {
+    if (!FileStatus(path, now)) {
         return FALSE;
     }
     auto const change = [&](char const* file) {

@@ -14,6 +14,7 @@
 
 #include "../codepage.h"
 #include "files.h"
+#include "hostfile.h"
 #include "paths.h"
 
 namespace {
@@ -35,6 +36,15 @@ FILETIME Changed(struct stat const& status) {
     return ToFileTime((status.st_mtim.tv_sec + from1601To1970) * ticksPerSecond +
                       status.st_mtim.tv_nsec / 100);
 }
+
+struct Size { // folders have none
+    explicit Size(struct stat const& status)
+        : all(S_ISDIR(status.st_mode) ? 0 : static_cast<std::uint64_t>(status.st_size)),
+          high(static_cast<DWORD>(all >> 32U)), low(static_cast<DWORD>(all)) {}
+    std::uint64_t all;
+    DWORD high;
+    DWORD low;
+};
 
 // The characters that stand for the old rules in the pattern of FsRtlIsNameInExpression.
 constexpr char dosStar = '<';
@@ -142,12 +152,11 @@ bool Fill(WIN32_FIND_DATAA& entry, std::string const& folder, Found const& found
         return false;
     }
     entry = {};
-    entry.dwFileAttributes =
-        S_ISDIR(status.st_mode) ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_ARCHIVE;
+    entry.dwFileAttributes = kvarn::Attributes(status);
     entry.ftLastWriteTime = Changed(status);
-    auto const size = S_ISDIR(status.st_mode) ? 0 : static_cast<std::uint64_t>(status.st_size);
-    entry.nFileSizeHigh = static_cast<DWORD>(size >> 32U);
-    entry.nFileSizeLow = static_cast<DWORD>(size);
+    Size const size(status);
+    entry.nFileSizeHigh = size.high;
+    entry.nFileSizeLow = size.low;
     found.name.copy(entry.cFileName, sizeof entry.cFileName - 1);
     return true;
 }
@@ -201,18 +210,16 @@ BOOL FindClose(HANDLE handle) {
 
 BOOL GetFileAttributesExA(LPCSTR path, GET_FILEEX_INFO_LEVELS, void* data) {
     struct stat status {};
-    DWORD const attributes = GetFileAttributesA(path);
-    if (attributes == INVALID_FILE_ATTRIBUTES ||
-        stat(kvarn::HostPath(path).c_str(), &status) != 0) {
+    if (!kvarn::FileStatus(path, status)) {
         return FALSE;
     }
-    auto const size = static_cast<std::uint64_t>(status.st_size);
-    *static_cast<WIN32_FILE_ATTRIBUTE_DATA*>(data) = {attributes,
-                                                      {},
-                                                      {},
-                                                      Changed(status),
-                                                      static_cast<DWORD>(size >> 32U),
-                                                      static_cast<DWORD>(size)};
+    auto& told = *static_cast<WIN32_FILE_ATTRIBUTE_DATA*>(data);
+    told = {};
+    told.dwFileAttributes = kvarn::Attributes(status);
+    told.ftLastWriteTime = Changed(status);
+    Size const size(status);
+    told.nFileSizeHigh = size.high;
+    told.nFileSizeLow = size.low;
     return TRUE;
 }
 

@@ -12,17 +12,10 @@
 #include <vector>
 
 #include "../codepage.h"
+#include "hostfile.h"
 #include "paths.h"
 
 namespace {
-
-// A handle is a descriptor plus one: see files.cpp.
-HANDLE ToHandle(int descriptor) {
-    return descriptor < 0 ? nullptr : reinterpret_cast<HANDLE>(std::intptr_t{descriptor} + 1);
-}
-int Descriptor(HANDLE handle) {
-    return static_cast<int>(reinterpret_cast<std::intptr_t>(handle)) - 1;
-}
 
 std::vector<std::wstring> Arguments(std::wstring_view line) {
     std::vector<std::wstring> arguments;
@@ -116,13 +109,14 @@ BOOL CreateProcessA(LPCSTR program, LPSTR, SECURITY_ATTRIBUTES*, SECURITY_ATTRIB
     if (process < 0) { // no such descriptors here: wait for the child at once
         waitpid(child, nullptr, 0);
     }
-    *information = {ToHandle(process), ToHandle(dup(process)), static_cast<DWORD>(child), 0};
+    *information = {kvarn::ToHandle(process), kvarn::ToHandle(dup(process)),
+                    static_cast<DWORD>(child), 0};
     return TRUE;
 }
 
 DWORD WaitForSingleObject(HANDLE process, DWORD) {
     siginfo_t ended{};
-    while (waitid(P_PIDFD, static_cast<id_t>(Descriptor(process)), &ended, WEXITED) != 0 &&
+    while (waitid(P_PIDFD, static_cast<id_t>(kvarn::Descriptor(process)), &ended, WEXITED) != 0 &&
            errno == EINTR) {
     }
     return 0;

@@ -1,0 +1,25 @@
+// What the stand-ins for files, searches and processes share of the host.
+#pragma once
+
+#include <sys/stat.h>
+
+#include "types.h"
+
+namespace kvarn {
+
+// A handle is the descriptor plus one, so that no handle is null.
+inline HANDLE ToHandle(int descriptor) {
+    return reinterpret_cast<HANDLE>(std::intptr_t{descriptor} + 1);
+}
+inline int Descriptor(HANDLE handle) {
+    return static_cast<int>(reinterpret_cast<std::intptr_t>(handle)) - 1;
+}
+
+// The status of the file at a path of the library; false, with the reason for GetLastError, where
+// there is none.
+bool FileStatus(LPCSTR path, struct stat& status);
+
+// As GetFileAttributes tells them.
+DWORD Attributes(struct stat const& status);
+
+} // namespace kvarn
