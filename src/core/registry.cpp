@@ -8,16 +8,50 @@ namespace {
 constexpr DWORD longestText = 255; // bytes, with the zero
 constexpr DWORD noOptions = 0;
 
-BYTE const* Bytes(void const* data) {
-    return static_cast<BYTE const*>(data);
-}
+// A key that is open for one operation, closed with its scope.
+class OpenKey {
+  public:
+    OpenKey(HKEY parent, CString const& path, REGSAM access)
+        : m_result(RegOpenKeyExA(parent, path.GetString(), noOptions, access, &m_key)) {}
+    ~OpenKey() {
+        if (m_key != nullptr) {
+            RegCloseKey(m_key);
+        }
+    }
+    OpenKey(OpenKey const&) = delete;
+    OpenKey& operator=(OpenKey const&) = delete;
+
+    // Made, with those above it, where it is missing.
+    static OpenKey Made(HKEY root, CString const& path, REGSAM access) {
+        HKEY key = nullptr;
+        LSTATUS const made =
+            RegCreateKeyExA(root, path.GetString(), 0, nullptr, REG_OPTION_NON_VOLATILE, access,
+                            nullptr, &key, nullptr);
+        return {key, made};
+    }
+
+    LSTATUS Result() const { return m_result; }
+    bool IsOpen() const { return m_result == ERROR_SUCCESS; }
+    HKEY Get() const { return m_key; }
+
+    LSTATUS Query(CString const& name, DWORD* type, void* data, DWORD* size) const {
+        return IsOpen() ? RegQueryValueExA(m_key, name.GetString(), nullptr, type,
+                                           static_cast<BYTE*>(data), size)
+                        : m_result;
+    }
+
+  private:
+    OpenKey(HKEY key, LSTATUS result) : m_key(key), m_result(result) {}
+
+    HKEY m_key = nullptr;
+    LSTATUS m_result;
+};
 
 // A value's bytes as a text, whether they end in a zero or not; the text stays on failure.
-LSTATUS QueryText(HKEY key, CString const& name, CString& text) {
+LSTATUS QueryText(OpenKey const& key, CString const& name, CString& text) {
     char bytes[longestText + 1] = "";
     DWORD size = longestText;
-    LSTATUS const read = RegQueryValueExA(key, name.GetString(), nullptr, nullptr,
-                                          reinterpret_cast<BYTE*>(bytes), &size);
+    LSTATUS const read = key.Query(name, nullptr, bytes, &size);
     if (read == ERROR_SUCCESS) {
         text = bytes;
     }
@@ -57,15 +91,10 @@ HKEY CRegistry::GetRootKey() {
     return m_rot;
 }
 
-LSTATUS CRegistry::Open(CString const& path, REGSAM access, HKEY* key) {
-    return RegOpenKeyExA(m_rot, path.GetString(), noOptions, access, key);
-}
-
-void CRegistry::Close(HKEY key, bool changed) {
-    if (changed && m_senareSkrivning == 0) {
+void CRegistry::Flush(HKEY key) {
+    if (m_senareSkrivning == 0) {
         RegFlushKey(key);
     }
-    RegCloseKey(key);
 }
 
 int CRegistry::SetKey(CString path, int create, REGSAM access) {
@@ -73,32 +102,31 @@ int CRegistry::SetKey(CString path, int create, REGSAM access) {
         m_sokvag = "";
         return 1;
     }
-    HKEY key = nullptr;
     if (create != 0) {
-        if (RegCreateKeyExA(m_rot, path.GetString(), 0, nullptr, REG_OPTION_NON_VOLATILE, access,
-                            nullptr, &key, nullptr) != ERROR_SUCCESS) {
-            return 0;
-        }
-    } else {
-        m_sistaFel = Open(path, access, &key);
-        if (m_sistaFel != ERROR_SUCCESS) {
-            return 0;
-        }
+        return MakeKey(path, access);
     }
+    OpenKey const key(m_rot, path, access);
+    m_sistaFel = key.Result();
+    if (!key.IsOpen()) {
+        return 0;
+    }
+    Flush(key.Get());
     m_sokvag = path;
-    Close(key, true);
+    return 1;
+}
+
+int CRegistry::MakeKey(CString const& path, REGSAM access) {
+    OpenKey const key = OpenKey::Made(m_rot, path, access);
+    if (!key.IsOpen()) {
+        return 0;
+    }
+    Flush(key.Get());
+    m_sokvag = path;
     return 1;
 }
 
 int CRegistry::CreateKey(CString path) {
-    HKEY key = nullptr;
-    if (RegCreateKeyExA(m_rot, path.GetString(), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                        KEY_ALL_ACCESS, nullptr, &key, nullptr) != ERROR_SUCCESS) {
-        return 0;
-    }
-    Close(key, true);
-    m_sokvag = path;
-    return 1;
+    return MakeKey(path, KEY_ALL_ACCESS);
 }
 
 int CRegistry::DeleteKey(CString path) {
@@ -106,13 +134,7 @@ int CRegistry::DeleteKey(CString path) {
 }
 
 int CRegistry::KeyExists(CString path, HKEY parent) {
-    HKEY key = nullptr;
-    if (RegOpenKeyExA(parent != nullptr ? parent : m_rot, path.GetString(), noOptions,
-                      KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) {
-        return 0;
-    }
-    RegCloseKey(key);
-    return 1;
+    return OpenKey(parent != nullptr ? parent : m_rot, path, KEY_ALL_ACCESS).IsOpen() ? 1 : 0;
 }
 
 int CRegistry::PathIsValid() {
@@ -131,63 +153,40 @@ int CRegistry::ClearKey() {
 }
 
 int CRegistry::ValueExists(CString name) {
-    HKEY key = nullptr;
-    if (Open(m_sokvag, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) {
-        return 0;
-    }
-    LSTATUS const found =
-        RegQueryValueExA(key, name.GetString(), nullptr, nullptr, nullptr, nullptr);
-    Close(key, false);
-    return found == ERROR_SUCCESS ? 1 : 0;
+    OpenKey const key(m_rot, m_sokvag, KEY_ALL_ACCESS);
+    return key.Query(name, nullptr, nullptr, nullptr) == ERROR_SUCCESS ? 1 : 0;
 }
 
 int CRegistry::DeleteValue(CString name) {
-    HKEY key = nullptr;
-    if (Open(m_sokvag, KEY_SET_VALUE, &key) != ERROR_SUCCESS) {
-        return 0;
-    }
-    LSTATUS const deleted = RegDeleteValueA(key, name.GetString());
-    Close(key, false);
-    return deleted == ERROR_SUCCESS ? 1 : 0;
+    OpenKey const key(m_rot, m_sokvag, KEY_SET_VALUE);
+    return key.IsOpen() && RegDeleteValueA(key.Get(), name.GetString()) == ERROR_SUCCESS ? 1 : 0;
 }
 
 int CRegistry::GetDataSize(CString name) {
-    HKEY key = nullptr;
-    if (Open(m_sokvag, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS) {
-        return -1;
-    }
+    OpenKey const key(m_rot, m_sokvag, KEY_QUERY_VALUE);
     DWORD size = 0;
-    LSTATUS const found = RegQueryValueExA(key, name.GetString(), nullptr, nullptr, nullptr, &size);
-    Close(key, false);
-    return found == ERROR_SUCCESS ? static_cast<int>(size) : -1;
+    bool const found = key.Query(name, nullptr, nullptr, &size) == ERROR_SUCCESS;
+    return found ? static_cast<int>(size) : -1;
 }
 
 DWORD CRegistry::GetDataType(CString name) {
-    HKEY key = nullptr;
-    m_sistaFel = Open(m_sokvag, KEY_QUERY_VALUE, &key);
-    if (m_sistaFel != ERROR_SUCCESS) {
-        return 0;
-    }
+    OpenKey const key(m_rot, m_sokvag, KEY_QUERY_VALUE);
     DWORD type = 0;
-    m_sistaFel = RegQueryValueExA(key, name.GetString(), nullptr, &type, nullptr, nullptr);
-    Close(key, false);
+    m_sistaFel = key.Query(name, &type, nullptr, nullptr);
     return m_sistaFel == ERROR_SUCCESS ? type : 0;
 }
 
 int CRegistry::Count(bool values) {
-    HKEY key = nullptr;
-    if (Open(m_sokvag, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) {
-        return -1;
-    }
+    OpenKey const key(m_rot, m_sokvag, KEY_ALL_ACCESS);
     char keyClass[256];
     DWORD classSize = sizeof keyClass - 1;
     DWORD keyCount = 0;
     DWORD valueCount = 0;
-    LSTATUS const known =
-        RegQueryInfoKeyA(key, keyClass, &classSize, nullptr, &keyCount, nullptr, nullptr,
-                         &valueCount, nullptr, nullptr, nullptr, nullptr);
-    Close(key, false);
-    return known == ERROR_SUCCESS ? static_cast<int>(values ? valueCount : keyCount) : -1;
+    bool const known =
+        key.IsOpen() &&
+        RegQueryInfoKeyA(key.Get(), keyClass, &classSize, nullptr, &keyCount, nullptr, nullptr,
+                         &valueCount, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+    return known ? static_cast<int>(values ? valueCount : keyCount) : -1;
 }
 
 int CRegistry::GetSubKeyCount() {
@@ -202,43 +201,23 @@ void CRegistry::RenameValue(CString, CString) {}
 
 CString CRegistry::ReadString(CString name, CString standard) {
     DWORD const type = GetDataType(name);
-    if (type != REG_SZ && type != REG_EXPAND_SZ) {
-        return standard;
+    if (type == REG_SZ || type == REG_EXPAND_SZ) {
+        m_sistaFel = QueryText(OpenKey(m_rot, m_sokvag, KEY_READ), name, standard);
     }
-    HKEY key = nullptr;
-    m_sistaFel = Open(m_sokvag, KEY_READ, &key);
-    if (m_sistaFel != ERROR_SUCCESS) {
-        return standard;
-    }
-    m_sistaFel = QueryText(key, name, standard);
-    Close(key, false);
     return standard;
 }
 
 CString CRegistry::ReadStringKey3264(CString path, CString name, CString standard) {
-    HKEY key = nullptr;
-    m_sistaFel = Open(path, KEY_READ, &key);
-    if (m_sistaFel != ERROR_SUCCESS) {
-        m_sistaFel = Open(path, KEY_READ | KEY_WOW64_64KEY, &key);
-    }
-    if (m_sistaFel != ERROR_SUCCESS) {
-        return standard;
-    }
-    m_sistaFel = QueryText(key, name, standard);
-    Close(key, false);
+    OpenKey const own(m_rot, path, KEY_READ);
+    m_sistaFel = own.IsOpen()
+                     ? QueryText(own, name, standard)
+                     : QueryText(OpenKey(m_rot, path, KEY_READ | KEY_WOW64_64KEY), name, standard);
     return standard;
 }
 
 // Up to `size` bytes; what lies beyond the value's own stays as it was.
 bool CRegistry::Read(CString const& name, void* data, DWORD size) {
-    HKEY key = nullptr;
-    if (Open(m_sokvag, KEY_READ, &key) != ERROR_SUCCESS) {
-        return false;
-    }
-    LSTATUS const read =
-        RegQueryValueExA(key, name.GetString(), nullptr, nullptr, static_cast<BYTE*>(data), &size);
-    Close(key, false);
-    return read == ERROR_SUCCESS;
+    return OpenKey(m_rot, m_sokvag, KEY_READ).Query(name, nullptr, data, &size) == ERROR_SUCCESS;
 }
 
 int CRegistry::ReadInt(CString name, int standard) {
@@ -301,13 +280,13 @@ int CRegistry::ReadFont(CString name, CFont* font) {
 }
 
 int CRegistry::Write(CString const& name, DWORD type, void const* data, DWORD size) {
-    HKEY key = nullptr;
-    if (Open(m_sokvag, KEY_WRITE, &key) != ERROR_SUCCESS) {
+    OpenKey const key(m_rot, m_sokvag, KEY_WRITE);
+    if (!key.IsOpen() || RegSetValueExA(key.Get(), name.GetString(), 0, type,
+                                        static_cast<BYTE const*>(data), size) != ERROR_SUCCESS) {
         return 0;
     }
-    LSTATUS const written = RegSetValueExA(key, name.GetString(), 0, type, Bytes(data), size);
-    Close(key, written == ERROR_SUCCESS);
-    return written == ERROR_SUCCESS ? 1 : 0;
+    Flush(key.Get());
+    return 1;
 }
 
 int CRegistry::WriteString(CString name, CString value) {

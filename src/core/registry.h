@@ -103,8 +103,8 @@ class KVARNPROG_API CRegistry {
     int WriteFont(CString name, CFont* font);
 
   private:
-    LSTATUS Open(CString const& path, REGSAM access, HKEY* key);
-    void Close(HKEY key, bool changed);
+    int MakeKey(CString const& path, REGSAM access);
+    void Flush(HKEY key);
     int Count(bool values);
     bool Read(CString const& name, void* data, DWORD size);
     int Write(CString const& name, DWORD type, void const* data, DWORD size);
