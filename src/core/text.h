@@ -52,4 +52,8 @@ void CopyText(char* buffer, std::size_t size, std::string_view text);
 
 bool FileExists(char const* path); // a folder too
 
+// Makes a folder, whose parent must exist. True also for one that is there, or that another program
+// makes at the same time.
+bool MakeFolder(char const* path);
+
 } // namespace kvarn

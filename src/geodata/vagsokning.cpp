@@ -20,12 +20,17 @@ constexpr int avgransat = 1;
 constexpr double langtBort = 1.1e9; // metres
 constexpr double langstTraff = 1e9;
 
+// With y first, which gives the signs of offsets.
+kvarn::Linjefot RakFot(kovltype const& p, kovltype const& q, double x, double y) {
+    return {{p.y, p.x}, {q.y, q.x}, {y, x}};
+}
+
 // The foot of a point on a segment; inom is false where it has none.
 kvarn::Bagfot FotPaSegment(kovltype const& p, kovltype const& q, double x, double y) {
     if (kvarn::ArBage(p.bulge)) {
         return kvarn::FotPaBage({p.x, p.y}, {q.x, q.y}, p.bulge, {x, y});
     }
-    kvarn::Linjefot const fot({p.y, p.x}, {q.y, q.x}, {y, x});
+    kvarn::Linjefot const fot = RakFot(p, q, x, y);
     if (fot.ForKort() || !fot.PaStrackan()) {
         return {};
     }
@@ -34,7 +39,7 @@ kvarn::Bagfot FotPaSegment(kovltype const& p, kovltype const& q, double x, doubl
 
 // Whether a vertex result lies on the negative side of the segment that ends at the vertex.
 bool PaNegativSida(kovltype const& p, kovltype const& q, double x, double y) {
-    kvarn::Linjefot const fot({p.y, p.x}, {q.y, q.x}, {y, x});
+    kvarn::Linjefot const fot = RakFot(p, q, x, y);
     return !fot.ForKort() && fot.Avstand() < 0;
 }
 

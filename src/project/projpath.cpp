@@ -79,7 +79,7 @@ int CProjPath::SetPath(char const* folder) {
 }
 
 int CProjPath::CreateFolder(CString path, int visaFel) {
-    if (kvarn::FileExists(path) || CreateDirectoryA(path, nullptr) != FALSE) {
+    if (kvarn::MakeFolder(path)) {
         return 1;
     }
     char const* const text =

@@ -10,12 +10,6 @@
 namespace kvarn {
 namespace {
 
-// Another program may make it at the same time.
-bool SkapaKatalog(std::string const& katalog) {
-    return FileExists(katalog.c_str()) || CreateDirectoryA(katalog.c_str(), nullptr) != 0 ||
-           FileExists(katalog.c_str());
-}
-
 void KopieraEn(std::string const& fran, std::string const& till) {
     if (CopyFileA(fran.c_str(), till.c_str(), FALSE) == FALSE) {
         Varna(Format("Kunde inte kopiera filen:\n%s\ntill:\n%s", fran, till));
@@ -123,15 +117,15 @@ Uppstart Anvandarmiljo::Fyll(std::string const& fran) const {
 
 Uppstart Anvandarmiljo::SkapaKataloger() const {
     std::string const huvudkatalog = PathOf(m_data, "Orsakor");
-    if (m_data.empty() || !SkapaKatalog(huvudkatalog)) {
+    if (m_data.empty() || !MakeFolder(huvudkatalog.c_str())) {
         Varna(Format("Kunde inte skapa applikationens huvudkatalog:\n%s", huvudkatalog));
         return ingenHuvudkatalog;
     }
     // Where one of these fails, so does the next.
-    SkapaKatalog(PathOf(huvudkatalog, "Vallentra"));
-    SkapaKatalog(Programkatalog());
+    MakeFolder(PathOf(huvudkatalog, "Vallentra").c_str());
+    MakeFolder(Programkatalog().c_str());
     for (std::string const& katalog : {m_utgavekatalog, m_katalog}) {
-        if (!SkapaKatalog(katalog)) {
+        if (!MakeFolder(katalog.c_str())) {
             Varna(Format("Kunde inte skapa lokala kataloger:\n%s", katalog));
             return ingenAnvandarkatalog;
         }

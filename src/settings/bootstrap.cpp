@@ -153,13 +153,8 @@ Uppstart HamtaUtanVaxlare(Anvandarmiljo const& miljo) {
     return hamtade;
 }
 
-kvarn::Reservkataloger Reserv(Anvandarmiljo const& miljo) {
-    return {miljo.Programkatalog("Kvarnbok.msg"), miljo.Programkatalog()};
-}
-
 // What the user's new settings begin with.
-void Inled(CAutoIni& ini, Anvandarmiljo const& miljo, std::int32_t utgava) {
-    kvarn::Reservkataloger const reserv = Reserv(miljo);
+void Inled(CAutoIni& ini, kvarn::Reservkataloger const& reserv, std::int32_t utgava) {
     auto const skriv = [&](char const* nyckel, CString const& varde) {
         ini.WriteKey(kvarn::systemSektion, nyckel, varde);
     };
@@ -225,10 +220,11 @@ int CAutoIni::InitXPWay(int ver, char const* sub, char const* dir) {
     } else {
         kvarn::StyrOmProfil(miljo.Ini());
     }
+    kvarn::Reservkataloger const reserv = {miljo.Programkatalog("Kvarnbok.msg"),
+                                           miljo.Programkatalog()};
     if (ny) {
-        Inled(*this, miljo, utgava);
+        Inled(*this, reserv, utgava);
     }
-    kvarn::Reservkataloger const reserv = Reserv(miljo);
     kvarn::LasSystemnycklar(*this, &reserv);
     return kvarn::klar;
 }
