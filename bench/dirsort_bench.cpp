@@ -17,8 +17,8 @@
 #include <sys/stat.h>
 #include <vector>
 
-#include "folder.h"
 #include "project/dirsort.h"
+#include "support/folder.h"
 
 namespace {
 

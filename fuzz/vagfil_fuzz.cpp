@@ -21,6 +21,7 @@
 #include "core/message.h"
 #include "core/textfil.h"
 #include "geodata/vag2.h"
+#include "support/folder.h"
 
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
 
@@ -31,26 +32,11 @@ constexpr std::int32_t profileType = 10;
 
 // --- Files ---------------------------------------------------------------------------------------
 
-class Folder {
-  public:
-    Folder() : m_path("/dev/shm/vagfil_fuzz-XXXXXX") {
-        Check(mkdtemp(m_path.data()) != nullptr, "the fuzzer can make its folder");
-    }
-    ~Folder() { std::filesystem::remove_all(m_path); }
-    Folder(Folder const&) = delete;
-    Folder& operator=(Folder const&) = delete;
-
-    std::string const& Path() const { return m_path; }
-
-  private:
-    std::string m_path;
-};
-
 constexpr char const* fileName = "a.vl";
 
 // Under the name by which clients would call it.
 std::string const& FilePath() {
-    static Folder const folder;
+    static Folder const folder("/dev/shm");
     static std::string const path = folder.Path() + '\\' + fileName;
     return path;
 }

@@ -1,4 +1,4 @@
-// A folder of its own for each benchmark's files, removed with its scope.
+// A folder of its own for the files of a benchmark or a fuzz target, removed with its scope.
 #pragma once
 
 #include <filesystem>
@@ -10,7 +10,7 @@
 class Folder {
   public:
     explicit Folder(std::filesystem::path const& parent)
-        : m_path((parent / "kvarnprog-bench-XXXXXX").string()) {
+        : m_path((parent / "kvarnprog-XXXXXX").string()) {
         if (mkdtemp(m_path.data()) == nullptr) {
             throw std::runtime_error("no folder can be made in " + parent.string());
         }
