@@ -11,19 +11,6 @@
 namespace kvarnio {
 namespace {
 
-std::string Converted(char const* what, std::string const& typed) {
-    auto text = kvarn::FromUtf8(typed);
-    if (!text) {
-        throw UsageError(std::string(what) + " \"" + typed +
-                         "\" holds a letter outside code page 1252, which the files are in");
-    }
-    if (std::any_of(text->begin(), text->end(),
-                    [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; })) {
-        throw UsageError(std::string(what) + " holds a line end or another control character");
-    }
-    return *std::move(text);
-}
-
 template <class T> T Parsed(char const* what, std::string const& typed, char const* wanted) {
     T number{};
     char const* const end = typed.data() + typed.size();
@@ -36,12 +23,25 @@ template <class T> T Parsed(char const* what, std::string const& typed, char con
 
 } // namespace
 
+std::string Text(char const* what, std::string const& typed) {
+    auto text = kvarn::FromUtf8(typed);
+    if (!text) {
+        throw UsageError(std::string(what) + " \"" + typed +
+                         "\" holds a letter outside code page 1252, which the files are in");
+    }
+    if (std::any_of(text->begin(), text->end(),
+                    [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; })) {
+        throw UsageError(std::string(what) + " holds a line end or another control character");
+    }
+    return *std::move(text);
+}
+
 std::string FileName(std::string const& typed) {
-    return Converted("FILE", typed);
+    return Text("FILE", typed);
 }
 
 std::string Key(std::string const& typed) {
-    std::string key = Converted("KEY", typed);
+    std::string key = Text("KEY", typed);
     if (key.empty()) {
         throw UsageError("KEY is empty");
     }
@@ -52,11 +52,11 @@ std::string Key(std::string const& typed) {
 }
 
 std::string Value(std::string const& typed) {
-    return Converted("VALUE", typed);
+    return Text("VALUE", typed);
 }
 
-int WholeNumber(std::string const& typed) {
-    return Parsed<int>("VALUE", typed, "a whole number of 32 bits");
+int WholeNumber(char const* what, std::string const& typed) {
+    return Parsed<int>(what, typed, "a whole number of 32 bits");
 }
 
 double Number(char const* what, std::string const& typed) {

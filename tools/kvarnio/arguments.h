@@ -6,6 +6,9 @@
 
 namespace kvarnio {
 
+// A text on one line; `what` is what the help names it, for the reason, here and below.
+std::string Text(char const* what, std::string const& typed);
+
 std::string FileName(std::string const& typed);
 
 // A key that can stand in a settings file: no "=", no control characters.
@@ -14,8 +17,7 @@ std::string Key(std::string const& typed);
 // A value that can stand on one line of a settings file; it may be empty.
 std::string Value(std::string const& typed);
 
-int WholeNumber(std::string const& typed);
-// What it is, as the help names it, for the reason.
+int WholeNumber(char const* what, std::string const& typed);
 double Number(char const* what, std::string const& typed);
 
 } // namespace kvarnio

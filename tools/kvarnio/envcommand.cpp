@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 #include <compat/codepage.h>
 
+#include "arguments.h"
 #include "commandline.h"
 #include "output.h"
 #include "platform.h"
@@ -103,13 +104,6 @@ void AddSettings(Findings& findings, CAutoIni& ini, bool bootstrapped) {
     findings.AddPath("CAD program", ini.m_acadExe, KeySource(ini, "ACADEXE"));
 }
 
-int Release(std::string const& typed) {
-    int release = 0;
-    return CLI::detail::lexical_cast(typed, release)
-               ? release
-               : throw UsageError("VER is a number, not \"" + typed + '"');
-}
-
 ExitStatus Env(Context& context, EnvArguments const& arguments) {
     Findings findings;
     CAutoIni& ini = context.ini;
@@ -121,9 +115,9 @@ ExitStatus Env(Context& context, EnvArguments const& arguments) {
         status = failed;
     }
     if (!arguments.bootstrap.empty()) {
-        std::string const program = arguments.bootstrap[1];
-        int const result = ini.InitXPWay(Release(arguments.bootstrap[0]), program.c_str(),
-                                         CString(ini.m_huvudKat));
+        std::string const program = Text("SUB", arguments.bootstrap[1]);
+        int const result = ini.InitXPWay(WholeNumber("VER", arguments.bootstrap[0]),
+                                         program.c_str(), CString(ini.m_huvudKat));
         findings.Add("bootstrap", std::to_string(result), Bootstrapped(result));
         AddInstallations(findings, program, result == -1 ? CString() : ini.m_huvudKat);
         if (*ini.InstallPackage() != '\0') {

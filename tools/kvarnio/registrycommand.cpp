@@ -9,6 +9,7 @@
 #include <compat/codepage.h>
 #include <core/format.h>
 
+#include "arguments.h"
 #include "commandline.h"
 #include "output.h"
 
@@ -19,14 +20,6 @@ struct RegistryArguments {
     std::string key;
     std::string name;
 };
-
-std::string To1252(std::string const& typed) {
-    auto const text = kvarn::FromUtf8(typed);
-    if (!text) {
-        throw UsageError(typed + ": holds a letter outside code page 1252");
-    }
-    return *text;
-}
 
 HKEY Root(std::string const& name) {
     std::array<std::pair<char const*, HKEY>, 8> const roots = {
@@ -53,7 +46,7 @@ CRegistry Open(std::string const& typed) {
     CRegistry registry;
     registry.SetRootKey(Root(typed.substr(0, separator)));
     std::string const path = separator < typed.size() ? typed.substr(separator + 1) : "";
-    if (registry.SetKey(To1252(path).c_str(), 0, KEY_READ) == 0) {
+    if (registry.SetKey(Text("KEY", path).c_str(), 0, KEY_READ) == 0) {
         throw Failure("there is no key " + typed);
     }
     return registry;
@@ -134,7 +127,7 @@ ExitStatus Registry(Context& context, RegistryArguments const& arguments) {
     if (arguments.name.empty()) {
         return ShowKey(context, registry, arguments.key);
     }
-    CString const name(arguments.name == "@" ? "" : To1252(arguments.name).c_str());
+    CString const name(arguments.name == "@" ? "" : Text("NAME", arguments.name).c_str());
     int const size = registry.GetDataSize(name);
     if (size < 0) {
         throw Failure("there is no value " + arguments.name + " in " + arguments.key);

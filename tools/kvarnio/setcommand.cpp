@@ -26,7 +26,7 @@ struct SetArguments {
 
 NewValue ValueToWrite(SetArguments const& arguments) {
     if (arguments.integer) {
-        return WholeNumber(arguments.value);
+        return WholeNumber("VALUE", arguments.value);
     }
     if (arguments.decimals >= 0) {
         return Decimal{Number("VALUE", arguments.value), arguments.decimals};
