@@ -171,16 +171,26 @@ Scanner::Result Scanner::Read(double& value) {
     return ReadNumber(value);
 }
 
-Scanner::Result Scanner::ReadWord(char* word, std::size_t size) {
+Scanner::Result Scanner::Read(std::string_view& word) {
     if (!SkipBlanks()) {
         return Result::end;
     }
-    std::size_t const end = std::min(m_rest.find_first_of(whiteSpace), m_rest.size());
-    std::size_t const length = std::min(end, size - 1);
-    std::memcpy(word, m_rest.data(), length);
-    word[length] = '\0';
-    m_rest.remove_prefix(length);
+    word = m_rest.substr(0, m_rest.find_first_of(whiteSpace));
+    m_rest.remove_prefix(word.size());
     return Result::read;
+}
+
+Scanner::Result Scanner::ReadWord(char* word, std::size_t size) {
+    std::string_view const before = m_rest;
+    std::string_view whole;
+    Result const result = Read(whole);
+    if (result == Result::read) {
+        std::size_t const length = std::min(whole.size(), size - 1);
+        std::memcpy(word, whole.data(), length);
+        word[length] = '\0';
+        m_rest = before.substr(static_cast<std::size_t>(whole.data() - before.data()) + length);
+    }
+    return result;
 }
 
 } // namespace kvarn

@@ -22,6 +22,8 @@ class Scanner {
     // As "%f" and "%lf".
     Result Read(float& value);
     Result Read(double& value);
+    // As "%s", whole: a part of the text.
+    Result Read(std::string_view& word);
     // As "%s" with a width of N - 1: the word's rest stays for the next.
     template <std::size_t N> Result Read(char (&word)[N]) { return ReadWord(word, N); }
     Result ReadWord(char* word, std::size_t size);

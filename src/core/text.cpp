@@ -122,8 +122,17 @@ std::string PathOf(std::string_view folder, std::string_view name) {
     return path.append(folder).append("\\").append(name);
 }
 
+std::string TemporaryOf(std::string_view path) {
+    constexpr std::size_t extension = 4;
+    return std::string(path.substr(0, std::max(path.size(), extension) - extension)) + ".tmp";
+}
+
 std::string_view Trimmed(std::string_view text) {
     return TrimmedOf(text, whiteSpace);
+}
+
+std::string_view TrimmedRight(std::string_view text) {
+    return text.substr(0, text.find_last_not_of(whiteSpace) + 1);
 }
 
 bool SameText(std::string_view a, std::string_view b) {

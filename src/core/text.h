@@ -38,8 +38,14 @@ std::string_view FolderOf(std::string_view path);
 // Folder, backslash, name.
 std::string PathOf(std::string_view folder, std::string_view name);
 
+// The path with ".tmp" for its last four characters, which are the extension of the files that are
+// rewritten through such a one.
+std::string TemporaryOf(std::string_view path);
+
 // Without the white space (9 to 13 and 32) at both ends.
 std::string_view Trimmed(std::string_view text);
+// Without that at its end alone.
+std::string_view TrimmedRight(std::string_view text);
 
 // Equal when the letters of code page 1252 are folded.
 bool SameText(std::string_view a, std::string_view b);

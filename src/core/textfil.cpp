@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 #include "text.h"
 
@@ -112,6 +113,24 @@ bool TextReader::ReadRest(std::string& text) {
         m_window = {};
     }
     return !m_failed;
+}
+
+TextWriter::TextWriter(char const* path)
+    : m_file(CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
+                         FILE_ATTRIBUTE_NORMAL, nullptr)) {}
+
+bool TextWriter::Write(std::string_view text) {
+    std::string lines;
+    AppendTextMode(lines, text);
+    DWORD written = 0;
+    return WriteFile(m_file, lines.data(), static_cast<DWORD>(lines.size()), &written, nullptr) !=
+               FALSE &&
+           written == lines.size();
+}
+
+bool TextWriter::Close() {
+    HANDLE const file = std::exchange(m_file, INVALID_HANDLE_VALUE);
+    return file == INVALID_HANDLE_VALUE || CloseHandle(file) != FALSE;
 }
 
 void AppendTextMode(std::string& out, std::string_view text) {

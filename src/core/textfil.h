@@ -57,6 +57,24 @@ class TextReader {
     bool m_more = false;
 };
 
+// A text file that is made anew, or emptied, and written text by text. Each text is in the file
+// when the call returns: a program that dies in the middle has lost nothing of what it wrote.
+class TextWriter {
+  public:
+    explicit TextWriter(char const* path);
+    ~TextWriter() { Close(); }
+    TextWriter(TextWriter const&) = delete;
+    TextWriter& operator=(TextWriter const&) = delete;
+
+    bool IsOpen() const { return m_file != INVALID_HANDLE_VALUE; }
+    // LF becomes CR LF. False when it could not be written whole.
+    bool Write(std::string_view text);
+    bool Close();
+
+  private:
+    HANDLE m_file;
+};
+
 // Appends a text as text mode writes it: each LF becomes CR LF.
 void AppendTextMode(std::string& out, std::string_view text);
 

@@ -1,4 +1,5 @@
-// The settings facade: keys of the settings files with built-in defaults.
+// The settings facade: keys of the settings files with built-in defaults, the code files, and a
+// project's own copies of them.
 #pragma once
 
 #include <type_traits>
@@ -8,23 +9,44 @@
 #include "../project/projpath.h"
 #include "../settings/autoini.h"
 
-// Reads and writes the keys of three settings files, named by their plain file names without regard
-// to case: CProjPath::KvarnParNamn and StenParNamn (see CKvarnPAR) and Jb23ParNamn. (Of the last
-// one the file itself is not read or written yet: its keys answer with their defaults, and what is
-// written to them is dropped.)
+namespace kvarn {
+class PassFil;
+}
+
+// Construct, call Init, then read and write. Every text is in code page 1252; of a file that is
+// missing in the project folder the copy in the CFG directory is taken, else the one in the main
+// directory (see ProjInst).
 //
-// Every call reads the file afresh, so a value that was written is seen by the next call. Keys are
-// compared without regard to case. Values are text in code page 1252: numbers with a decimal
-// point, "JA" and "NEJ", "MAX" for an open scale. Messages are those of CKvarnPAR.
+// SETTINGS. The keys of three files, named by their plain file names without regard to case:
+// CProjPath::KvarnParNamn and StenParNamn (see CKvarnPAR) and Jb23ParNamn (see Jb23ReadKey). Every
+// call reads the file afresh, so a value that was written is seen by the next call. Values are
+// text: numbers with a decimal point, "JA" and "NEJ", "MAX" for an open scale. Messages are those
+// of CKvarnPAR and Jb23ReadKey.
 //
-// Construct, call Init, then read and write. A copy shares the pointers, and an open file with
-// them.
+// PASSES. The code file, the environmental codes, the line codes and the title block are read and
+// written one record a call. An object has at most one file open so: a call that begins to write,
+// or to read another kind of file, first closes the file that is open (without an end line). A
+// call that goes on with a pass that is not under way touches no file: a read on a write pass
+// answers as at the end, a write on a read pass as with no file open. A pass works in the file
+// itself, and each record is in it when the call returns; a write that fails, on a full disk for
+// one, answers -1 where it can.
+//
+// Buffers for words and texts hold at least 256 bytes each: what is longer is cut at 255 and a
+// zero. Outputs are written only where that is said, and none may be null.
+//
+// A file that cannot be opened is told in a message box owned by the desktop, with the exclamation
+// icon: "Kan inte oppna -filen\n%s\nAvbryter lasning!", or "...\nAvbryter!" when it was to be
+// written, with its path and a caption of its own.
+//
+// A copy shares the pointers, and a pass that is under way: whoever goes on with it reads or writes
+// its next record, and when it is finished it is for both.
 class KVARNPROG_API CKvarnInst {
   public:
     CKvarnInst();
     CKvarnInst(CKvarnInst const&);
     CKvarnInst& operator=(CKvarnInst const&);
-    virtual ~CKvarnInst(); // frees nothing
+    // A pass that is under way keeps its file open: finish it first.
+    virtual ~CKvarnInst();
 
     // Takes the settings object and the project's paths, which stay the caller's and must outlive
     // this object. Returns 0.
@@ -48,8 +70,9 @@ class KVARNPROG_API CKvarnInst {
     // The same as a double: -9.0 when the text does not begin with a number ("MAX" included).
     double ReadKeyDouble(char const* file, char const* key, int defaultOnly);
 
-    // Writes a key as CKvarnPAR::WriteKey does, with its result. Returns 0, and writes nothing,
-    // for any other file.
+    // Writes a key as CKvarnPAR::WriteKey does, with its result, or as Jb23WriteKey, which reports
+    // 0 (-1 only where the file's reading failed on the way). Returns 0, and writes nothing, for
+    // any other file.
     int WriteKey(char const* file, CString key, CString value);
 
     // Writes a whole number; -1 as "MAX" when the key contains "SKALA" (in capitals).
@@ -67,7 +90,136 @@ class KVARNPROG_API CKvarnInst {
     // do not depend on it.
     static int LocaleCheckAndFix();
 
-    CAutoIni* m_ini = nullptr;      // not owned
-    CProjPath* m_proj = nullptr;    // not owned
-    class PassFil* m_fil = nullptr; // the file of a sequential pass; there are no passes yet
+    // --- A project's own copies ------------------------------------------------------------------
+    //
+    // A project folder that holds "KVARNBOK.PAR" has settings of its own: that file, LINKOD.PAR,
+    // KODFIL.DAT, Stenkod.dat, StenkodN.dat, JB23.PAR and MILJKOD.DAT. "KLIPPBOK.PAR" of the
+    // rock-drilling program is kept apart. A file is copied from the CFG directory, else from the
+    // main directory; where neither has it a file of lines "*" is made (not for the two Stenkod
+    // files). Nothing is reported, and a file that fails does not stop the others; a copy takes its
+    // name when it is whole.
+
+    // 1 when the project has settings of its own, whose missing files are then copied as by
+    // CreateLokalaFiler(0, 0); else 0, and nothing is done.
+    int ProjInst();
+    // 1 when the project has a "KLIPPBOK.PAR" of its own, else 0.
+    int ProjStenInst();
+
+    // Copies what the project does not have; "KVARNBOK.PAR" only when withParFile is not 0. When
+    // overwrite is not 0 it replaces LINKOD.PAR, KODFIL.DAT, JB23.PAR and MILJKOD.DAT, never the
+    // others. Returns 0.
+    int CreateLokalaFiler(int overwrite, int withParFile);
+    // Copies "KLIPPBOK.PAR" where the project has none, whatever overwrite says. Returns 0.
+    int CreateLokalStenFil(int overwrite);
+
+    // Deletes the project's copies; "KLIPPBOK.PAR" is left to the second. They return 0.
+    int RemoveLokalaFiler();
+    int RemoveLokalStenFil();
+
+    // --- Jb2/Jb3 scales --------------------------------------------------------------------------
+    //
+    // JB23.PAR has a line for each quantity, with its scale and its step as two words. Keys are
+    // compared as they are spelt: "SJUNKSKALA" and "SJUNKSTEG" are line 1, then HAST, KRAFT, RPM,
+    // SPOL, FLODE, HAMMAR, TRYCK, QT, FT and U. Any other key is line 1, its step when it contains
+    // "STEG". Callers use ReadKey and WriteKey, which know the defaults.
+
+    // The word, empty where there is none. Caption:
+    // "Lasning av Kvarnbok - jb2/3 installningar" (with a-umlauts).
+    CString Jb23ReadKey(CString key);
+
+    // Puts the value into its line and keeps the other lines; in a file with fewer lines it appends
+    // one, with a 0 for the other word, whichever line the key has. Where no file exists one is
+    // made in the CFG directory: with the step 50 for "SJUNKSKALA", empty for any other key. The
+    // file is replaced through JB23.tmp beside it; where that cannot be made, or the file not be
+    // read, nothing changes. Returns the value; shows no message.
+    CString Jb23WriteKey(CString key, CString value);
+
+    // --- Code file: KODFIL.DAT -------------------------------------------------------------------
+    //
+    // A header of free lines up to the first that begins with "*"; then a code and one word of text
+    // a line. A line with fewer words is skipped, what follows the second word is not read.
+
+    // The next code, with its text: 0. At the end -1, and the file is closed; -1 too where there is
+    // no file, or it cannot be opened. Caption: "Lasning av Markvida - kodfil.dat installningar".
+    int KodfilDatRead(char* code, char* text);
+
+    // Writes the file that exists anew: mode 1 carries its header over and writes the record, 0
+    // writes a record, 2 a record and the end line "*", then closes the file; 3 is 1 and 2 in one
+    // call. (Below 0 as 0, above 3 as 2.) An empty or null code writes no record. Where no file
+    // exists nothing is written. The old file stands as KODFIL.tmp beside it while the header is
+    // carried over; where that fails the header is empty. Caption:
+    // "Skrivning av Kvarnbok - kodfil.dat installningar", with both paths. Returns 0.
+    int KodfilDatWrite(int mode, char const* code, char const* text);
+
+    // --- Environmental codes: MILJKOD.DAT --------------------------------------------------------
+    //
+    // A header up to the first line that begins with "*", then sections 0 (empty) to 3, each ended
+    // by such a line: 1 methods, 2 interpretations, 3 contamination classes, these with a maximum
+    // and a step for the diagram: "FK Text max=6 steg=1". A code has at most four characters; a
+    // line with a longer one is shown in a message box, "Fel rad, namn ar for langt\n%s", and
+    // skipped.
+
+    // The next record of a section (the section counts when the file is opened): 0. At its end -1,
+    // and the file is closed; -1 too where there is no file or no such section, or the file cannot
+    // be opened. With max and step the end of the text is read into them and cut off, with the
+    // character before it: a step outside 1..100000, or none, is 20, a maximum outside 0..100000
+    // is 100. Without one of them (null) the text is whole. Its DOS letters are converted (and not
+    // back when written). Caption: "Lasning av Kvarnbok - Miljkod.dat installningar".
+    int MiljkodRead(int section, char* code, char* text, int* max, int* step);
+
+    // Writes the file that exists anew, in this order: mode 1 begins, with an empty header and an
+    // empty section 0; 2 writes a record of section 1, 3 ends it; 4 and 5 the same of section 2, 6
+    // (with max and step) and 7 of section 3, where 7 closes the file. Any other mode does nothing.
+    // Returns 0; -1 for a mode other than 1 without an open file. Caption:
+    // "Skrivning av Kvarnbok - Miljkod.dat installningar".
+    int MiljKodWrite(int mode, char const* code, char const* text, int max, int step);
+
+    // Adds the codes that programs rely on where they are missing: "X" to section 1, "TOLK" to 2
+    // and "FK" to 3. The file is then rewritten in one step, with what MiljkodRead reads of it:
+    // header, section 0 and skipped lines are gone. A file that has all three is not touched, and
+    // one that cannot be read to its end neither. Closes a pass that is under way. Returns 0.
+    int MiljkodUppdatX();
+
+    // --- Line codes: LINKOD.PAR ------------------------------------------------------------------
+    //
+    // A line: code, word, number, whole number (0 when left out), and from column 49 (counted from
+    // 0) a free text. A line that begins with "*" ends the file.
+
+    // The next line: 1, or, for a code "PV" and a number, the code without "PV", 2 up to 99 and 3
+    // from 100 on ("PV1" is too short for one). 0 at the end, and the file is closed; 0 too where
+    // there is no file. -1 when it cannot be opened. -2 for a line with fewer than three values, of
+    // which those that it has are written; the next call goes on. DOS letters of code and text are
+    // converted. Caption: "Lasning av Kvarnbok - Linkod.dat installningar".
+    int LinkodRead(char* code, char* word, char* text, double* number, int* integer);
+
+    // Writes the file that exists anew: mode 1 begins; 2 writes a line of a, b and c (code, word
+    // and number), 4 the same with "PV" before a, and with e (the whole number); 5 writes the end
+    // line and closes. Any other mode does nothing. The text begins at column 49; what reaches
+    // beyond it of the first part is lost. Null texts are empty. Returns 0; -1 for a mode other
+    // than 1 without an open file. Caption: "Skrivning av Kvarnbok - Linkod.par installningar".
+    int LinkodWrite(int mode, char const* a, char const* b, char const* c, char const* text,
+                    char const* e);
+
+    // --- Title block -----------------------------------------------------------------------------
+    //
+    // A file that the caller names: two words and three numbers a line. A line that begins with "*"
+    // ends it.
+
+    // The next line of the file (whose path counts when it is opened): 1. 0 at the end, and the
+    // file is closed; 0 too for an empty path. -1 when it cannot be opened. -2 for a line with
+    // fewer than two numbers, of which what it has is written; the next call goes on. The third
+    // number is 3.0 when left out. DOS letters of the first word are converted. Caption:
+    // "Lasning av Kvarnbok - Stampel installningar".
+    int StampParRead(char const* path, char* word1, char* word2, double* num1, double* num2,
+                     double* num3);
+
+    // Mode 1 makes the file anew, 2 writes a line of the five texts, 3 closes it (and writes no end
+    // line). Any other mode does nothing. Null texts are empty. Returns 0; -1 for a mode other than
+    // 1 without an open file. Caption: "Skrivning av Kvarnbok - Stampel installningar".
+    int StampParWrite(char const* path, int mode, char const* s1, char const* s2, char const* s3,
+                      char const* s4, char const* s5);
+
+    CAutoIni* m_ini = nullptr;       // not owned
+    CProjPath* m_proj = nullptr;     // not owned
+    kvarn::PassFil* m_fil = nullptr; // the pass under way
 };

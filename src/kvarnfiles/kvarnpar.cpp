@@ -5,6 +5,7 @@
 #include "../core/messageout.h"
 #include "../project/sokordning.h"
 #include "nyckelfil.h"
+#include "oppningsfel.h"
 
 template class KVARNPROG_LIST_DEFINE list0<partype>;
 
@@ -32,11 +33,8 @@ void CKvarnPAR::Las(CString const& projektfil, CAutoIni const* ini, char const* 
     kvarn::Inlasning const resultat = kvarn::LasNyckelfil(*this, m_filnamn);
     m_ofullstandig = resultat != kvarn::Inlasning::hel;
     if (resultat == kvarn::Inlasning::gickEjAttOppna) {
-        // The kind of file is missing before "-filen", and stays so.
-        kvarn::DesktopMessage(kvarn::Format("Kan inte öppna -filen\n%s\nAvbryter läsning!"_1252,
-                                            m_filnamn.GetString())
-                                  .c_str(),
-                              kvarn::Format("Läsning av %s - inställningar"_1252, program).c_str());
+        kvarn::KanInteLasa(m_filnamn,
+                           kvarn::Format("Läsning av %s - inställningar"_1252, program).c_str());
     }
 }
 

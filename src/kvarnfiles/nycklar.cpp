@@ -6,8 +6,10 @@
 #include "../core/format.h"
 #include "../core/scan.h"
 #include "../core/text.h"
+#include "jb23.h"
 #include "kvarninst.h"
 #include "kvarnpar.h"
+#include "passfil.h"
 #include "standardvarden.h"
 
 namespace {
@@ -25,9 +27,22 @@ bool PunktDecimal() {
 } // namespace
 
 CKvarnInst::CKvarnInst() = default;
-CKvarnInst::CKvarnInst(CKvarnInst const&) = default;
-CKvarnInst& CKvarnInst::operator=(CKvarnInst const&) = default;
-CKvarnInst::~CKvarnInst() = default;
+
+CKvarnInst::CKvarnInst(CKvarnInst const& other)
+    : m_ini(other.m_ini), m_proj(other.m_proj), m_fil(kvarn::Dela(other.m_fil)) {}
+
+CKvarnInst& CKvarnInst::operator=(CKvarnInst const& other) {
+    kvarn::PassFil* const fil = kvarn::Dela(other.m_fil); // first: it may be this object's own
+    kvarn::Slapp(m_fil);
+    m_ini = other.m_ini;
+    m_proj = other.m_proj;
+    m_fil = fil;
+    return *this;
+}
+
+CKvarnInst::~CKvarnInst() {
+    kvarn::Slapp(m_fil);
+}
 
 int CKvarnInst::Init(CAutoIni* ini, CProjPath* projekt) {
     m_ini = ini;
@@ -59,6 +74,8 @@ CString CKvarnInst::ReadKey(char const* file, CString key) {
         value = CKvarnPAR(m_ini, m_proj).ReadKey(key);
     } else if (Fil(file, CProjPath::StenParNamn)) {
         value = CKvarnPAR(m_ini, m_proj, stenprogram).ReadKey(key);
+    } else if (Fil(file, CProjPath::Jb23ParNamn)) {
+        value = Jb23ReadKey(key);
     }
     return value.IsEmpty() ? Default(file, key) : value;
 }
@@ -91,6 +108,9 @@ int CKvarnInst::WriteKey(char const* file, CString key, CString value) {
     }
     if (Fil(file, CProjPath::StenParNamn)) {
         return CKvarnPAR(m_ini, m_proj, stenprogram).WriteKey(key, value);
+    }
+    if (Fil(file, CProjPath::Jb23ParNamn)) {
+        return kvarn::SkrivJb23(m_proj, m_ini, key.GetString(), value.GetString());
     }
     return 0;
 }

@@ -3,22 +3,26 @@
 #include "../core/text.h"
 
 namespace kvarn {
-namespace {
-
-bool Finns(CString const& path) {
-    return !path.IsEmpty() && FileExists(path);
-}
-
-} // namespace
 
 CString ForstFunna(CString const& projektfil, CAutoIni const* ini, char const* namn) {
-    if (Finns(projektfil)) {
-        return projektfil;
-    }
+    return FileExists(projektfil) ? projektfil : Gemensam(ini, namn);
+}
+
+CString ForstFunna(CProjPath const* projekt, CAutoIni const* ini, char const* namn) {
+    return ForstFunna(Projektkopia(projekt, namn), ini, namn);
+}
+
+CString Projektkopia(CProjPath const* projekt, char const* namn) {
+    return projekt != nullptr && !projekt->m_projKat.IsEmpty()
+               ? CString(PathOf(projekt->m_projKat.GetString(), namn).c_str())
+               : CString();
+}
+
+CString Gemensam(CAutoIni const* ini, char const* namn) {
     if (ini != nullptr) {
         for (CString const& katalog : {ini->m_cfgKat, ini->m_huvudKat}) {
             CString path = PathOf(katalog.GetString(), namn).c_str();
-            if (Finns(path)) {
+            if (FileExists(path)) {
                 return path;
             }
         }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../settings/autoini.h"
+#include "projpath.h"
 
 namespace kvarn {
 
@@ -10,5 +11,12 @@ namespace kvarn {
 // two directories. Empty when none exists. An empty project path and a null settings object name
 // nothing.
 CString ForstFunna(CString const& projektfil, CAutoIni const* ini, char const* namn);
+CString ForstFunna(CProjPath const* projekt, CAutoIni const* ini, char const* namn);
+
+// The path that a file of that name has in the project folder; empty without a project.
+CString Projektkopia(CProjPath const* projekt, char const* namn);
+
+// The copy that projects without one of their own share; empty when there is none.
+CString Gemensam(CAutoIni const* ini, char const* namn);
 
 } // namespace kvarn

@@ -84,8 +84,8 @@ int OpenFlags(DWORD access, DWORD disposition) {
                                             : O_RDWR;
     if (disposition == CREATE_NEW) {
         flags |= O_CREAT | O_EXCL;
-    } else if (disposition == OPEN_ALWAYS) {
-        flags |= O_CREAT;
+    } else if (disposition != OPEN_EXISTING) {
+        flags |= O_CREAT; // not O_TRUNC: whoever writes the file may keep us out
     }
     return flags;
 }
@@ -125,11 +125,11 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*,
                    DWORD, HANDLE) {
     int const flags = OpenFlags(access, disposition);
     auto const openIt = [flags](char const* hostPath) { return open(hostPath, flags, 0666); };
-    // OPEN_ALWAYS shall not make a file beside one that differs in case alone. (CREATE_NEW may: it
-    // spares a new file the listing of its folder.)
-    int const descriptor = disposition == OPEN_ALWAYS && *path != '\0'
-                               ? openIt(HostPath(path).c_str())
-                               : OnPath(path, openIt);
+    // No file is made beside one that differs in case alone. (By CREATE_NEW it is: that spares a
+    // new file the listing of its folder.)
+    bool const finds = disposition == OPEN_ALWAYS || disposition == CREATE_ALWAYS;
+    int const descriptor =
+        finds && *path != '\0' ? openIt(HostPath(path).c_str()) : OnPath(path, openIt);
     if (!Done(descriptor)) {
         return INVALID_HANDLE_VALUE;
     }
@@ -143,6 +143,11 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*,
     if (oneWriter && flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
         close(descriptor);
         lastError = ERROR_SHARING_VIOLATION;
+        return INVALID_HANDLE_VALUE;
+    }
+    if (disposition == CREATE_ALWAYS && S_ISREG(status.st_mode) && ftruncate(descriptor, 0) != 0) {
+        Done(-1);
+        close(descriptor);
         return INVALID_HANDLE_VALUE;
     }
     return ToHandle(descriptor);

@@ -1,0 +1,90 @@
+// CKvarnInst: a project's own copies of the settings and code files.
+#include <array>
+
+#include "../compat/filerewrite.h"
+#include "../core/text.h"
+#include "../core/textfil.h"
+#include "../project/sokordning.h"
+#include "kvarninst.h"
+
+namespace {
+
+struct Lokalfil {
+    char const* namn;
+    char const* tom; // what it holds where there is nothing to copy; null: it is not made
+    bool skrivsOver; // when that is asked for
+};
+
+Lokalfil Parfil(char const* namn) {
+    return {namn, "*\n", false};
+}
+
+std::array<Lokalfil, 6> Kodfiler() {
+    return {{{CProjPath::Linkod, "*\n", true},
+             {CProjPath::Kodfil, "*\n*\n", true},
+             {"Stenkod.dat", nullptr, false},
+             {"StenkodN.dat", nullptr, false},
+             {CProjPath::Jb23ParNamn, "*\n", true},
+             {CProjPath::Miljkod, "*\n*\n*\n*\n*\n", true}}};
+}
+
+void Skapa(CProjPath const* projekt, CAutoIni const* ini, Lokalfil const& fil, bool skrivOver) {
+    CString const mal = kvarn::Projektkopia(projekt, fil.namn);
+    if (mal.IsEmpty() || (kvarn::FileExists(mal) && !(skrivOver && fil.skrivsOver))) {
+        return;
+    }
+    CString const kalla = kvarn::Gemensam(ini, fil.namn);
+    if (!kalla.IsEmpty()) {
+        kvarn::CopyWhole(kalla, mal, skrivOver);
+    } else if (fil.tom != nullptr) {
+        std::string innehall;
+        kvarn::AppendTextMode(innehall, fil.tom);
+        kvarn::RewriteFile(mal, innehall);
+    }
+}
+
+void TaBort(CProjPath const* projekt, char const* namn) {
+    DeleteFileA(kvarn::Projektkopia(projekt, namn));
+}
+
+} // namespace
+
+int CKvarnInst::ProjInst() {
+    if (!kvarn::FileExists(kvarn::Projektkopia(m_proj, CProjPath::KvarnParNamn))) {
+        return 0;
+    }
+    CreateLokalaFiler(0, 0);
+    return 1;
+}
+
+int CKvarnInst::ProjStenInst() {
+    return kvarn::FileExists(kvarn::Projektkopia(m_proj, CProjPath::StenParNamn)) ? 1 : 0;
+}
+
+int CKvarnInst::CreateLokalaFiler(int overwrite, int withParFile) {
+    if (withParFile != 0) {
+        Skapa(m_proj, m_ini, Parfil(CProjPath::KvarnParNamn), overwrite != 0);
+    }
+    for (Lokalfil const& fil : Kodfiler()) {
+        Skapa(m_proj, m_ini, fil, overwrite != 0);
+    }
+    return 0;
+}
+
+int CKvarnInst::CreateLokalStenFil(int overwrite) {
+    Skapa(m_proj, m_ini, Parfil(CProjPath::StenParNamn), overwrite != 0);
+    return 0;
+}
+
+int CKvarnInst::RemoveLokalaFiler() {
+    TaBort(m_proj, CProjPath::KvarnParNamn);
+    for (Lokalfil const& fil : Kodfiler()) {
+        TaBort(m_proj, fil.namn);
+    }
+    return 0;
+}
+
+int CKvarnInst::RemoveLokalStenFil() {
+    TaBort(m_proj, CProjPath::StenParNamn);
+    return 0;
+}

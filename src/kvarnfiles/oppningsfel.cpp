@@ -1,0 +1,20 @@
+#include "oppningsfel.h"
+
+#include "../compat/codepage.h"
+#include "../core/format.h"
+#include "../core/messageout.h"
+
+namespace kvarn {
+
+// The kind of file is missing before "-filen", and stays so.
+
+void KanInteLasa(char const* path, char const* rubrik) {
+    DesktopMessage(Format("Kan inte öppna -filen\n%s\nAvbryter läsning!"_1252, path).c_str(),
+                   rubrik);
+}
+
+void KanInteSkriva(char const* path, char const* rubrik) {
+    DesktopMessage(Format("Kan inte öppna -filen\n%s\nAvbryter!"_1252, path).c_str(), rubrik);
+}
+
+} // namespace kvarn

@@ -1,0 +1,209 @@
+// What becomes of a pass that another call meets, that fails, or that is left unfinished.
+#include "compat/codepage.h"
+#include "support/projekt.h"
+
+namespace {
+
+class PassTest : public ProjektTest {
+  protected:
+    PassTest() {
+        Write("KODFIL.DAT", kodfil);
+        Write("MILJKOD.DAT", "*\n*\nX a\nY b\n*\n*\n*\n");
+        Write("LINKOD.PAR", linkod);
+        Write("STAMPEL.PAR", "A B 1 2\nC D 1 2\n");
+    }
+    int ReadKodfil(CKvarnInst& inst) { return inst.KodfilDatRead(m_kod, m_text); }
+    int ReadMiljkod(CKvarnInst& inst) {
+        return inst.MiljkodRead(1, m_kod, m_text, nullptr, nullptr);
+    }
+    int ReadLinkod(CKvarnInst& inst) {
+        int heltal = 0;
+        return inst.LinkodRead(m_kod, m_ord, m_text, m_tal, &heltal);
+    }
+    int ReadStampel(CKvarnInst& inst) {
+        return inst.StampParRead(Api("STAMPEL.PAR").c_str(), m_kod, m_ord, m_tal, m_tal + 1,
+                                 m_tal + 2);
+    }
+    int WriteKodfil(int mode) { return m_inst.KodfilDatWrite(mode, "NY", "kod"); }
+    int WriteMiljkod(int mode) { return m_inst.MiljKodWrite(mode, "NY", "kod", 1, 2); }
+    int WriteLinkod(int mode) { return m_inst.LinkodWrite(mode, "NY", "L", "1", "text", ""); }
+    int WriteStampel(int mode) {
+        return m_inst.StampParWrite(Api("STAMPEL.PAR").c_str(), mode, "NY", "B", "1", "2", "3");
+    }
+
+    static constexpr char const* kodfil = "*\nK1 A\nK2 B\nK3 C\n*\n";
+    static constexpr char const* linkod = "L1 A 1 1\nL2 B 1 1\n*\n";
+    char m_kod[256] = "";
+    char m_ord[256] = "";
+    char m_text[256] = "";
+    double m_tal[3] = {};
+};
+
+TEST_F(PassTest, AReaderOfAnotherKindBeginsItsOwnPass) {
+    EXPECT_EQ(ReadKodfil(m_inst), 0);
+    EXPECT_EQ(ReadMiljkod(m_inst), 0);
+    EXPECT_STREQ(m_kod, "X");
+    EXPECT_EQ(ReadLinkod(m_inst), 1);
+    EXPECT_STREQ(m_kod, "L1");
+    EXPECT_EQ(ReadStampel(m_inst), 1);
+    EXPECT_EQ(ReadKodfil(m_inst), 0);
+    EXPECT_STREQ(m_kod, "K1"); // from the start again
+    EXPECT_EQ(ReadKodfil(m_inst), 0);
+    EXPECT_STREQ(m_kod, "K2"); // and where it stopped
+    EXPECT_EQ(ReadStampel(m_inst), 1);
+    EXPECT_EQ(m_inst.StampParRead("", m_kod, m_ord, m_tal, m_tal, m_tal), 1); // the same pass
+    EXPECT_STREQ(m_kod, "C");
+    EXPECT_EQ(ReadStampel(m_inst), 0);
+    EXPECT_EQ(m_inst.StampParRead("", m_kod, m_ord, m_tal, m_tal, m_tal), 0); // nothing is opened
+    EXPECT_EQ(m_inst.m_fil, nullptr);
+}
+
+TEST_F(PassTest, AReadLeavesAWritingPassAlone) {
+    EXPECT_EQ(WriteLinkod(1), 0);
+    EXPECT_EQ(WriteLinkod(2), 0);
+    std::string const written = Read("LINKOD.PAR"); // each record is there at once
+    EXPECT_EQ(written, "NY L 1" + std::string(43, ' ') + "text\r\n");
+    EXPECT_EQ(ReadKodfil(m_inst), -1);
+    EXPECT_EQ(ReadMiljkod(m_inst), -1);
+    EXPECT_EQ(ReadLinkod(m_inst), 0);
+    EXPECT_EQ(ReadStampel(m_inst), 0);
+    EXPECT_EQ(WriteKodfil(2), 0); // nor is it another kind's to go on with
+    EXPECT_EQ(WriteMiljkod(7), -1);
+    EXPECT_EQ(WriteStampel(3), -1);
+    EXPECT_EQ(Read("LINKOD.PAR"), written);
+    EXPECT_EQ(WriteLinkod(5), 0);
+    EXPECT_EQ(Read("LINKOD.PAR"), written + "*\r\n");
+}
+
+TEST_F(PassTest, AWriteLeavesAReadingPassAlone) {
+    EXPECT_EQ(ReadKodfil(m_inst), 0);
+    EXPECT_EQ(WriteKodfil(0), 0);
+    EXPECT_EQ(WriteKodfil(2), 0);
+    EXPECT_EQ(WriteMiljkod(2), -1);
+    EXPECT_EQ(WriteLinkod(5), -1);
+    EXPECT_EQ(WriteStampel(3), -1);
+    EXPECT_EQ(Read("KODFIL.DAT"), kodfil);
+    EXPECT_EQ(ReadKodfil(m_inst), 0);
+    EXPECT_STREQ(m_kod, "K2");
+    EXPECT_EQ(ReadKodfil(m_inst), 0);
+    EXPECT_EQ(ReadKodfil(m_inst), -1);
+}
+
+TEST_F(PassTest, ABeginClosesWhateverIsOpen) {
+    EXPECT_EQ(WriteKodfil(1), 0);
+    EXPECT_EQ(WriteLinkod(1), 0); // no end line for the code file
+    EXPECT_EQ(Read("KODFIL.DAT"), "*\r\nNY kod\r\n");
+    EXPECT_EQ(WriteKodfil(2), 0);
+    EXPECT_EQ(Read("KODFIL.DAT"), "*\r\nNY kod\r\n");
+    EXPECT_EQ(WriteLinkod(1), 0);
+    EXPECT_EQ(WriteLinkod(5), 0);
+    EXPECT_EQ(Read("LINKOD.PAR"), "*\r\n");
+    EXPECT_EQ(ReadKodfil(m_inst), 0);
+    EXPECT_EQ(m_inst.MiljkodUppdatX(), 0); // so does the update
+    EXPECT_EQ(m_inst.m_fil, nullptr);
+    EXPECT_NE(Read("MILJKOD.DAT").find("Y b\r\n*\r\nTOLK"), std::string::npos);
+}
+
+TEST_F(PassTest, CopiesShareAPassAndItsEnd) {
+    CKvarnInst other(m_inst);
+    {
+        CKvarnInst shortLived;
+        EXPECT_EQ(ReadKodfil(m_inst), 0);
+        shortLived = m_inst;
+        shortLived = *&shortLived;
+        EXPECT_EQ(ReadKodfil(shortLived), 0);
+        EXPECT_STREQ(m_kod, "K2");
+        other = shortLived;
+    } // frees nothing
+    EXPECT_EQ(ReadKodfil(other), 0);
+    EXPECT_STREQ(m_kod, "K3");
+    EXPECT_EQ(ReadKodfil(other), -1);
+    EXPECT_EQ(ReadKodfil(m_inst), 0); // ended for both: from the start
+    EXPECT_STREQ(m_kod, "K1");
+    EXPECT_EQ(WriteLinkod(1), 0);
+    other = m_inst;
+    EXPECT_EQ(WriteLinkod(5), 0);
+    EXPECT_EQ(other.LinkodWrite(2, "N", "N", "1", "", ""), -1);
+    EXPECT_EQ(Read("LINKOD.PAR"), "*\r\n");
+}
+
+TEST_F(PassTest, AFileThatCannotBeOpenedIsToldInItsOwnWords) {
+    Boxes const boxes;
+    for (char const* const name : {"KODFIL.DAT", "MILJKOD.DAT", "LINKOD.PAR", "STAMPEL.PAR"}) {
+        std::filesystem::remove(m_folder / (std::string("projekt/") + name));
+        Block(name);
+    }
+    auto const reading = [&](char const* name) {
+        return "Kan inte öppna -filen\n"_1252 + Api(name) + "\nAvbryter läsning!"_1252;
+    };
+    auto const writing = [&](char const* name) {
+        return "Kan inte öppna -filen\n"_1252 + Api(name) + "\nAvbryter!";
+    };
+    EXPECT_EQ(ReadKodfil(m_inst), -1);
+    ExpectBox(reading("KODFIL.DAT"), "Läsning av Markvida - kodfil.dat inställningar"_1252);
+    EXPECT_EQ(ReadMiljkod(m_inst), -1);
+    ExpectBox(reading("MILJKOD.DAT"), "Läsning av Kvarnbok - Miljkod.dat inställningar"_1252);
+    EXPECT_EQ(ReadLinkod(m_inst), -1);
+    ExpectBox(reading("LINKOD.PAR"), "Läsning av Kvarnbok - Linkod.dat inställningar"_1252);
+    EXPECT_EQ(ReadStampel(m_inst), -1);
+    ExpectBox(reading("STAMPEL.PAR"), "Läsning av Kvarnbok - Stämpel inställningar"_1252);
+    EXPECT_EQ(m_inst.MiljkodUppdatX(), 0);
+    ExpectBox(reading("MILJKOD.DAT"), "Läsning av Kvarnbok - Miljkod.dat inställningar"_1252);
+
+    EXPECT_EQ(WriteKodfil(3), 0);
+    ExpectBox("Kan inte öppna -filen\n"_1252 + Api("KODFIL.DAT") + '\n' + Api("KODFIL.tmp") +
+                  "\nAvbryter!",
+              "Skrivning av Kvarnbok - kodfil.dat inställningar"_1252);
+    EXPECT_EQ(WriteMiljkod(1), 0);
+    ExpectBox(writing("MILJKOD.DAT"), "Skrivning av Kvarnbok - Miljkod.dat inställningar"_1252);
+    EXPECT_EQ(WriteMiljkod(2), -1);
+    EXPECT_EQ(WriteLinkod(1), 0);
+    ExpectBox(writing("LINKOD.PAR"), "Skrivning av Kvarnbok - Linkod.par inställningar"_1252);
+    EXPECT_EQ(WriteLinkod(2), -1);
+    EXPECT_EQ(WriteStampel(1), 0);
+    ExpectBox(writing("STAMPEL.PAR"), "Skrivning av Kvarnbok - Stämpel inställningar"_1252);
+    EXPECT_EQ(WriteStampel(2), -1);
+}
+
+TEST_F(PassTest, WithoutItsCopyTheCodeFileGetsAnEmptyHeader) {
+    Boxes const boxes;
+    Block("KODFIL.tmp");
+    EXPECT_EQ(WriteKodfil(1), 0);
+    EXPECT_EQ(Boxes::Shown().size(), 1U);
+    EXPECT_EQ(WriteKodfil(2), 0);
+    EXPECT_EQ(Read("KODFIL.DAT"), "NY kod\r\nNY kod\r\n*\r\n");
+}
+
+#if !defined(_WIN32)
+
+TEST_F(PassTest, AWriteThatFailsIsTold) {
+    Boxes const boxes;
+    ASSERT_TRUE(std::filesystem::is_character_file("/dev/full"));
+    EXPECT_EQ(m_inst.StampParWrite("/dev/full", 1, "", "", "", "", ""), 0);
+    EXPECT_EQ(WriteStampel(2), -1);
+    EXPECT_EQ(WriteStampel(3), 0); // it is closed all the same
+    for (char const* const name : {"MILJKOD.DAT", "LINKOD.PAR"}) {
+        std::filesystem::remove(m_folder / (std::string("projekt/") + name));
+        std::filesystem::create_symlink("/dev/full", m_folder / (std::string("projekt/") + name));
+    }
+    EXPECT_EQ(WriteMiljkod(1), -1);
+    EXPECT_EQ(WriteMiljkod(2), -1);
+    EXPECT_EQ(WriteMiljkod(7), -1);
+    EXPECT_EQ(WriteLinkod(1), 0);
+    EXPECT_EQ(WriteLinkod(5), -1);
+    EXPECT_EQ(m_inst.m_fil, nullptr);
+}
+
+TEST_F(PassTest, AFileThatCannotBeReadToItsEndIsNotRewritten) {
+    std::filesystem::remove(m_folder / "projekt/MILJKOD.DAT");
+    std::filesystem::create_symlink("/proc/self/mem", m_folder / "projekt/MILJKOD.DAT");
+    std::filesystem::create_symlink("/proc/self/mem", m_folder / "projekt/JB23.PAR");
+    EXPECT_EQ(m_inst.MiljkodUppdatX(), 0);
+    EXPECT_EQ(m_inst.WriteKey("JB23.PAR", "HASTSKALA", "1"), -1);
+    EXPECT_EQ(m_inst.Jb23WriteKey("HASTSKALA", "1"), "1");
+    EXPECT_TRUE(std::filesystem::is_symlink(m_folder / "projekt/JB23.PAR"));
+}
+
+#endif
+
+} // namespace
