@@ -6,6 +6,7 @@
 
 #include <shellapi.h>
 #include <shlobj.h>
+#include <shlwapi.h>
 #else
 #include "win32/shell.h"
 #endif

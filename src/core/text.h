@@ -56,6 +56,15 @@ int CompareUpperNordic(std::string_view a, std::string_view b);
 // Copies a text into a buffer of `size` bytes, cut to fit, with a zero at its end.
 void CopyText(char* buffer, std::size_t size, std::string_view text);
 
+// The text of a field that clients fill as well, with or without a zero at its end.
+template <std::size_t N> std::string_view FieldText(char const (&field)[N]) {
+    std::string_view const all(field, N - 1);
+    return all.substr(0, all.find('\0'));
+}
+
+// A string resource, cut at 254 characters; empty without a module, and where it has none.
+std::string ResourceText(HINSTANCE module, unsigned id);
+
 bool FileExists(char const* path); // a folder too
 
 // Makes a folder, whose parent must exist. True also for one that is there, or that another program

@@ -84,7 +84,7 @@ int CVag2::SaveOmr(CProjPath* project) {
         return -1;
     }
     kvarn::AppendTextMode(text,
-                          kvarn::Format("%s\n%.3lf %.3lf\n%.3lf %.3lf\n", kvarn::Falttext(filnamn),
+                          kvarn::Format("%s\n%.3lf %.3lf\n%.3lf %.3lf\n", kvarn::FieldText(filnamn),
                                         omrSekFran, omrSekTill, omrAvstMin, omrAvstMax));
     std::string const tillfallig = kvarn::PathOf(project->m_kvarnDbf.GetString(), "vl.tmp");
     return kvarn::RewriteFile(path, text, tillfallig.c_str()) == kvarn::Rewritten::done ? 0 : -1;

@@ -105,10 +105,10 @@ int CVag2::Uppdat(char const* path) {
     bool const baraProfil = plan.Home() != 0 && profil.Home() == 0;
     std::string text;
     if (baraProfil) {
-        kvarn::CopyText(profil.namn, sizeof profil.namn, kvarn::Falttext(namn));
-        kvarn::SkrivVaglinje(text, profil, kvarn::Falttext(namn));
+        kvarn::CopyText(profil.namn, sizeof profil.namn, kvarn::FieldText(namn));
+        kvarn::SkrivVaglinje(text, profil, kvarn::FieldText(namn));
     } else {
-        kvarn::SkrivVaglinje(text, plan, kvarn::Falttext(namn));
+        kvarn::SkrivVaglinje(text, plan, kvarn::FieldText(namn));
         SkrivProfildel(text, profil);
     }
     return kvarn::SkrivVagfil(path != nullptr ? path : "", text, m_ejLast);

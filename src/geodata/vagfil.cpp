@@ -1,11 +1,11 @@
 #include "vagfil.h"
 
 #include "../compat/codepage.h"
-#include "../compat/filerewrite.h"
 #include "../core/format.h"
 #include "../core/messageout.h"
 #include "../core/scan.h"
 #include "../core/textfil.h"
+#include "datafil.h"
 
 namespace kvarn {
 namespace {
@@ -46,19 +46,15 @@ void SkrivVaglinje(std::string& ut, CVaglinje& linje, std::string_view namn) {
 }
 
 bool LasVagfil(char const* path, std::string& text, CString& ejLast) {
-    TextReader fil(path);
-    if (fil.IsOpen() && fil.ReadRest(text)) {
-        ejLast = "";
-        return true;
+    bool const last = LasDatafil(path, text, ejLast);
+    if (!last) {
+        AnmalEjOppnad(path);
     }
-    ejLast = fil.Missing() ? "" : path;
-    AnmalEjOppnad(path);
-    return false;
+    return last;
 }
 
 int SkrivVagfil(char const* path, std::string_view text, CString const& ejLast) {
-    bool const last = ejLast.IsEmpty() || !SameText(ejLast.GetString(), path);
-    Rewritten const resultat = last ? RewriteFile(path, text) : Rewritten::cannotOpen;
+    Rewritten const resultat = SkrivDatafil(path, text, ejLast);
     if (resultat == Rewritten::cannotOpen) {
         AnmalEjOppnad(path);
     }

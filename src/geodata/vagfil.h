@@ -35,12 +35,10 @@ bool LasVertex(std::string_view rad, kovltype& vertex);
 // Walks the line to its end.
 void SkrivVaglinje(std::string& ut, CVaglinje& linje, std::string_view namn);
 
-// The whole content of a road file. False, and the user is told, when it cannot be opened or not be
-// read to its end; ejLast is then the file's path where it exists, otherwise empty.
+// As LasDatafil; the user is told when that failed.
 bool LasVagfil(char const* path, std::string& text, CString& ejLast);
 
-// Rewrites a road file. 0, or -1 when that failed; the user is told when the file cannot be opened,
-// and when it is the one that could not be read.
+// As SkrivDatafil: 0, or -1 when it failed; the user is told when the file cannot be opened.
 int SkrivVagfil(char const* path, std::string_view text, CString const& ejLast);
 
 // The last message and the status bar tell of a line that was skipped.
@@ -51,11 +49,6 @@ template <std::size_t N> void TaFilnamn(char (&filnamn)[N], char const* path) {
     if (char const* const snedstreck = std::strrchr(path, '\\')) {
         CopyText(filnamn, N, snedstreck + 1);
     }
-}
-
-// The text of a field that clients fill as well, with or without a zero at its end.
-template <std::size_t N> std::string_view Falttext(char const (&falt)[N]) {
-    return std::string_view(falt, N - 1).substr(0, std::string_view(falt, N - 1).find('\0'));
 }
 
 } // namespace kvarn

@@ -54,7 +54,7 @@ int CVaglinje::Init(CString path) {
 
 int CVaglinje::Uppdat(char const* path) {
     std::string text;
-    kvarn::SkrivVaglinje(text, *this, kvarn::Falttext(namn));
+    kvarn::SkrivVaglinje(text, *this, kvarn::FieldText(namn));
     return kvarn::SkrivVagfil(path != nullptr ? path : "", text, m_ejLast);
 }
 

@@ -4,6 +4,8 @@
 #include "../compat/host.h"
 #include "../library/export.h"
 
+class CAutoIni;
+
 class KVARNPROG_API CProjPath {
   public:
     // All paths empty.
@@ -16,6 +18,40 @@ class KVARNPROG_API CProjPath {
     // taken as it is (without a trailing backslash, please: none is removed); nothing is looked
     // up or made on disk. Returns 0.
     int SetPath(char const* folder);
+
+    // Makes a project on disk, or what an existing one lacks; this object's paths are neither read
+    // nor changed. Flags are not 0 for yes:
+    //
+    // create          the project's folder, with missing levels above it. A folder that holds a
+    //                 drawing database is refused when drawing is asked for: string 6039
+    //                 ("Markvida-databas finns redan i Katalog:\n%s"), silently when not
+    //                 interactive
+    // interactive     asks whether an existing folder shall be used (string 6040; No is the
+    //                 default, and ends the call), and tells which program's folder failed
+    // drawing         KvarnDbfKat, KvarnRitKat, StackKat
+    // postProcessing  PostDbfKat, StabRitKat, PostRitKat
+    // rockDrilling    StenDbfKat, StenRitKat, StackKat
+    // construction    FaltverkDbfKat, FaltverkRitKat, and in the first the file Faltverk.krd, which
+    //                 holds three stars; one that is there stays
+    // folderList      further folders when create is 0 (with create they are always made): the
+    //                 settings file's key "MAPPAR" in section "ARKIV" names a text file with a
+    //                 folder a line, below the project's. No settings object, key or file: none
+    //
+    // path is the project's folder, with backslashes, on a drive or a share that is there. Returns
+    // 1 when all of it stands; 0 at the first failure, where what was made stays. A level of the
+    // project's folder or of the list that cannot be made is always shown ("Fel, kan EJ skapa
+    // katalog:\n%s"), and so is the file ("Fel, kan EJ skapa fil:\n%s"). The texts pass through
+    // the shared message buffer. The root of a path is that of PathStripToRoot in the Windows
+    // documentation.
+    int CreateProjectStructure(char const* const path, CAutoIni* settings, int create,
+                               int interactive, int drawing, int postProcessing, int rockDrilling,
+                               int construction, int folderList);
+
+    // The same with a settings object of its own where the list may be wanted: started by
+    // InitXPWay(0, "sv", nullptr), which may make a user's first settings, else by Init().
+    int CreateProjectStructure(char const* const path, int create, int interactive, int drawing,
+                               int postProcessing, int rockDrilling, int construction,
+                               int folderList);
 
     // File and folder names. A host may point any of them at another name, which it keeps; every
     // path that is built later reads the pointer at that moment. Class-wide and not locked: set

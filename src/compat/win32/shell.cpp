@@ -95,6 +95,23 @@ void* LocalFree(void* memory) {
     return nullptr;
 }
 
+BOOL PathStripToRootA(LPSTR path) {
+    std::string_view const whole = path;
+    std::size_t length = 0;
+    if (whole.starts_with("\\\\")) {
+        std::size_t const share = whole.find('\\', 2);
+        length = share == std::string_view::npos
+                     ? whole.size()
+                     : std::min(whole.find('\\', share + 1), whole.size());
+    } else if (whole.starts_with('\\')) {
+        length = 1;
+    } else if (whole.size() >= 3 && whole.substr(1, 2) == ":\\") {
+        length = 3;
+    }
+    path[length] = '\0';
+    return length > 0 ? TRUE : FALSE;
+}
+
 BOOL CreateProcessA(LPCSTR program, LPSTR, SECURITY_ATTRIBUTES*, SECURITY_ATTRIBUTES*, BOOL, DWORD,
                     void*, LPCSTR, STARTUPINFOA*, PROCESS_INFORMATION* information) {
     std::string path = kvarn::HostPath(program);

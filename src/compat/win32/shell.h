@@ -16,6 +16,10 @@ constexpr int CSIDL_FLAG_CREATE = 0x8000;
 // when it cannot be told, or not be made.
 HRESULT SHGetFolderPathA(HWND owner, int folder, HANDLE token, DWORD flags, LPSTR path);
 
+// Cuts a path after its root: the drive with its backslash, server and share, or a backslash. FALSE
+// for a path without one, which is left empty.
+BOOL PathStripToRootA(LPSTR path);
+
 LPCWSTR GetCommandLineW();
 // Arguments are separated by blanks, and may be quoted. Freed by LocalFree.
 LPWSTR* CommandLineToArgvW(LPCWSTR line, int* count);

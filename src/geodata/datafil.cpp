@@ -1,0 +1,20 @@
+#include "datafil.h"
+
+#include "../core/text.h"
+#include "../core/textfil.h"
+
+namespace kvarn {
+
+bool LasDatafil(char const* path, std::string& text, CString& ejLast) {
+    TextReader fil(path);
+    bool const last = fil.IsOpen() && fil.ReadRest(text);
+    ejLast = last || fil.Missing() ? "" : path;
+    return last;
+}
+
+Rewritten SkrivDatafil(char const* path, std::string_view text, CString const& ejLast) {
+    bool const last = ejLast.IsEmpty() || !SameText(ejLast.GetString(), path);
+    return last ? RewriteFile(path, text) : Rewritten::cannotOpen;
+}
+
+} // namespace kvarn

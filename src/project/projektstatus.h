@@ -1,0 +1,66 @@
+// The states that a project can be in, with the texts that users see.
+#pragma once
+
+#include <cstdint>
+
+#include "../compat/host.h"
+#include "../core/list0.h"
+#include "../library/export.h"
+
+struct projektstatustype {
+    std::int32_t kod;
+    char text[80];
+};
+
+extern template class KVARNPROG_LIST_DECLARE list0<projektstatustype>;
+
+// The list of states, and one that is the project's own.
+//
+//     CProjektStatus status;
+//     status.SetHandle(LibraryModule()); // or a module with the texts in another language
+//     status.Load();
+//     status.SetStatus(3);
+//     show(status.GetStatus());          // "Levererat"
+//
+// The states are 0 ongoing, 1 finished, 2 archived, 3 delivered, 4 dormant, 5 to be archived and
+// 999 unknown; their texts are the string resources 5006 to 5012.
+class KVARNPROG_API CProjektStatus : public list0<projektstatustype> {
+  public:
+    // An empty list without a module. The state is not set: call SetStatus first.
+    CProjektStatus();
+    virtual ~CProjektStatus();
+
+    // The module whose string resources the texts are; it must stay loaded. Null: no texts.
+    void SetHandle(HINSTANCE modul);
+
+    // A text of the module, cut at 254 characters; empty without a module and for an id that it
+    // does not have.
+    CString TxLoadString(unsigned int id);
+
+    // Fills an empty list with the seven states; does nothing with any other. Throws ListFel when
+    // memory is out.
+    void Load();
+
+    // As list0::Ny: appended when var is 1, otherwise inserted before the current entry; zeros
+    // without a record. Returns 0. Throws ListFel when memory is out.
+    int Ny(int var, projektstatustype* post);
+
+    // The code of the first entry with the text, in any case, which becomes the current entry; 999
+    // when there is none.
+    int Find(CString text);
+
+    // Sets the state; one that is not in the list becomes 999. Returns 0, or -1 for an empty list
+    // (the state then keeps the code).
+    int SetStatus(int kod);
+
+    // The text of the state, which is taken as a position in the list and not as a code: the first
+    // entry's for 0 and below, that of the entry so many steps on, and beyond the end the text 5012
+    // ("unknown"), where the state becomes 999. With the seven states the two agree. Empty for an
+    // empty list.
+    CString GetStatus();
+
+    std::int32_t m_status;       // code
+    CString m_text;              // not used
+    std::int32_t m_funnen = 0;   // 1 once Find or SetStatus has found an entry
+    HINSTANCE m_modul = nullptr; // where the texts are
+};

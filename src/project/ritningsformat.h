@@ -1,0 +1,35 @@
+// The sheet formats of drawings.
+#pragma once
+
+#include <cstdint>
+
+#include "../library/export.h"
+
+// Sizes in millimetres.
+struct ritningsformattype {
+    char const* namn;
+    double inreBredd; // what can be drawn on
+    double inreHojd;
+    double ramBredd; // the border
+    double ramHojd;
+    double arkBredd; // the sheet
+    double arkHojd;
+};
+
+// The table of formats, which every object has a copy of: A0 to A4 and their long variants, all but
+// A4 lying. Its sizes are what drawings are made with, the unequal ones too (a sheet of A1 is
+// 840 mm wide, one of A2L 841 mm).
+class KVARNPROG_API CRitningsFormat {
+  public:
+    CRitningsFormat();
+    CRitningsFormat(CRitningsFormat const&);
+    CRitningsFormat& operator=(CRitningsFormat const&);
+    virtual ~CRitningsFormat();
+
+    // The index of a format, spelt exactly as in the table: 0 for "A0" to 8 for "A4". -1 for any
+    // other name, null among them, and for a table without entries.
+    int Format2Index(char const* namn);
+
+    ritningsformattype m_format[9];
+    std::int32_t m_antal; // of entries: 9
+};

@@ -1,0 +1,162 @@
+#include <algorithm>
+
+#include <gtest/gtest.h>
+
+#include "compat/codepage.h"
+#include "project/projpath.h"
+#include "settings/autoini.h"
+#include "support/boxes.h"
+#include "support/installation.h"
+#include "support/testfiles.h"
+
+namespace {
+
+struct Flags {
+    int create = 0;
+    int interactive = 0;
+    int drawing = 0;
+    int postProcessing = 0;
+    int rockDrilling = 0;
+    int construction = 0;
+    int folderList = 0;
+};
+
+class ProjstrukturTest : public testing::Test {
+  protected:
+    int Create(std::string const& path, Flags const& f, CAutoIni* ini = nullptr) {
+        return m_projekt.CreateProjectStructure(path.c_str(), ini, f.create, f.interactive,
+                                                f.drawing, f.postProcessing, f.rockDrilling,
+                                                f.construction, f.folderList);
+    }
+    bool Has(std::string const& name) const { return std::filesystem::exists(m_folder / name); }
+    // All that stands below a folder.
+    std::string Below(std::string const& name) const {
+        std::vector<std::string> names;
+        for (auto const& entry : std::filesystem::recursive_directory_iterator(m_folder / name)) {
+            names.push_back(
+                std::filesystem::relative(entry.path(), m_folder / name).generic_string());
+        }
+        std::sort(names.begin(), names.end());
+        std::string all;
+        for (std::string const& one : names) {
+            (all += one) += ' ';
+        }
+        return all;
+    }
+
+    TestFolder m_folder;
+    CProjPath m_projekt;
+};
+
+TEST_F(ProjstrukturTest, EachProgramsFolders) {
+    EXPECT_EQ(Create(m_folder.Api("ny\\niva\\P\\"), {.create = 1, .drawing = 1}), 1);
+    EXPECT_EQ(Below("ny"), "niva niva/P niva/P/KVARNBOK.DBF niva/P/KVARNBOK.RIT niva/P/STACK ");
+    struct {
+        Flags flags;
+        char const* made;
+    } const cases[] = {
+        {{.create = 1}, ""},
+        {{.create = 1, .drawing = 1}, "KVARNBOK.DBF KVARNBOK.RIT STACK "},
+        {{.create = 1, .postProcessing = 1}, "DAMMSBOK.RIT SKOGSBOK.DBF SKOGSBOK.RIT "},
+        {{.create = 1, .rockDrilling = 1}, "KLIPPBOK.DBF KLIPPBOK.RIT STACK "},
+        {{.create = 1, .construction = 1}, "FALTVERK.DBF FALTVERK.DBF/Faltverk.krd FALTVERK.RIT "},
+    };
+    for (auto const& c : cases) {
+        std::filesystem::remove_all(m_folder / "Q");
+        EXPECT_EQ(Create(m_folder.Api("Q"), c.flags), 1);
+        EXPECT_EQ(Below("Q"), c.made);
+    }
+    EXPECT_EQ(m_folder.Read("Q/FALTVERK.DBF/Faltverk.krd"), "***");
+    m_folder.Write("Q/FALTVERK.DBF/Faltverk.krd", "egen");
+    EXPECT_EQ(Create(m_folder.Api("Q"), {.construction = 1}), 1);
+    EXPECT_EQ(m_folder.Read("Q/FALTVERK.DBF/Faltverk.krd"), "egen");
+}
+
+TEST_F(ProjstrukturTest, AnExistingProjectIsRefusedAndAFolderAskedFor) {
+    m_folder.Write("P/KVARNBOK.DBS", "");
+    std::string const path = m_folder.Api("P");
+    {
+        Boxes const boxes;
+        EXPECT_EQ(Create(path, {.create = 1, .drawing = 1, .rockDrilling = 1}), 0);
+        EXPECT_TRUE(Boxes::Shown().empty());
+        EXPECT_EQ(Create(path, {.create = 1, .interactive = 1, .drawing = 1}), 0);
+        ASSERT_EQ(Boxes::Shown().size(), 1U);
+        EXPECT_EQ(Boxes::Shown()[0],
+                  (ShownBox{"Markvida-databas finns redan i Katalog:\n" + path, "<title>", 48, 0}));
+        EXPECT_STREQ(MessageBuffer(), Boxes::Shown()[0].text.c_str());
+        EXPECT_EQ(Below("P"), "KVARNBOK.DBS ");
+    }
+    {
+        Boxes const no(7);
+        EXPECT_EQ(Create(path, {.create = 1, .interactive = 1, .rockDrilling = 1}), 0);
+        ASSERT_EQ(Boxes::Shown().size(), 1U);
+        EXPECT_EQ(Boxes::Shown()[0].text,
+                  "Katalog: "_1252 + path + "\nfinns redan! Ska denna användas ändå?"_1252);
+        EXPECT_EQ(Boxes::Shown()[0].style, 260U | 48U);
+        EXPECT_EQ(Below("P"), "KVARNBOK.DBS ");
+    }
+    Boxes const yes(6);
+    EXPECT_EQ(Create(path, {.create = 1, .interactive = 1, .rockDrilling = 1}), 1);
+    EXPECT_EQ(Below("P"), "KLIPPBOK.DBF KLIPPBOK.RIT KVARNBOK.DBS STACK ");
+}
+
+TEST_F(ProjstrukturTest, WhatCannotBeMadeIsTold) {
+    Boxes const boxes;
+    m_folder.Write("fil", "");
+    std::string const level = m_folder.Api("fil\\a");
+    EXPECT_EQ(Create(level + "\\b", {.create = 1}), 0);
+    ASSERT_EQ(Boxes::Shown().size(), 1U); // whether asked or not
+    EXPECT_EQ(Boxes::Shown()[0],
+              (ShownBox{"Fel, kan EJ skapa katalog:\n" + level, "<title>", 48, 0}));
+    EXPECT_EQ(Create(m_folder.Api("saknas"), {.drawing = 1}), 0);
+    EXPECT_EQ(Boxes::Shown().size(), 1U);
+    EXPECT_EQ(Create(m_folder.Api("saknas"), {.interactive = 1, .drawing = 1}), 0);
+    EXPECT_EQ(Boxes::Shown().back().text,
+              "Fel, kan EJ skapa katalog:\n" + m_folder.Api("saknas\\KVARNBOK.DBF"));
+    EXPECT_EQ(Create("", {.create = 1, .drawing = 1}), 0);
+    EXPECT_EQ(m_projekt.CreateProjectStructure(nullptr, 1, 1, 1, 1, 1, 1, 1), 0);
+
+    // The first failure ends it; what was made stays.
+    m_folder.Write("P/FALTVERK.DBF", "");
+    EXPECT_EQ(Create(m_folder.Api("P"), {.create = 1, .drawing = 1, .construction = 1}), 0);
+    EXPECT_EQ(Boxes::Shown().back().text,
+              "Fel, kan EJ skapa fil:\n" + m_folder.Api("P\\FALTVERK.DBF\\Faltverk.krd"));
+    EXPECT_TRUE(Has("P/KVARNBOK.RIT"));
+}
+
+TEST_F(ProjstrukturTest, TheSettingsFileNamesFurtherFolders) {
+    CAutoIni ini;
+    m_folder.Write("Markvida.ini", "[ARKIV]\r\nMAPPAR=" + m_folder.Api("mappar.txt") + "\r\n");
+    m_folder.Write("mappar.txt", "Brev\r\n\r\nFoto\\2026\r\n Rum\r\n");
+    ini.m_lage = 1;
+    ini.m_iniFil = m_folder.Api("Markvida.ini").c_str();
+    EXPECT_EQ(Create(m_folder.Api("P"), {.create = 1}, &ini), 1);
+    EXPECT_EQ(Below("P"), " Rum Brev Foto Foto/2026 ");
+    std::filesystem::remove_all(m_folder / "P");
+    EXPECT_EQ(Create(m_folder.Api("P"), {.folderList = 1}, &ini), 1); // from P's root on
+    EXPECT_TRUE(Has("P/Foto/2026"));
+    std::filesystem::remove_all(m_folder / "P");
+    EXPECT_EQ(Create(m_folder.Api("P"), {}, &ini), 1);
+    EXPECT_FALSE(Has("P"));
+
+    Boxes const boxes;
+    m_folder.Write("P/Foto", "");
+    EXPECT_EQ(Create(m_folder.Api("P"), {.folderList = 1}, &ini), 0);
+    EXPECT_EQ(Boxes::Shown().size(), 1U);
+    EXPECT_TRUE(Has("P/Brev"));
+    EXPECT_FALSE(Has("P/ Rum"));
+    m_folder.Write("Markvida.ini", "[ARKIV]\r\nMAPPAR=" + m_folder.Api("saknas") + "\r\n");
+    EXPECT_EQ(Create(m_folder.Api("P"), {.folderList = 1}, &ini), 1);
+}
+
+TEST_F(ProjstrukturTest, WithSettingsOfItsOwn) {
+    Installation const installation;
+    Boxes const boxes;
+    std::string const path = m_folder.Api("P");
+    EXPECT_EQ(m_projekt.CreateProjectStructure(path.c_str(), 0, 0, 1, 0, 0, 0, 0), 0);
+    EXPECT_FALSE(Has("P"));
+    EXPECT_EQ(m_projekt.CreateProjectStructure(path.c_str(), 1, 0, 1, 0, 0, 0, 0), 1);
+    EXPECT_EQ(Below("P"), "KVARNBOK.DBF KVARNBOK.RIT STACK ");
+}
+
+} // namespace
