@@ -203,24 +203,17 @@ bool FileWasThere() {
     return error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS;
 }
 
-// Calls make with names beside a path until one of them did not exist; what make answered last.
-template <class Make> bool UnderNewName(std::string const& path, Make make) {
-    constexpr int attempts = 100; // names left behind by programs that were killed
-    static std::atomic<int> serial = 0;
-    bool made = false;
-    for (int i = 0; i < attempts && !made && (i == 0 || FileWasThere()); ++i) {
-        made = make(path + "." + std::to_string(GetCurrentProcessId()) + "-" +
-                    std::to_string(++serial) + ".tmp");
-    }
-    return made;
-}
-
 // A new file beside another, deleted with its scope unless it was kept or has become the other.
 class Beside {
   public:
     // With a name of its own.
     explicit Beside(Target const& target) : m_target(target) {
-        UnderNewName(target.path, [this](std::string path) { return Make(std::move(path)); });
+        constexpr int attempts = 100; // names left behind by programs that were killed
+        static std::atomic<int> serial = 0;
+        for (int i = 0; i < attempts && !m_made && (i == 0 || FileWasThere()); ++i) {
+            Make(target.path + "." + std::to_string(GetCurrentProcessId()) + "-" +
+                 std::to_string(++serial) + ".tmp");
+        }
         TakeOverRights();
     }
     // With a name that others know.
@@ -267,12 +260,11 @@ class Beside {
     void Keep() { m_kept = true; }
 
   private:
-    bool Make(std::string path) {
+    void Make(std::string path) {
         m_path = std::move(path);
         m_file = OutFile(m_path.c_str(), CREATE_NEW);
         m_made = m_file.IsOpen();
         m_diskFull = !m_made && GetLastError() == ERROR_DISK_FULL;
-        return m_made;
     }
     // Before there is anything in it to be read.
     void TakeOverRights() {
@@ -326,31 +318,6 @@ Rewritten RewriteFile(char const* path, std::string_view content) {
 
 Rewritten RewriteFile(char const* path, std::string_view content, char const* besidePath) {
     return Rewrite(path, content, besidePath);
-}
-
-bool CopyWhole(char const* from, char const* to, bool replace) {
-    Target const target = Find(to);
-    if (!target.opens) {
-        return false;
-    }
-    std::string beside;
-    bool const copied = UnderNewName(target.path, [&](std::string path) {
-        beside = std::move(path);
-        return CopyFileA(from, beside.c_str(), TRUE) != FALSE;
-    });
-    bool const ours = copied || !FileWasThere();
-    if (copied) {
-        OutFile(beside.c_str(), OPEN_EXISTING).Finish(); // on the disk before it has the name
-    }
-    bool const placed =
-        copied &&
-        MoveFileExA(beside.c_str(), target.path.c_str(),
-                    MOVEFILE_WRITE_THROUGH | (replace ? MOVEFILE_REPLACE_EXISTING : 0U)) != FALSE;
-    if (ours && !placed) {
-        SetFileAttributesA(beside.c_str(), FILE_ATTRIBUTE_NORMAL); // a copy is read-only too
-        DeleteFileA(beside.c_str());
-    }
-    return placed;
 }
 
 bool OpensForWriting(char const* path) {

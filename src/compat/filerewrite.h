@@ -33,11 +33,6 @@ Rewritten RewriteFile(char const* path, std::string_view content);
 // the result is failed.
 Rewritten RewriteFile(char const* path, std::string_view content, char const* besidePath);
 
-// Copies a file, with its time and attributes, under a name beside the target, which it then takes
-// in one step: no other program meets a half. False, and nothing is changed, when that failed, or
-// the target exists and is not to be replaced.
-bool CopyWhole(char const* from, char const* to, bool replace);
-
 // Whether the file exists and can be opened for writing; it is not changed.
 bool OpensForWriting(char const* path);
 

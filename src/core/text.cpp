@@ -123,8 +123,10 @@ std::string PathOf(std::string_view folder, std::string_view name) {
 }
 
 std::string TemporaryOf(std::string_view path) {
-    constexpr std::size_t extension = 4;
-    return std::string(path.substr(0, std::max(path.size(), extension) - extension)) + ".tmp";
+    constexpr std::string_view temporary = ".tmp";
+    std::size_t const stem = std::max(path.size(), temporary.size()) - temporary.size();
+    bool const itself = SameText(path.substr(stem), temporary);
+    return std::string(path.substr(0, itself ? path.size() : stem)).append(temporary);
 }
 
 std::string_view Trimmed(std::string_view text) {

@@ -39,7 +39,7 @@ std::string_view FolderOf(std::string_view path);
 std::string PathOf(std::string_view folder, std::string_view name);
 
 // The path with ".tmp" for its last four characters, which are the extension of the files that are
-// rewritten through such a one.
+// rewritten through such a one; with ".tmp" after it where it ends so itself.
 std::string TemporaryOf(std::string_view path);
 
 // Without the white space (9 to 13 and 32) at both ends.

@@ -115,6 +115,14 @@ bool TextReader::ReadRest(std::string& text) {
     return !m_failed;
 }
 
+bool SkipStarLines(TextReader& file, int count) {
+    std::string_view line;
+    while (count > 0 && file.ReadLine(line)) {
+        count -= IsStarLine(line) ? 1 : 0;
+    }
+    return count == 0;
+}
+
 TextWriter::TextWriter(char const* path)
     : m_file(CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
                          FILE_ATTRIBUTE_NORMAL, nullptr)) {}
@@ -123,9 +131,11 @@ bool TextWriter::Write(std::string_view text) {
     std::string lines;
     AppendTextMode(lines, text);
     DWORD written = 0;
-    return WriteFile(m_file, lines.data(), static_cast<DWORD>(lines.size()), &written, nullptr) !=
-               FALSE &&
-           written == lines.size();
+    m_failed = m_failed ||
+               WriteFile(m_file, lines.data(), static_cast<DWORD>(lines.size()), &written,
+                         nullptr) == FALSE ||
+               written != lines.size();
+    return !m_failed;
 }
 
 bool TextWriter::Close() {

@@ -57,6 +57,15 @@ class TextReader {
     bool m_more = false;
 };
 
+// A line that ends a section or a file, in the many that are divided so.
+inline bool IsStarLine(std::string_view line) {
+    return line.starts_with('*');
+}
+
+// Reads on past so many star lines, or to the end of a file that has fewer. False when a read
+// failed, or there were fewer.
+bool SkipStarLines(TextReader& file, int count);
+
 // A text file that is made anew, or emptied, and written text by text. Each text is in the file
 // when the call returns: a program that dies in the middle has lost nothing of what it wrote.
 class TextWriter {
@@ -67,12 +76,13 @@ class TextWriter {
     TextWriter& operator=(TextWriter const&) = delete;
 
     bool IsOpen() const { return m_file != INVALID_HANDLE_VALUE; }
-    // LF becomes CR LF. False when it could not be written whole.
+    // LF becomes CR LF. False when it could not be written whole; nothing more is then written.
     bool Write(std::string_view text);
     bool Close();
 
   private:
     HANDLE m_file;
+    bool m_failed = false;
 };
 
 // Appends a text as text mode writes it: each LF becomes CR LF.

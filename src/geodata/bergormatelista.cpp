@@ -139,11 +139,9 @@ void CBergOrMateLista::LasAvsnitt(char const* path, int inbyggda) {
     constexpr int norskExtra = 31; // a number that the Norwegian table does not have
     kvarn::TextReader fil(path);
     std::string_view rad;
-    for (int kvar = StjarnorFore(m_slag); kvar > 0 && fil.ReadLine(rad);) {
-        kvar -= rad.starts_with('*') ? 1 : 0;
-    }
+    kvarn::SkipStarLines(fil, StjarnorFore(m_slag));
     int forskjutning = 0;
-    while (fil.ReadLine(rad) && !rad.starts_with('*')) {
+    while (fil.ReadLine(rad) && !kvarn::IsStarLine(rad)) {
         bergmattype post;
         if (!LasMaterial(rad, post)) {
             continue;

@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr char stjarna = '*';
 constexpr int stjarnrader = 2; // that end what is the user's own
 
 // Two numbers of a line, both or none.
@@ -34,7 +33,7 @@ bool LasEgnaRader(char const* path, std::string& rader) {
     }
     std::string_view rad;
     for (int stjarnor = 0; stjarnor < stjarnrader && fil.ReadLine(rad);) {
-        stjarnor += rad.starts_with(stjarna) ? 1 : 0;
+        stjarnor += kvarn::IsStarLine(rad) ? 1 : 0;
         kvarn::AppendTextMode(rader.append(rad), "\n");
     }
     return fil.IsOpen() && !fil.Failed();
@@ -54,7 +53,7 @@ int CVag2::ReadOmr(CProjPath* project) {
     int lage = 0;
     char rad[256];
     while (fil.ReadLine(rad, sizeof rad)) {
-        if (*rad == stjarna) {
+        if (kvarn::IsStarLine(rad)) {
             ++lage;
         } else if (lage == vagnamn) {
             kvarn::CopyText(filnamn, sizeof filnamn, rad);

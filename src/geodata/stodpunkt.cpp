@@ -18,8 +18,6 @@ stdhuvudtype CStodPunkt::m_standardhuvud{};
 
 namespace {
 
-constexpr char stjarna = '*';
-
 void Anmal(std::string const& text) {
     MessageOut(kvarn::ToMessageBuffer(text), kvarn::messageOk, kvarn::messageExclamation, nullptr);
 }
@@ -42,7 +40,9 @@ void LaggOver(stdhuvudtype& huvud, double tal) {
 }
 
 void LasHuvud(stdhuvudtype& huvud, kvarn::TextReader& rader) {
-    auto const harTal = [](std::string_view rad) { return !rad.empty() && rad[0] != stjarna; };
+    auto const harTal = [](std::string_view rad) {
+        return !rad.empty() && !kvarn::IsStarLine(rad);
+    };
     std::string_view rad;
     for (double& varde : huvud.varden) {
         if (rader.ReadLine(rad) && harTal(rad)) {
@@ -91,7 +91,7 @@ CStodPunkt::CStodPunkt(char const* path) : m_huvud(m_standardhuvud), m_gvy(0), m
     kvarn::TextReader rader{std::string_view(text)};
     LasHuvud(m_huvud, rader);
     std::string_view rad;
-    while (rader.ReadLine(rad) && !rad.starts_with(stjarna)) {
+    while (rader.ReadLine(rad) && !kvarn::IsStarLine(rad)) {
         std::string namn(rad);
         OemToAnsiNordic(namn.data());
         if (kvarn::SameText(namn, "gvy")) {

@@ -95,11 +95,8 @@ int kvarn::SkrivJb23(CProjPath const* projekt, CAutoIni const* ini, char const* 
     std::string rader;
     { // closed again before it is replaced
         TextReader fil(path);
-        if (!fil.IsOpen() && !fil.Missing()) {
-            return 0;
-        }
         rader = fil.IsOpen() ? MedVarde(fil, plats, varde) : Nytt(plats, varde);
-        if (fil.Failed()) {
+        if (fil.Failed() || (!fil.IsOpen() && !fil.Missing())) {
             return -1;
         }
     }

@@ -6,8 +6,8 @@
 
 namespace kvarn {
 
-// Writes a key: see CKvarnInst::Jb23WriteKey. -1 when the file could not be read to its end, which
-// then stays as it is; else 0, whatever became of the writing.
+// Writes a key: see CKvarnInst::Jb23WriteKey. -1 when the file exists and could not be opened, or
+// not be read to its end; it then stays as it is. Else 0, whatever became of the writing.
 int SkrivJb23(CProjPath const* projekt, CAutoIni const* ini, char const* nyckel, char const* varde);
 
 } // namespace kvarn

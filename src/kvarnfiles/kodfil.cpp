@@ -1,38 +1,48 @@
 // CKvarnInst: the code file, a header and then a code and a word of text a line.
 #include "../compat/codepage.h"
+#include "../compat/filecopy.h"
 #include "../core/format.h"
 #include "../core/messageout.h"
 #include "../core/scan.h"
 #include "../project/sokordning.h"
+#include "klienttext.h"
 #include "kvarninst.h"
 #include "passfil.h"
 
 namespace {
 
-// Makes the file anew with its old header, which is read from a copy beside it.
+void KanInteSkriva(char const* path) {
+    kvarn::DesktopMessage(kvarn::Format("Kan inte öppna -filen\n%s\n%s\nAvbryter!"_1252, path,
+                                        kvarn::TemporaryOf(path))
+                              .c_str(),
+                          "Skrivning av Kvarnbok - kodfil.dat inställningar"_1252);
+}
+
+// The lines of a file up to the first star line, with it, into the pass.
+bool ForOverRubrik(kvarn::Skrivpass& pass, char const* fran) {
+    kvarn::TextReader fil(fran);
+    std::string_view rad;
+    bool hel = fil.IsOpen();
+    for (bool rubrik = hel; rubrik && fil.ReadLine(rad); rubrik = !kvarn::IsStarLine(rad)) {
+        hel = pass.Skriv(kvarn::Format("%s\n", rad)) && hel;
+    }
+    return hel && !fil.Failed();
+}
+
+// Makes the file anew with its old header, which is read from a copy beside it. Where the header
+// is lost on the way the copy stays: it is all there is of the old file.
 void BorjaKodfil(kvarn::Skrivpass& pass, char const* path) {
-    if (*path == '\0') {
-        pass.Borja(path);
-        return;
-    }
     std::string const tidigare = kvarn::TemporaryOf(path);
-    bool const kopierad = CopyFileA(path, tidigare.c_str(), FALSE) != FALSE;
+    bool const kopierad = kvarn::CopyWhole(path, tidigare.c_str(), true);
     bool const oppnad = pass.Borja(path);
-    if (kopierad) {
-        kvarn::TextReader fil(tidigare.c_str());
-        std::string_view rad;
-        for (bool rubrik = oppnad; rubrik && fil.ReadLine(rad); rubrik = !kvarn::ArStjarnrad(rad)) {
-            pass.Skriv(kvarn::Format("%s\n", rad));
-        }
-    }
-    if (kopierad) {
-        SetFileAttributesA(tidigare.c_str(), FILE_ATTRIBUTE_NORMAL); // a copy is read-only too
+    bool const forlorad = kopierad && oppnad && !ForOverRubrik(pass, tidigare.c_str());
+    if (forlorad) {
+        pass.Avsluta();
+    } else if (kopierad) {
         DeleteFileA(tidigare.c_str());
     }
-    if (!oppnad || !kopierad) {
-        kvarn::DesktopMessage(
-            kvarn::Format("Kan inte öppna -filen\n%s\n%s\nAvbryter!"_1252, path, tidigare).c_str(),
-            "Skrivning av Kvarnbok - kodfil.dat inställningar"_1252);
+    if (!kopierad || !oppnad || forlorad) {
+        KanInteSkriva(path);
     }
 }
 
@@ -44,7 +54,8 @@ int CKvarnInst::KodfilDatRead(char* code, char* text) {
     if (pass.Ledig()) {
         pass.Oppna(kvarn::ForstFunna(m_proj, m_ini, CProjPath::Kodfil),
                    "Läsning av Markvida - kodfil.dat inställningar"_1252);
-        while (pass.NastaRad(rad) && !kvarn::ArStjarnrad(rad)) {
+        if (pass.Fil() != nullptr) {
+            kvarn::SkipStarLines(*pass.Fil(), 1);
         }
     }
     while (pass.NastaRad(rad)) {
@@ -65,15 +76,25 @@ int CKvarnInst::KodfilDatWrite(int mode, char const* code, char const* text) {
     constexpr int sluta = 2;
     constexpr int borjaOchSluta = 3;
     kvarn::Skrivpass pass(m_fil, kvarn::Passlag::kodfil);
+    auto const path = [this] { return kvarn::ForstFunna(m_proj, m_ini, CProjPath::Kodfil); };
     if (mode == borja || mode == borjaOchSluta) {
-        BorjaKodfil(pass, kvarn::ForstFunna(m_proj, m_ini, CProjPath::Kodfil));
+        kvarn::StangPass(m_fil); // before its file is looked for
+        if (CString const fil = path(); !fil.IsEmpty()) {
+            BorjaKodfil(pass, fil);
+        }
     }
+    bool const pagar = pass.Pagar();
+    bool skriven = true;
     if (*kvarn::Text(code) != '\0') {
-        pass.Skriv(kvarn::Format("%s %s\n", code, kvarn::Text(text)));
+        skriven = pass.Skriv(kvarn::Format("%s %s\n", code, kvarn::Text(text)));
     }
     if (mode >= sluta) {
-        pass.Skriv("*\n");
+        skriven = pass.Skriv("*\n") && skriven;
+        skriven = pass.Avsluta() && skriven;
+    }
+    if (pagar && !skriven) { // told once: the pass is over
         pass.Avsluta();
+        KanInteSkriva(path());
     }
     return 0;
 }

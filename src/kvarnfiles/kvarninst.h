@@ -24,19 +24,22 @@ class PassFil;
 // of CKvarnPAR and Jb23ReadKey.
 //
 // PASSES. The code file, the environmental codes, the line codes and the title block are read and
-// written one record a call. An object has at most one file open so: a call that begins to write,
-// or to read another kind of file, first closes the file that is open (without an end line). A
-// call that goes on with a pass that is not under way touches no file: a read on a write pass
-// answers as at the end, a write on a read pass as with no file open. A pass works in the file
-// itself, and each record is in it when the call returns; a write that fails, on a full disk for
-// one, answers -1 where it can.
+// written one record a call. An object has at most one file open so. A call that begins to write
+// first closes whatever file is open (no end line is written), and so does a call that reads, where
+// another kind of file is being read. Any other call that meets a pass which is not its own touches
+// no file: a read answers as at the end, a write as with no file open. A pass works in the file
+// itself, and each record is in it when the call returns; while it writes, no other program or
+// object can write the file. After a write that failed, on a full disk for one, nothing more is
+// written in that pass, and each call answers -1 where it can.
 //
 // Buffers for words and texts hold at least 256 bytes each: what is longer is cut at 255 and a
-// zero. Outputs are written only where that is said, and none may be null.
+// zero. They are written only where that is said. No pointer for a result may be null where that is
+// not said.
 //
 // A file that cannot be opened is told in a message box owned by the desktop, with the exclamation
 // icon: "Kan inte oppna -filen\n%s\nAvbryter lasning!", or "...\nAvbryter!" when it was to be
-// written, with its path and a caption of its own.
+// written, with its path and a caption of its own. (In these headers a quoted text has a and o
+// where the text that users see has letters with dots.)
 //
 // A copy shares the pointers, and a pass that is under way: whoever goes on with it reads or writes
 // its next record, and when it is finished it is for both.
@@ -45,7 +48,8 @@ class KVARNPROG_API CKvarnInst {
     CKvarnInst();
     CKvarnInst(CKvarnInst const&);
     CKvarnInst& operator=(CKvarnInst const&);
-    // A pass that is under way keeps its file open: finish it first.
+    // A pass that is under way keeps its file open, where one that writes keeps other writers out:
+    // finish it first. So too when another object is assigned over it.
     virtual ~CKvarnInst();
 
     // Takes the settings object and the project's paths, which stay the caller's and must outlive
@@ -70,9 +74,9 @@ class KVARNPROG_API CKvarnInst {
     // The same as a double: -9.0 when the text does not begin with a number ("MAX" included).
     double ReadKeyDouble(char const* file, char const* key, int defaultOnly);
 
-    // Writes a key as CKvarnPAR::WriteKey does, with its result, or as Jb23WriteKey, which reports
-    // 0 (-1 only where the file's reading failed on the way). Returns 0, and writes nothing, for
-    // any other file.
+    // Writes a key as CKvarnPAR::WriteKey does, with its result, or as Jb23WriteKey, and reports 0
+    // (-1 only where that file exists and could not be read to its end). Returns 0, and writes
+    // nothing, for any other file.
     int WriteKey(char const* file, CString key, CString value);
 
     // Writes a whole number; -1 as "MAX" when the key contains "SKALA" (in capitals).
@@ -96,8 +100,8 @@ class KVARNPROG_API CKvarnInst {
     // KODFIL.DAT, Stenkod.dat, StenkodN.dat, JB23.PAR and MILJKOD.DAT. "KLIPPBOK.PAR" of the
     // rock-drilling program is kept apart. A file is copied from the CFG directory, else from the
     // main directory; where neither has it a file of lines "*" is made (not for the two Stenkod
-    // files). Nothing is reported, and a file that fails does not stop the others; a copy takes its
-    // name when it is whole.
+    // files). Nothing is reported, and a file that fails does not stop the others. A copy takes its
+    // name when it is whole, has the time of its source, and can be written.
 
     // 1 when the project has settings of its own, whose missing files are then copied as by
     // CreateLokalaFiler(0, 0); else 0, and nothing is done.
@@ -107,12 +111,14 @@ class KVARNPROG_API CKvarnInst {
 
     // Copies what the project does not have; "KVARNBOK.PAR" only when withParFile is not 0. When
     // overwrite is not 0 it replaces LINKOD.PAR, KODFIL.DAT, JB23.PAR and MILJKOD.DAT, never the
-    // others. Returns 0.
+    // others: with the lines "*" too, where neither directory has the file. It then closes a pass
+    // that is under way. Returns 0.
     int CreateLokalaFiler(int overwrite, int withParFile);
     // Copies "KLIPPBOK.PAR" where the project has none, whatever overwrite says. Returns 0.
     int CreateLokalStenFil(int overwrite);
 
-    // Deletes the project's copies; "KLIPPBOK.PAR" is left to the second. They return 0.
+    // Deletes the project's copies, and closes a pass that is under way; "KLIPPBOK.PAR" is left to
+    // the second, which deletes it alone. They return 0.
     int RemoveLokalaFiler();
     int RemoveLokalStenFil();
 
@@ -123,15 +129,15 @@ class KVARNPROG_API CKvarnInst {
     // SPOL, FLODE, HAMMAR, TRYCK, QT, FT and U. Any other key is line 1, its step when it contains
     // "STEG". Callers use ReadKey and WriteKey, which know the defaults.
 
-    // The word, empty where there is none. Caption:
-    // "Lasning av Kvarnbok - jb2/3 installningar" (with a-umlauts).
+    // The word, empty where there is none. Caption: "Lasning av Kvarnbok - jb2/3 installningar".
     CString Jb23ReadKey(CString key);
 
     // Puts the value into its line and keeps the other lines; in a file with fewer lines it appends
     // one, with a 0 for the other word, whichever line the key has. Where no file exists one is
     // made in the CFG directory: with the step 50 for "SJUNKSKALA", empty for any other key. The
     // file is replaced through JB23.tmp beside it; where that cannot be made, or the file not be
-    // read, nothing changes. Returns the value; shows no message.
+    // read, nothing changes. An empty scale leaves the step as the line's first word, which is then
+    // read as the scale. Returns the value; shows no message.
     CString Jb23WriteKey(CString key, CString value);
 
     // --- Code file: KODFIL.DAT -------------------------------------------------------------------
@@ -146,9 +152,10 @@ class KVARNPROG_API CKvarnInst {
     // Writes the file that exists anew: mode 1 carries its header over and writes the record, 0
     // writes a record, 2 a record and the end line "*", then closes the file; 3 is 1 and 2 in one
     // call. (Below 0 as 0, above 3 as 2.) An empty or null code writes no record. Where no file
-    // exists nothing is written. The old file stands as KODFIL.tmp beside it while the header is
-    // carried over; where that fails the header is empty. Caption:
-    // "Skrivning av Kvarnbok - kodfil.dat installningar", with both paths. Returns 0.
+    // exists nothing is written. While the header is carried over the old file stands beside it as
+    // KODFIL.tmp; where that cannot be made the header is empty, and where a write fails it stays
+    // as all there is of the old file. Caption: "Skrivning av Kvarnbok - kodfil.dat installningar",
+    // with both paths, also for a write that fails, which ends the pass. Returns 0.
     int KodfilDatWrite(int mode, char const* code, char const* text);
 
     // --- Environmental codes: MILJKOD.DAT --------------------------------------------------------
@@ -163,8 +170,10 @@ class KVARNPROG_API CKvarnInst {
     // and the file is closed; -1 too where there is no file or no such section, or the file cannot
     // be opened. With max and step the end of the text is read into them and cut off, with the
     // character before it: a step outside 1..100000, or none, is 20, a maximum outside 0..100000
-    // is 100. Without one of them (null) the text is whole. Its DOS letters are converted (and not
-    // back when written). Caption: "Lasning av Kvarnbok - Miljkod.dat installningar".
+    // is 100. "max=" stands before "steg=", in any case, and neither begins the text; what follows
+    // a number goes with it. Without one of them (null) the text is whole. Its DOS letters are
+    // converted (and not back when written). Caption: "Lasning av Kvarnbok - Miljkod.dat
+    // installningar".
     int MiljkodRead(int section, char* code, char* text, int* max, int* step);
 
     // Writes the file that exists anew, in this order: mode 1 begins, with an empty header and an
@@ -176,8 +185,10 @@ class KVARNPROG_API CKvarnInst {
 
     // Adds the codes that programs rely on where they are missing: "X" to section 1, "TOLK" to 2
     // and "FK" to 3. The file is then rewritten in one step, with what MiljkodRead reads of it:
-    // header, section 0 and skipped lines are gone. A file that has all three is not touched, and
-    // one that cannot be read to its end neither. Closes a pass that is under way. Returns 0.
+    // header, section 0 and skipped lines are gone, and a record of section 3 without a text gets
+    // its maximum as one. A file that has all three is not touched, and one that cannot be read to
+    // its end neither. Closes a pass that is under way. Shows the boxes of MiljkodRead, and that of
+    // MiljKodWrite when it cannot be written. Returns 0.
     int MiljkodUppdatX();
 
     // --- Line codes: LINKOD.PAR ------------------------------------------------------------------

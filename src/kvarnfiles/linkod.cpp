@@ -1,8 +1,11 @@
 // CKvarnInst: the line codes, whose free text begins at a column.
+#include <algorithm>
+
 #include "../compat/codepage.h"
 #include "../core/format.h"
 #include "../core/scan.h"
 #include "../project/sokordning.h"
+#include "klienttext.h"
 #include "kvarninst.h"
 #include "oppningsfel.h"
 #include "passfil.h"
@@ -41,7 +44,7 @@ int CKvarnInst::LinkodRead(char* code, char* word, char* text, double* number, i
         return -1;
     }
     std::string_view rad;
-    if (!pass.NastaRad(rad) || kvarn::ArStjarnrad(rad)) {
+    if (!pass.NastaRad(rad) || kvarn::IsStarLine(rad)) {
         pass.Avsluta();
         return 0;
     }

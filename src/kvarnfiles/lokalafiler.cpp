@@ -1,11 +1,13 @@
 // CKvarnInst: a project's own copies of the settings and code files.
 #include <array>
 
+#include "../compat/filecopy.h"
 #include "../compat/filerewrite.h"
 #include "../core/text.h"
 #include "../core/textfil.h"
 #include "../project/sokordning.h"
 #include "kvarninst.h"
+#include "passfil.h"
 
 namespace {
 
@@ -15,6 +17,9 @@ struct Lokalfil {
     bool skrivsOver; // when that is asked for
 };
 
+constexpr char const* stenkod = "Stenkod.dat";
+constexpr char const* stenkodNorsk = "StenkodN.dat";
+
 Lokalfil Parfil(char const* namn) {
     return {namn, "*\n", false};
 }
@@ -22,8 +27,8 @@ Lokalfil Parfil(char const* namn) {
 std::array<Lokalfil, 6> Kodfiler() {
     return {{{CProjPath::Linkod, "*\n", true},
              {CProjPath::Kodfil, "*\n*\n", true},
-             {"Stenkod.dat", nullptr, false},
-             {"StenkodN.dat", nullptr, false},
+             {stenkod, nullptr, false},
+             {stenkodNorsk, nullptr, false},
              {CProjPath::Jb23ParNamn, "*\n", true},
              {CProjPath::Miljkod, "*\n*\n*\n*\n*\n", true}}};
 }
@@ -43,10 +48,6 @@ void Skapa(CProjPath const* projekt, CAutoIni const* ini, Lokalfil const& fil, b
     }
 }
 
-void TaBort(CProjPath const* projekt, char const* namn) {
-    DeleteFileA(kvarn::Projektkopia(projekt, namn));
-}
-
 } // namespace
 
 int CKvarnInst::ProjInst() {
@@ -62,6 +63,9 @@ int CKvarnInst::ProjStenInst() {
 }
 
 int CKvarnInst::CreateLokalaFiler(int overwrite, int withParFile) {
+    if (overwrite != 0) {
+        kvarn::StangPass(m_fil); // its file may be replaced
+    }
     if (withParFile != 0) {
         Skapa(m_proj, m_ini, Parfil(CProjPath::KvarnParNamn), overwrite != 0);
     }
@@ -77,14 +81,16 @@ int CKvarnInst::CreateLokalStenFil(int overwrite) {
 }
 
 int CKvarnInst::RemoveLokalaFiler() {
-    TaBort(m_proj, CProjPath::KvarnParNamn);
-    for (Lokalfil const& fil : Kodfiler()) {
-        TaBort(m_proj, fil.namn);
+    kvarn::StangPass(m_fil); // its file would stay until it is closed
+    for (char const* const namn : std::initializer_list<char const*>{
+             CProjPath::KvarnParNamn, CProjPath::Linkod, CProjPath::Kodfil, CProjPath::Jb23ParNamn,
+             CProjPath::Miljkod, stenkod, stenkodNorsk}) {
+        DeleteFileA(kvarn::Projektkopia(m_proj, namn));
     }
     return 0;
 }
 
 int CKvarnInst::RemoveLokalStenFil() {
-    TaBort(m_proj, CProjPath::StenParNamn);
+    DeleteFileA(kvarn::Projektkopia(m_proj, CProjPath::StenParNamn));
     return 0;
 }

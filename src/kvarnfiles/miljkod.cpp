@@ -1,4 +1,6 @@
 // CKvarnInst: the environmental codes, in three sections.
+#include <climits>
+#include <iterator>
 #include <optional>
 
 #include "../compat/codepage.h"
@@ -7,6 +9,7 @@
 #include "../core/messageout.h"
 #include "../core/scan.h"
 #include "../project/sokordning.h"
+#include "klienttext.h"
 #include "kvarninst.h"
 #include "oppningsfel.h"
 #include "passfil.h"
@@ -14,6 +17,7 @@
 namespace {
 
 constexpr std::size_t langstaKod = 4;
+constexpr int forstaAvsnitt = 1; // with records; section 0 is empty
 constexpr char const* avsnittSlut = "*\n";
 constexpr char const* tomInledning = "*\n*\n"; // header and section 0
 
@@ -25,13 +29,10 @@ struct Miljpost {
 };
 
 // Stands at the start of a section; at the end of a file that has none such.
-void GaTillAvsnitt(kvarn::TextReader& fil, int avsnitt) {
-    std::string_view rad;
-    for (int passerade = 0; fil.ReadLine(rad);) {
-        if (kvarn::ArStjarnrad(rad) && passerade++ == avsnitt) {
-            return;
-        }
-    }
+void TillAvsnitt(kvarn::TextReader& fil, int avsnitt) {
+    constexpr int aldrig = INT_MAX;
+    bool const kan = avsnitt >= 0 && avsnitt < aldrig;
+    kvarn::SkipStarLines(fil, kan ? avsnitt + 1 : aldrig);
 }
 
 // A number that stands last in a text, after its name and "="; where the last letter of the kind
@@ -66,7 +67,7 @@ Miljpost Tolkad(std::string_view kod, std::string_view text, bool medTal) {
 // The next record of the section; none at its end.
 std::optional<Miljpost> NastaPost(kvarn::TextReader& fil, bool medTal) {
     std::string_view rad;
-    while (fil.ReadLine(rad) && !kvarn::ArStjarnrad(rad)) {
+    while (fil.ReadLine(rad) && !kvarn::IsStarLine(rad)) {
         std::string_view kod;
         if (kvarn::Scan(rad, kod) != 1) {
             continue;
@@ -88,40 +89,31 @@ std::string RadMedTal(char const* kod, char const* text, int max, int steg) {
     return kvarn::Format("%s %s max=%d steg=%d\n", kvarn::Text(kod), kvarn::Text(text), max, steg);
 }
 
-// --- Codes that programs rely on
-// ------------------------------------------------------------------
+// --- Codes that programs rely on -----------------------------------------------------------------
 
 struct Avsnitt {
-    int nummer;
     bool medTal;
     Miljpost obligatorisk;
 };
 
 std::string Rad(Avsnitt const& avsnitt, Miljpost const& post) {
     // A code that begins with a star was read after a blank, and would end the section without.
-    std::string const kod = (kvarn::ArStjarnrad(post.kod) ? " " : "") + post.kod;
+    std::string const kod = (kvarn::IsStarLine(post.kod) ? " " : "") + post.kod;
     return avsnitt.medTal ? RadMedTal(kod.c_str(), post.text.c_str(), post.max, post.steg)
                           : Rad(kod.c_str(), post.text.c_str());
 }
 
-struct Uppdatering {
-    std::string rader;
-    bool hel = true;     // all of the file was read
-    bool saknas = false; // something was added
-};
-
-// Appends the lines of a section, with its obligatory code at the end where that was missing.
-void Uppdatera(Uppdatering& uppdatering, kvarn::TextReader& fil, Avsnitt const& avsnitt) {
+// Appends the lines of the section that the file stands at, with its obligatory code at the end
+// where that was missing. True when it was there.
+bool Uppdatera(std::string& rader, kvarn::TextReader& fil, Avsnitt const& avsnitt) {
     bool funnen = false;
-    GaTillAvsnitt(fil, avsnitt.nummer);
     while (auto const post = NastaPost(fil, avsnitt.medTal)) {
         funnen = funnen || post->kod == avsnitt.obligatorisk.kod;
-        uppdatering.rader += Rad(avsnitt, *post);
+        rader += Rad(avsnitt, *post);
     }
-    uppdatering.rader += funnen ? "" : Rad(avsnitt, avsnitt.obligatorisk);
-    uppdatering.rader += avsnittSlut;
-    uppdatering.hel = uppdatering.hel && !fil.Failed();
-    uppdatering.saknas = uppdatering.saknas || !funnen;
+    rader += funnen ? "" : Rad(avsnitt, avsnitt.obligatorisk);
+    rader += avsnittSlut;
+    return funnen;
 }
 
 char const* const lasrubrik = "Läsning av Kvarnbok - Miljkod.dat inställningar"_1252;
@@ -134,7 +126,7 @@ int CKvarnInst::MiljkodRead(int section, char* code, char* text, int* max, int* 
     if (pass.Ledig()) {
         pass.Oppna(kvarn::ForstFunna(m_proj, m_ini, CProjPath::Miljkod), lasrubrik);
         if (pass.Fil() != nullptr) {
-            GaTillAvsnitt(*pass.Fil(), section);
+            TillAvsnitt(*pass.Fil(), section);
         }
     }
     bool const medTal = max != nullptr && step != nullptr;
@@ -180,27 +172,33 @@ int CKvarnInst::MiljKodWrite(int mode, char const* code, char const* text, int m
 }
 
 int CKvarnInst::MiljkodUppdatX() {
-    Avsnitt const alla[] = {{1, false, {"X", "okänd metod, sammanställning"_1252}},
-                            {2, false, {"TOLK", "Tolkad klassificering"}},
-                            {3, true, {"FK", "Föroreningsklass"_1252, 6, 1}}};
+    Avsnitt const alla[] = {{false, {"X", "okänd metod, sammanställning"_1252}},
+                            {false, {"TOLK", "Tolkad klassificering"}},
+                            {true, {"FK", "Föroreningsklass"_1252, 6, 1}}};
     kvarn::StangPass(m_fil);
     CString const path = kvarn::ForstFunna(m_proj, m_ini, CProjPath::Miljkod);
     if (path.IsEmpty()) {
         return 0;
     }
-    Uppdatering uppdatering{.rader = tomInledning};
-    for (Avsnitt const& avsnitt : alla) {
+    std::string rader = tomInledning;
+    { // closed again before it is replaced
         kvarn::TextReader fil(path);
         if (!fil.IsOpen()) {
             kvarn::KanInteLasa(path, lasrubrik);
             return 0;
         }
-        Uppdatera(uppdatering, fil, avsnitt);
+        TillAvsnitt(fil, forstaAvsnitt);
+        int funna = 0;
+        for (Avsnitt const& avsnitt : alla) {
+            funna += Uppdatera(rader, fil, avsnitt) ? 1 : 0;
+        }
+        if (fil.Failed() || funna == std::ssize(alla)) {
+            return 0;
+        }
     }
     std::string innehall;
-    kvarn::AppendTextMode(innehall, uppdatering.rader);
-    if (uppdatering.saknas && uppdatering.hel &&
-        kvarn::RewriteFile(path, innehall) != kvarn::Rewritten::done) {
+    kvarn::AppendTextMode(innehall, rader);
+    if (kvarn::RewriteFile(path, innehall) != kvarn::Rewritten::done) {
         kvarn::KanInteSkriva(path, skrivrubrik);
     }
     return 0;

@@ -2,10 +2,8 @@
 // and which way it goes. What happens to a pass that another call meets is decided here.
 #pragma once
 
-#include <cstddef>
 #include <string_view>
 
-#include "../core/text.h"
 #include "../core/textfil.h"
 
 namespace kvarn {
@@ -62,21 +60,5 @@ class Skrivpass {
     PassFil*& m_plats;
     Passlag m_slag;
 };
-
-// What a caller's buffer holds, with the zero.
-constexpr std::size_t langstaOrd = 256;
-
-inline void Lamna(char* buffert, std::string_view ord) {
-    CopyText(buffert, langstaOrd, ord);
-}
-
-inline bool ArStjarnrad(std::string_view rad) {
-    return rad.starts_with('*');
-}
-
-// A caller's text; null is empty.
-inline char const* Text(char const* text) {
-    return text != nullptr ? text : "";
-}
 
 } // namespace kvarn

@@ -2,6 +2,7 @@
 #include "../compat/codepage.h"
 #include "../core/format.h"
 #include "../core/scan.h"
+#include "klienttext.h"
 #include "kvarninst.h"
 #include "oppningsfel.h"
 #include "passfil.h"
@@ -15,7 +16,7 @@ int CKvarnInst::StampParRead(char const* path, char* word1, char* word2, double*
         return -1;
     }
     std::string_view rad;
-    if (!pass.NastaRad(rad) || kvarn::ArStjarnrad(rad)) {
+    if (!pass.NastaRad(rad) || kvarn::IsStarLine(rad)) {
         pass.Avsluta();
         return 0;
     }

@@ -22,7 +22,7 @@ CString Gemensam(CAutoIni const* ini, char const* namn) {
     if (ini != nullptr) {
         for (CString const& katalog : {ini->m_cfgKat, ini->m_huvudKat}) {
             CString path = PathOf(katalog.GetString(), namn).c_str();
-            if (FileExists(path)) {
+            if (!katalog.IsEmpty() && FileExists(path)) {
                 return path;
             }
         }

@@ -8,7 +8,7 @@
 namespace kvarn {
 
 // The path of the file: the project's own where it exists, else the copy of that name in one of the
-// two directories. Empty when none exists. An empty project path and a null settings object name
+// two directories. Empty when none exists. An empty folder or path and a null settings object name
 // nothing.
 CString ForstFunna(CString const& projektfil, CAutoIni const* ini, char const* namn);
 CString ForstFunna(CProjPath const* projekt, CAutoIni const* ini, char const* namn);

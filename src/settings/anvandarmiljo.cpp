@@ -1,6 +1,7 @@
 #include "anvandarmiljo.h"
 
 #include "../compat/codepage.h"
+#include "../compat/filecopy.h"
 #include "../compat/shell.h"
 #include "../core/format.h"
 #include "../core/messageout.h"
@@ -11,7 +12,7 @@ namespace kvarn {
 namespace {
 
 void KopieraEn(std::string const& fran, std::string const& till) {
-    if (CopyFileA(fran.c_str(), till.c_str(), FALSE) == FALSE) {
+    if (!CopyWhole(fran.c_str(), till.c_str(), true)) {
         Varna(Format("Kunde inte kopiera filen:\n%s\ntill:\n%s", fran, till));
     }
 }

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "../compat/filecopy.h"
 #include "../core/registry.h"
 #include "../core/text.h"
 #include "autoini.h"
@@ -74,7 +75,7 @@ void KopieraNyare(std::string const& fran, std::string const& till) {
     std::optional<std::uint64_t> const kalla = Andrad(fran);
     std::optional<std::uint64_t> const mal = Andrad(till);
     if (kalla && (!mal || *kalla > *mal)) {
-        CopyFileA(fran.c_str(), till.c_str(), FALSE);
+        kvarn::CopyWhole(fran.c_str(), till.c_str(), true);
     }
 }
 

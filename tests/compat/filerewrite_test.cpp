@@ -1,9 +1,11 @@
 #include "compat/filerewrite.h"
 
+#include <chrono>
 #include <cstdlib>
 
 #include <gtest/gtest.h>
 
+#include "compat/filecopy.h"
 #include "compat/host.h"
 #include "support/child.h"
 #include "support/testfiles.h"
@@ -88,7 +90,41 @@ TEST_F(FileRewriteProcesses, AKillLeavesOneContentWhole) {
     EXPECT_TRUE(IsWhole(m_folder.Read("fil")));
 }
 
+TEST(FileCopy, KeepsTheTimeAndReplacesWhenAsked) {
+    TestFolder const folder;
+    folder.Write("fran", "ny");
+    folder.Write("till", "gammal");
+    auto const time = std::filesystem::last_write_time(folder / "fran") - std::chrono::hours(5000);
+    std::filesystem::last_write_time(folder / "fran", time);
+    EXPECT_FALSE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("till").c_str(), false));
+    EXPECT_EQ(folder.Read("till"), "gammal");
+    EXPECT_TRUE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("till").c_str(), true));
+    EXPECT_TRUE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("ny").c_str(), false));
+    for (char const* const copy : {"till", "ny"}) {
+        EXPECT_EQ(folder.Read(copy), "ny");
+        auto const off = std::filesystem::last_write_time(folder / copy) - time;
+        EXPECT_LT(std::chrono::abs(off), std::chrono::seconds(1));
+    }
+    EXPECT_FALSE(kvarn::CopyWhole(folder.Api("saknas").c_str(), folder.Api("ny").c_str(), true));
+    EXPECT_FALSE(kvarn::CopyWhole(folder.Api().c_str(), folder.Api("ny").c_str(), true));
+    EXPECT_EQ(folder.Read("ny"), "ny");
+    EXPECT_EQ(folder.Names().size(), 3U);
+}
+
 #if defined(_WIN32)
+
+TEST(FileCopy, ReplacesAFileThatIsHeldOpen) {
+    TestFolder const folder;
+    folder.Write("fran", "ny");
+    folder.Write("till", "gammal");
+    HANDLE const reader =
+        CreateFileA(folder.Api("till").c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(reader, INVALID_HANDLE_VALUE);
+    EXPECT_TRUE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("till").c_str(), true));
+    CloseHandle(reader);
+    EXPECT_EQ(folder.Read("till"), "ny");
+}
 
 TEST(FileRewrite, AFileThatIsHeldOpenForReadingIsWrittenInPlace) {
     TestFolder const folder;

@@ -78,6 +78,9 @@ TEST_F(Jb23Test, ANewFileIsMadeInTheCfgFolder) {
     Write("JB23.PAR", "4 5\n");
     EXPECT_EQ(m_inst.Jb23ReadKey("SJUNKSTEG"), "5");
     CKvarnInst utanIni;
+    CAutoIni utanKatalog;
+    utanIni.Init(&utanKatalog, nullptr);
+    EXPECT_EQ(utanIni.Jb23WriteKey("SJUNKSKALA", "1"), "1");
     utanIni.Init(nullptr, nullptr);
     EXPECT_EQ(utanIni.Jb23WriteKey("SJUNKSKALA", "1"), "1");
     EXPECT_EQ(utanIni.Jb23ReadKey("SJUNKSKALA"), "");
@@ -92,7 +95,8 @@ TEST_F(Jb23Test, WhatCannotBeOpenedStays) {
     EXPECT_TRUE(Boxes::Shown().empty());
     std::filesystem::remove(m_folder / "projekt/JB23.PAR");
     Block("JB23.PAR");
-    EXPECT_EQ(m_inst.WriteKey("JB23.PAR", "SJUNKSKALA", "9"), 0);
+    EXPECT_EQ(m_inst.WriteKey("JB23.PAR", "SJUNKSKALA", "9"), -1);
+    EXPECT_EQ(m_inst.Jb23WriteKey("SJUNKSKALA", "9"), "9");
     EXPECT_TRUE(Boxes::Shown().empty());
     EXPECT_EQ(m_inst.ReadKey("JB23.PAR", "SJUNKSKALA"), "100");
     ExpectBox("Kan inte öppna -filen\n"_1252 + Api("JB23.PAR") + "\nAvbryter läsning!"_1252,

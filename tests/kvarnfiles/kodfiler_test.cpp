@@ -112,6 +112,7 @@ TEST_F(KodfilerTest, KodfilReads) {
 }
 
 TEST_F(KodfilerTest, KodfilIsWrittenWithItsHeader) {
+    Write("KODFIL.tmp", "en annans rubrik\n*\n"); // of a program that was killed
     Write("KODFIL.DAT", "; kontorets\n; koder\n*   \nGAMMAL kod\n*\n");
     EXPECT_EQ(m_inst.KodfilDatWrite(1, "K1", "Lera"), 0);
     EXPECT_EQ(m_inst.KodfilDatWrite(0, "K2", "Sand"), 0);
@@ -233,6 +234,10 @@ TEST_F(KodfilerTest, TheObligatoryCodesAreAddedOnce) {
                              "K gräns max=3 steg=20\r\n"_1252 +
                              "FK Föroreningsklass max=6 steg=1\r\n*\r\n"_1252;
     EXPECT_EQ(Read("MILJKOD.DAT"), once);
+
+    Write("MILJKOD.DAT", "*\n*\nx liten\n*\nTOLK\n*\nFK\n*\n"); // codes are exact
+    EXPECT_EQ(m_inst.MiljkodUppdatX(), 0);
+    EXPECT_EQ(Read("MILJKOD.DAT").find("x liten\r\nX ok"), 6U);
 
     std::string const all = "h\n*\n*\nX\n*\nTOLK\n*\nFK\n*\nsvans"; // untouched, byte for byte
     Write("MILJKOD.DAT", all);

@@ -1,4 +1,9 @@
 // What becomes of a pass that another call meets, that fails, or that is left unfinished.
+#if !defined(_WIN32)
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
 #include "compat/codepage.h"
 #include "support/projekt.h"
 
@@ -106,6 +111,13 @@ TEST_F(PassTest, ABeginClosesWhateverIsOpen) {
 
 TEST_F(PassTest, CopiesShareAPassAndItsEnd) {
     CKvarnInst other(m_inst);
+    EXPECT_EQ(ReadKodfil(m_inst), 0);
+    CKvarnInst copy(m_inst);
+    EXPECT_EQ(ReadKodfil(copy), 0);
+    EXPECT_STREQ(m_kod, "K2");
+    EXPECT_EQ(ReadLinkod(copy), 1); // ends it for both
+    EXPECT_EQ(ReadLinkod(copy), 1);
+    EXPECT_EQ(ReadLinkod(copy), 0);
     {
         CKvarnInst shortLived;
         EXPECT_EQ(ReadKodfil(m_inst), 0);
@@ -125,6 +137,38 @@ TEST_F(PassTest, CopiesShareAPassAndItsEnd) {
     EXPECT_EQ(WriteLinkod(5), 0);
     EXPECT_EQ(other.LinkodWrite(2, "N", "N", "1", "", ""), -1);
     EXPECT_EQ(Read("LINKOD.PAR"), "*\r\n");
+}
+
+TEST_F(PassTest, APassThatNobodyHoldsKeepsItsFile) {
+    Boxes const boxes;
+    static kvarn::PassFil* kept = nullptr; // for the leak checker: it is meant to stay
+    {
+        CKvarnInst gone(m_inst);
+        EXPECT_EQ(gone.LinkodWrite(1, "", "", "", "", ""), 0);
+        kept = gone.m_fil;
+    }
+    EXPECT_EQ(WriteLinkod(1), 0);
+    EXPECT_EQ(Boxes::Shown().size(), 1U);
+    EXPECT_EQ(WriteLinkod(2), -1);
+    m_inst.m_fil = kept; // and ends it
+    EXPECT_EQ(WriteLinkod(5), 0);
+    EXPECT_EQ(Read("LINKOD.PAR"), "*\r\n");
+}
+
+TEST_F(PassTest, LocalCopiesEndAPassOnTheirFiles) {
+    m_folder.Write("cfg/LINKOD.PAR", "delad\n");
+    EXPECT_EQ(WriteLinkod(1), 0);
+    EXPECT_EQ(m_inst.CreateLokalaFiler(0, 0), 0); // there is one: nothing happens
+    EXPECT_EQ(WriteLinkod(2), 0);
+    EXPECT_EQ(m_inst.CreateLokalaFiler(1, 0), 0);
+    EXPECT_EQ(WriteLinkod(2), -1);
+    EXPECT_EQ(Read("LINKOD.PAR"), "delad\n");
+    Write("KODFIL.DAT", kodfil);
+    EXPECT_EQ(ReadKodfil(m_inst), 0);
+    EXPECT_EQ(m_inst.RemoveLokalaFiler(), 0);
+    EXPECT_EQ(m_inst.CreateLokalaFiler(0, 0), 0);
+    EXPECT_EQ(ReadKodfil(m_inst), -1); // the placeholder
+    EXPECT_EQ(Read("KODFIL.DAT"), "*\r\n*\r\n");
 }
 
 TEST_F(PassTest, AFileThatCannotBeOpenedIsToldInItsOwnWords) {
@@ -194,7 +238,54 @@ TEST_F(PassTest, AWriteThatFailsIsTold) {
     EXPECT_EQ(m_inst.m_fil, nullptr);
 }
 
+// No file can grow beyond a size, as on a full disk.
+class FullDisk {
+  public:
+    explicit FullDisk(rlim_t size) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        rlimit const now = {size, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &now);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
+    FullDisk(FullDisk const&) = delete;
+    FullDisk& operator=(FullDisk const&) = delete;
+
+  private:
+    rlimit m_before{};
+};
+
+TEST_F(PassTest, AFullDiskIsToldOnceAndKeepsTheOldCodeFile) {
+    std::string old;
+    while (old.size() < 4096) {
+        old += "rubrik\n"; // grows by its CRs
+    }
+    old += "*\nK1 A\n";
+    Write("KODFIL.DAT", old);
+    Boxes const boxes;
+    {
+        FullDisk const full(old.size());
+        EXPECT_EQ(WriteKodfil(1), 0);
+        EXPECT_EQ(WriteKodfil(0), 0);
+        EXPECT_EQ(WriteKodfil(2), 0);
+    }
+    EXPECT_EQ(Boxes::Shown().size(), 1U);
+    EXPECT_EQ(Read("KODFIL.tmp"), old);
+
+    Write("KODFIL.DAT", "*\n"); // and in the middle of the records
+    Boxes::Shown().clear();
+    EXPECT_EQ(WriteKodfil(1), 0);
+    {
+        FullDisk const full(16);
+        EXPECT_EQ(WriteKodfil(0), 0);
+    }
+    EXPECT_EQ(WriteKodfil(2), 0); // the pass is over
+    EXPECT_EQ(Boxes::Shown().size(), 1U);
+    EXPECT_EQ(Read("KODFIL.DAT"), "*\r\nNY kod\r\nNY ko");
+}
+
 TEST_F(PassTest, AFileThatCannotBeReadToItsEndIsNotRewritten) {
+    Boxes const boxes;
     std::filesystem::remove(m_folder / "projekt/MILJKOD.DAT");
     std::filesystem::create_symlink("/proc/self/mem", m_folder / "projekt/MILJKOD.DAT");
     std::filesystem::create_symlink("/proc/self/mem", m_folder / "projekt/JB23.PAR");
@@ -202,6 +293,7 @@ TEST_F(PassTest, AFileThatCannotBeReadToItsEndIsNotRewritten) {
     EXPECT_EQ(m_inst.WriteKey("JB23.PAR", "HASTSKALA", "1"), -1);
     EXPECT_EQ(m_inst.Jb23WriteKey("HASTSKALA", "1"), "1");
     EXPECT_TRUE(std::filesystem::is_symlink(m_folder / "projekt/JB23.PAR"));
+    EXPECT_TRUE(Boxes::Shown().empty()); // no write was tried
 }
 
 #endif

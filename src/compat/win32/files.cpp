@@ -139,8 +139,10 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*,
         lastError = ERROR_ACCESS_DENIED;
         return INVALID_HANDLE_VALUE;
     }
-    bool const oneWriter = (access & GENERIC_WRITE) != 0 && (share & FILE_SHARE_WRITE) == 0;
-    if (oneWriter && flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+    // Writers lock each other out, but for those that all share.
+    bool const writes = (access & GENERIC_WRITE) != 0;
+    int const lock = (share & FILE_SHARE_WRITE) == 0 ? LOCK_EX : LOCK_SH;
+    if (writes && flock(descriptor, lock | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
         close(descriptor);
         lastError = ERROR_SHARING_VIOLATION;
         return INVALID_HANDLE_VALUE;

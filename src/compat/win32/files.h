@@ -35,8 +35,8 @@ struct LARGE_INTEGER {
 struct OVERLAPPED;
 struct SECURITY_ATTRIBUTES;
 
-// Of the share modes one is kept: without FILE_SHARE_WRITE a writer keeps out others that ask for
-// the same. A folder cannot be opened, and neither can a pipe.
+// Of the share modes one is kept: without FILE_SHARE_WRITE a writer keeps out other writers. A
+// folder cannot be opened, and neither can a pipe.
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
                    DWORD disposition, DWORD attributes, HANDLE templateFile);
 BOOL ReadFile(HANDLE file, void* buffer, DWORD size, DWORD* read, OVERLAPPED* overlapped);
@@ -51,9 +51,6 @@ DWORD GetFileType(HANDLE file);
 DWORD GetFinalPathNameByHandleA(HANDLE file, LPSTR path, DWORD size, DWORD flags);
 
 DWORD GetFileAttributesA(LPCSTR path);
-
-// The copy takes the target's place in one step, with the source's time of change.
-BOOL CopyFileA(LPCSTR from, LPCSTR to, BOOL failIfExists);
 // Changes nothing: read-only is a matter of the mode, the others have no counterpart.
 BOOL SetFileAttributesA(LPCSTR path, DWORD attributes);
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES* security);

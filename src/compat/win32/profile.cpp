@@ -8,10 +8,10 @@
 #include <string_view>
 
 #include "../filerewrite.h"
+#include "../wholefile.h"
 #include "files.h"
 #include "initext.h"
 #include "paths.h"
-#include "wholefile.h"
 
 namespace {
 

@@ -9,11 +9,11 @@
 #include <string>
 
 #include "../filerewrite.h"
+#include "../wholefile.h"
 #include "files.h"
 #include "paths.h"
 #include "process.h"
 #include "regstore.h"
-#include "wholefile.h"
 
 struct HKEY__ {
     std::u16string path;

@@ -223,6 +223,13 @@ BOOL GetFileAttributesExA(LPCSTR path, GET_FILEEX_INFO_LEVELS, void* data) {
     return TRUE;
 }
 
+BOOL SetFileTime(HANDLE file, FILETIME const*, FILETIME const*, FILETIME const* written) {
+    std::int64_t const ticks = Ticks(*written);
+    timespec const times[] = {
+        {0, UTIME_OMIT}, {ticks / ticksPerSecond - from1601To1970, ticks % ticksPerSecond * 100}};
+    return futimens(kvarn::Descriptor(file), times) == 0 ? TRUE : FALSE;
+}
+
 BOOL FileTimeToLocalFileTime(FILETIME const* time, FILETIME* local) {
     std::time_t const now = std::time(nullptr);
     std::tm calendar{};

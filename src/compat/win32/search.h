@@ -53,6 +53,9 @@ struct WIN32_FILE_ATTRIBUTE_DATA {
 BOOL GetFileAttributesExA(LPCSTR path, GET_FILEEX_INFO_LEVELS level, void* data);
 
 // By the zone's present distance from UTC, summer or winter, whatever the time, as Windows does.
+// Of a file that is open for writing: the time of its last change, the others are not looked at.
+BOOL SetFileTime(HANDLE file, FILETIME const* created, FILETIME const* accessed,
+                 FILETIME const* written);
 BOOL FileTimeToLocalFileTime(FILETIME const* time, FILETIME* local);
 BOOL FileTimeToSystemTime(FILETIME const* time, SYSTEMTIME* calendar);
 

@@ -1,4 +1,4 @@
-// A file's whole content, for the stand-ins that keep settings in text files.
+// A file's whole content.
 #pragma once
 
 #include <optional>
