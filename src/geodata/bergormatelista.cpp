@@ -75,6 +75,51 @@ bool LasMaterial(std::string_view rad, bergmattype& post) {
     return antal >= 2;
 }
 
+// The first entry with the number becomes current; false when there is none.
+bool GaTill(CBergOrMateLista& lista, int nr) {
+    bool finns = lista.Home() == 0;
+    while (finns && lista.Get_aktel()->nr != nr) {
+        finns = lista++ != nullptr;
+    }
+    return finns;
+}
+
+// A line of the file into the entry that it has the number of; its name counts from the built-in
+// entries' count on.
+void TaOver(bergmattype& post, bergmattype const& rad, bool medNamn) {
+    bergmattype const tidigare = post;
+    post = rad;
+    post.nr = tidigare.nr;
+    post.monster = tidigare.monster;
+    post.flagga = tidigare.flagga;
+    if (!medNamn) {
+        std::copy(std::begin(tidigare.namn), std::end(tidigare.namn), post.namn);
+    }
+}
+
+void LasAvsnitt(CBergOrMateLista& lista, char const* path, int inbyggda) {
+    constexpr int norskExtra = 31; // a number that the Norwegian table does not have
+    kvarn::TextReader fil(path);
+    kvarn::SkipStarLines(fil, StjarnorFore(lista.m_slag));
+    int forskjutning = 0;
+    std::string_view rad;
+    while (fil.ReadLine(rad) && !kvarn::IsStarLine(rad)) {
+        bergmattype post;
+        if (!LasMaterial(rad, post)) {
+            continue;
+        }
+        bool const extra = lista.m_norsk == norska && post.nr == norskExtra &&
+                           kvarn::FieldText(post.namn).starts_with("Ikke");
+        if (extra) {
+            forskjutning = 1;
+        } else if (post.nr >= 0 && GaTill(lista, post.nr - forskjutning)) {
+            TaOver(*lista.Get_aktel(), post, post.nr >= inbyggda);
+        } else {
+            lista.Ny(1, &post);
+        }
+    }
+}
+
 std::string Kortform(bergmattype const& post) {
     return kvarn::Format("%d %s\n", post.nr, kvarn::FieldText(post.namn));
 }
@@ -130,44 +175,9 @@ int CBergOrMateLista::Init() {
     }
     CString const path = HarAvsnitt(m_slag) ? Stenkodfil(*this) : CString();
     if (!path.IsEmpty()) {
-        LasAvsnitt(path, static_cast<int>(tabell.size()));
+        LasAvsnitt(*this, path, static_cast<int>(tabell.size()));
     }
     return 0;
-}
-
-void CBergOrMateLista::LasAvsnitt(char const* path, int inbyggda) {
-    constexpr int norskExtra = 31; // a number that the Norwegian table does not have
-    kvarn::TextReader fil(path);
-    std::string_view rad;
-    kvarn::SkipStarLines(fil, StjarnorFore(m_slag));
-    int forskjutning = 0;
-    while (fil.ReadLine(rad) && !kvarn::IsStarLine(rad)) {
-        bergmattype post;
-        if (!LasMaterial(rad, post)) {
-            continue;
-        }
-        if (m_norsk == norska && post.nr == norskExtra &&
-            kvarn::FieldText(post.namn).starts_with("Ikke")) {
-            forskjutning = 1;
-        } else if (post.nr < 0 || !GaTill(post.nr - forskjutning)) {
-            Ny(1, &post);
-        } else {
-            m_aktpost->skala = post.skala;
-            m_aktpost->vinkel = post.vinkel;
-            std::copy(std::begin(post.text), std::end(post.text), m_aktpost->text);
-            if (post.nr >= inbyggda) {
-                std::copy(std::begin(post.namn), std::end(post.namn), m_aktpost->namn);
-            }
-        }
-    }
-}
-
-bool CBergOrMateLista::GaTill(int nr) {
-    bool finns = Home() == 0;
-    while (finns && m_aktpost->nr != nr) {
-        finns = (*this)++ != nullptr;
-    }
-    return finns;
 }
 
 int CBergOrMateLista::Save(CBergOrMateLista* other) {
@@ -186,8 +196,8 @@ int CBergOrMateLista::Save(CBergOrMateLista* other) {
 }
 
 CString CBergOrMateLista::Find(int nr) {
-    return GaTill(nr) ? CString(std::string(kvarn::FieldText(m_aktpost->namn)).c_str())
-                      : CString("??");
+    return GaTill(*this, nr) ? CString(std::string(kvarn::FieldText(m_aktpost->namn)).c_str())
+                             : CString("??");
 }
 
 int CBergOrMateLista::FindNr(CString& name) {

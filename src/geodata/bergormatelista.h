@@ -77,8 +77,4 @@ class KVARNPROG_API CBergOrMateLista : public list0<bergmattype> {
     std::int32_t m_norsk;
     CAutoIni* m_ini;   // not owned
     CProjPath* m_proj; // not owned
-
-  private:
-    void LasAvsnitt(char const* path, int inbyggda);
-    bool GaTill(int nr);
 };

@@ -25,6 +25,13 @@
 #define AFX_IDS_APP_TITLE 0xE000
 #endif
 
+// There are no message maps without MFC: nothing is dispatched.
+#if !defined(DECLARE_MESSAGE_MAP)
+#define DECLARE_MESSAGE_MAP()
+#define BEGIN_MESSAGE_MAP(theClass, baseClass)
+#define END_MESSAGE_MAP()
+#endif
+
 // A window that the client made. The object does not own the handle.
 class KVARNPROG_API CWnd {
   public:
@@ -85,6 +92,11 @@ class KVARNPROG_API CWinApp : public CWinThread {
     // Heap texts (malloc), owned by the object.
     char const* m_pszAppName = nullptr;
     char const* m_pszProfileName = nullptr;
+
+  protected:
+    // The library's own object, which is not the application.
+    enum LibraryObject { libraryObject };
+    explicit CWinApp(LibraryObject) {}
 };
 
 // The client's application object and its thread, or null.
