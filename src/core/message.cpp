@@ -108,6 +108,14 @@ void DesktopMessage(char const* text, char const* caption) {
     Message(Box::desktop, nullptr, text, caption, messageOk | messageExclamation);
 }
 
+std::string ResourceText(HINSTANCE module, unsigned id) {
+    char text[255] = "";
+    if (module != nullptr) {
+        LoadStringA(module, id, text, sizeof text);
+    }
+    return text;
+}
+
 void SetLastMessage(std::string_view text) {
     CopyText(lastMessage, sizeof lastMessage, text);
 }

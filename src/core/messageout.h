@@ -2,6 +2,7 @@
 // use message.h.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "../compat/host.h"
@@ -28,6 +29,9 @@ constexpr unsigned messageExclamation = 48; // MB_ICONEXCLAMATION
 // A box that quotes its caption: owned by the desktop whatever main window there is, with the OK
 // button and the exclamation icon.
 void DesktopMessage(char const* text, char const* caption);
+
+// A string resource, cut at 254 characters; empty without a module, and where it has none.
+std::string ResourceText(HINSTANCE module, unsigned id);
 
 // Keeps the text that LastMessage returns.
 void SetLastMessage(std::string_view text);

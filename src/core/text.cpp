@@ -157,14 +157,6 @@ void CopyText(char* buffer, std::size_t size, std::string_view text) {
     buffer[length] = '\0';
 }
 
-std::string ResourceText(HINSTANCE module, unsigned id) {
-    char text[255] = "";
-    if (module != nullptr) {
-        LoadStringA(module, id, text, sizeof text);
-    }
-    return text;
-}
-
 bool FileExists(char const* path) {
     return GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES;
 }

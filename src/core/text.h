@@ -62,9 +62,6 @@ template <std::size_t N> std::string_view FieldText(char const (&field)[N]) {
     return all.substr(0, all.find('\0'));
 }
 
-// A string resource, cut at 254 characters; empty without a module, and where it has none.
-std::string ResourceText(HINSTANCE module, unsigned id);
-
 bool FileExists(char const* path); // a folder too
 
 // Makes a folder, whose parent must exist. True also for one that is there, or that another program

@@ -1,5 +1,6 @@
 #include "projektstatus.h"
 
+#include "../core/messageout.h"
 #include "../core/text.h"
 
 template class KVARNPROG_LIST_DEFINE list0<projektstatustype>;
