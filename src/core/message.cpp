@@ -8,12 +8,11 @@
 namespace {
 
 constexpr unsigned toForeground = 65536; // MB_SETFOREGROUND
-constexpr std::size_t bufferSize = 2048;
 
 CStatusBar* statusBar = nullptr;
 MessageBoxHandler boxHandler = nullptr;
-char messageBuffer[bufferSize];
-char lastMessage[bufferSize];
+char messageBuffer[kvarn::messageBufferSize];
+char lastMessage[kvarn::messageBufferSize];
 
 // The client's main window while it is alive.
 CWnd* MainWindow() {
@@ -114,6 +113,10 @@ std::string ResourceText(HINSTANCE module, unsigned id) {
         LoadStringA(module, id, text, sizeof text);
     }
     return text;
+}
+
+void Notify(std::string_view text) {
+    MessageOut(ToMessageBuffer(text), messageOk, messageExclamation, nullptr);
 }
 
 void SetLastMessage(std::string_view text) {

@@ -36,6 +36,11 @@ std::string ResourceText(HINSTANCE module, unsigned id);
 // Keeps the text that LastMessage returns.
 void SetLastMessage(std::string_view text);
 
+constexpr std::size_t messageBufferSize = 2048;
+
+// Tells the user with the exclamation icon and the OK button, through the shared message buffer.
+void Notify(std::string_view text);
+
 // Puts a text into the shared message buffer, cut to fit, and returns the buffer.
 char const* ToMessageBuffer(std::string_view text);
 

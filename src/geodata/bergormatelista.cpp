@@ -1,5 +1,6 @@
 #include "bergormatelista.h"
 
+#include <algorithm>
 #include <iterator>
 #include <span>
 
@@ -84,22 +85,21 @@ bool GaTill(CBergOrMateLista& lista, int nr) {
     return finns;
 }
 
-// A line of the file into the entry that it has the number of; its name counts from the built-in
-// entries' count on.
+// A line of the file into the entry that has its number.
 void TaOver(bergmattype& post, bergmattype const& rad, bool medNamn) {
-    bergmattype const tidigare = post;
-    post = rad;
-    post.nr = tidigare.nr;
-    post.monster = tidigare.monster;
-    post.flagga = tidigare.flagga;
-    if (!medNamn) {
-        std::copy(std::begin(tidigare.namn), std::end(tidigare.namn), post.namn);
+    post.skala = rad.skala;
+    post.vinkel = rad.vinkel;
+    kvarn::CopyText(post.text, sizeof post.text, rad.text);
+    if (medNamn) {
+        kvarn::CopyText(post.namn, sizeof post.namn, rad.namn);
     }
 }
 
-void LasAvsnitt(CBergOrMateLista& lista, char const* path, int inbyggda) {
+// The lines of the list's section; inbyggda is the built-in entries' count, from which on a name
+// counts too.
+void LasAvsnitt(CBergOrMateLista& lista, std::string_view text, int inbyggda) {
     constexpr int norskExtra = 31; // a number that the Norwegian table does not have
-    kvarn::TextReader fil(path);
+    kvarn::TextReader fil(text);
     kvarn::SkipStarLines(fil, StjarnorFore(lista.m_slag));
     int forskjutning = 0;
     std::string_view rad;
@@ -141,8 +141,7 @@ template <class Skriv> std::string Avsnitt(CBergOrMateLista* lista, Skriv skriv)
     return rader + "*\n";
 }
 
-// The text up to and with so many lines that begin with a star; all of it where it has fewer. Its
-// last line is ended.
+// The text up to and with so many lines that begin with a star, which are added where it has fewer.
 std::string TillAvsnitt(std::string text, int stjarnor) {
     std::size_t slut = 0;
     while (stjarnor > 0 && slut < text.size()) {
@@ -151,7 +150,13 @@ std::string TillAvsnitt(std::string text, int stjarnor) {
         slut = radslut == std::string::npos ? text.size() : radslut + 1;
     }
     text.resize(slut);
-    return text.empty() || text.ends_with('\n') ? text : text + "\r\n";
+    if (!text.empty() && !text.ends_with('\n')) {
+        text += "\r\n";
+    }
+    for (; stjarnor > 0; --stjarnor) {
+        text += "*\r\n";
+    }
+    return text;
 }
 
 } // namespace
@@ -174,8 +179,9 @@ int CBergOrMateLista::Init() {
         lagg(i + 1, tabell[i]);
     }
     CString const path = HarAvsnitt(m_slag) ? Stenkodfil(*this) : CString();
-    if (!path.IsEmpty()) {
-        LasAvsnitt(*this, path, static_cast<int>(tabell.size()));
+    std::string text;
+    if (!path.IsEmpty() && kvarn::LasDatafil(path, text, m_ejLast)) {
+        LasAvsnitt(*this, text, static_cast<int>(tabell.size()));
     }
     return 0;
 }
@@ -186,13 +192,13 @@ int CBergOrMateLista::Save(CBergOrMateLista* other) {
         return -1;
     }
     std::string text;
-    CString ejLast;
-    if (!kvarn::LasDatafil(path, text, ejLast)) {
+    CString ejLastNu;
+    if (!kvarn::LasDatafil(path, text, ejLastNu)) {
         return -2;
     }
     text = TillAvsnitt(std::move(text), StjarnorFore(m_slag));
     kvarn::AppendTextMode(text, Avsnitt(this, Rad) + Avsnitt(other, Kortform));
-    return kvarn::RewriteFile(path, text) == kvarn::Rewritten::done ? 0 : -2;
+    return kvarn::SkrivDatafil(path, text, m_ejLast) == kvarn::Rewritten::done ? 0 : -2;
 }
 
 CString CBergOrMateLista::Find(int nr) {

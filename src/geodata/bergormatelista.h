@@ -45,17 +45,19 @@ class KVARNPROG_API CBergOrMateLista : public list0<bergmattype> {
     // Norwegian lists a line of number 31 that begins with "Ikke" is skipped, and from there on the
     // file's numbers are one higher than the list's. Called twice it appends all again.
     //
-    // Returns 0, also without a file and for one that cannot be opened. Throws ListFel when memory
-    // is out.
+    // Returns 0, also without a file and for one that cannot be read, of which nothing is taken.
+    // Throws ListFel when memory is out.
     int Init();
 
     // Writes this list into its section of the file that exists, then other's numbers and names as
     // the next section (null: an empty one), and drops all that followed. Where the section is
-    // missing it is added at the end. Angles are written as they are held, in radians, and read
-    // again as degrees: meant so. The file holds the old content or the new, never a half.
+    // missing it is added at the end, with the lines "*" that are missing before it. Angles are
+    // written as they are held, in radians, and read again as degrees: meant so. The file holds the
+    // old content or the new, never a half.
     //
     // Returns 0; -1 where there is no file, and for soil, which has no section; -2 when it cannot
-    // be opened, not be read to its end or not be written. Moves the current element of both.
+    // be opened, not be read to its end (now, or when Init read it) or not be written. Moves the
+    // current element of both.
     int Save(CBergOrMateLista* other);
 
     // The name of the first entry with the number; "??" when there is none.
@@ -77,4 +79,7 @@ class KVARNPROG_API CBergOrMateLista : public list0<bergmattype> {
     std::int32_t m_norsk;
     CAutoIni* m_ini;   // not owned
     CProjPath* m_proj; // not owned
+
+  private:
+    CString m_ejLast; // a file that is there and could not be opened or not be read to its end
 };

@@ -13,7 +13,8 @@ namespace kvarn {
 // its path where it exists, otherwise empty.
 bool LasDatafil(char const* path, std::string& text, CString& ejLast);
 
-// Rewrites the file; but not the one that could not be read, which cannot be opened.
+// Rewrites the file; but not the one that could not be read, which cannot be opened while it is
+// there.
 Rewritten SkrivDatafil(char const* path, std::string_view text, CString const& ejLast);
 
 } // namespace kvarn

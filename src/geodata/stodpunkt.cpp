@@ -1,5 +1,6 @@
 #include "stodpunkt.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 
@@ -17,10 +18,6 @@ template class KVARNPROG_LIST_DEFINE list0<stdpkttype>;
 stdhuvudtype CStodPunkt::m_standardhuvud{};
 
 namespace {
-
-void Anmal(std::string const& text) {
-    MessageOut(kvarn::ToMessageBuffer(text), kvarn::messageOk, kvarn::messageExclamation, nullptr);
-}
 
 std::string NamnUr(std::string_view path) {
     constexpr std::size_t tillagg = 4; // ".xxx"
@@ -70,7 +67,8 @@ stdpkttype LasPunkt(std::string_view namn, kvarn::TextReader& rader) {
     }
     if (rader.ReadLine(rad) && !rad.empty()) {
         auto& v = punkt.varden;
-        kvarn::Scan(MessageBuffer(), v[0], v[1], v[2], v[3], v[4], v[5]);
+        kvarn::Scan({MessageBuffer(), kvarn::messageBufferSize}, v[0], v[1], v[2], v[3], v[4],
+                    v[5]);
     }
     return punkt;
 }
@@ -83,7 +81,7 @@ CStodPunkt::CStodPunkt(char const* path) : m_huvud(m_standardhuvud), m_gvy(0), m
         return;
     }
     if (!kvarn::LasDatafil(path, text, m_ejLast)) {
-        Anmal(kvarn::Format("Kan ej öppna stödpunkt : %s"_1252, path));
+        kvarn::Notify(kvarn::Format("Kan ej öppna stödpunkt : %s"_1252, path));
         return;
     }
     m_filnamn = path;
@@ -128,7 +126,7 @@ int CStodPunkt::Uppdat(char const* path) {
     kvarn::AppendTextMode(text, rader);
     kvarn::Rewritten const resultat = kvarn::SkrivDatafil(fil, text, m_ejLast);
     if (resultat == kvarn::Rewritten::cannotOpen) {
-        Anmal(kvarn::Format("Kan ej skapa/uppdatera stödpunkt : %s"_1252, fil));
+        kvarn::Notify(kvarn::Format("Kan ej skapa/uppdatera stödpunkt : %s"_1252, fil));
     }
     return resultat == kvarn::Rewritten::done ? 0 : -1;
 }

@@ -43,11 +43,12 @@ class KVARNPROG_API CStodPunkt : public list0<stdpkttype> {
     explicit CStodPunkt(char const* path = nullptr);
     virtual ~CStodPunkt();
 
-    // Writes the file anew, all or nothing: the header, the level when it is not 0, and the points,
-    // with a "*" after the last. Null: to the file that was read. Returns 0, or -1 when it could
-    // not be written; one that cannot be opened ("Kan ej skapa/uppdatera stodpunkt : %s") is shown,
-    // and so is the file that could not be read, which is not overwritten. Moves the current
-    // element.
+    // Writes the file anew, all or nothing: the header with six decimals, the level when it is not
+    // 0 and the points' with four, their values with two, and a "*" after the last point. Null: to
+    // the file that was read. Returns 0, or -1 when it could not be written; one that cannot be
+    // opened ("Kan ej skapa/uppdatera stodpunkt : %s", null with nothing read too) is shown, and so
+    // is the file that could not be read, which is not overwritten while it is there; a write that
+    // fails is not. Moves the current element.
     int Uppdat(char const* path);
     int Uppdat(CString path);
 

@@ -11,8 +11,7 @@ namespace kvarn {
 namespace {
 
 void AnmalEjOppnad(char const* path) {
-    std::string const text = Format("Kan ej öppna väglinje : %s"_1252, path);
-    MessageOut(ToMessageBuffer(text), messageOk, messageExclamation, nullptr);
+    Notify(Format("Kan ej öppna väglinje : %s"_1252, path));
 }
 
 } // namespace

@@ -26,7 +26,8 @@ class KVARNPROG_API CProjPath {
     //                 drawing database is refused when drawing is asked for: string 6039
     //                 ("Markvida-databas finns redan i Katalog:\n%s"), silently when not
     //                 interactive
-    // interactive     asks whether an existing folder shall be used (string 6040; No is the
+    // interactive     with create, asks whether an existing folder shall be used (string 6040; No
+    // is the
     //                 default, and ends the call), and tells which program's folder failed
     // drawing         KvarnDbfKat, KvarnRitKat, StackKat
     // postProcessing  PostDbfKat, StabRitKat, PostRitKat
@@ -38,11 +39,12 @@ class KVARNPROG_API CProjPath {
     //                 folder a line, below the project's. No settings object, key or file: none
     //
     // path is the project's folder, with backslashes, on a drive or a share that is there. Returns
-    // 1 when all of it stands; 0 at the first failure, where what was made stays. A level of the
-    // project's folder or of the list that cannot be made is always shown ("Fel, kan EJ skapa
-    // katalog:\n%s"), and so is the file ("Fel, kan EJ skapa fil:\n%s"). The texts pass through
-    // the shared message buffer. The root of a path is that of PathStripToRoot in the Windows
-    // documentation.
+    // 1 when all of it stands; 0 at the first failure, where what was made stays, for a list that
+    // cannot be read to its end, and for a path that is empty or null, where nothing is made. A
+    // level of the project's folder or of the list that cannot be made is always shown ("Fel, kan
+    // EJ skapa katalog:\n%s"), and so is the file ("Fel, kan EJ skapa fil:\n%s"). The texts pass
+    // through the shared message buffer. The root of a path is that of PathStripToRoot in the
+    // Windows documentation.
     int CreateProjectStructure(char const* const path, CAutoIni* settings, int create,
                                int interactive, int drawing, int postProcessing, int rockDrilling,
                                int construction, int folderList);

@@ -75,8 +75,7 @@ bool SkapaMarkfil(std::string const& path) {
         kvarn::RewriteFile(path.c_str(), "***") == kvarn::Rewritten::done) {
         return true;
     }
-    MessageOut(kvarn::ToMessageBuffer(kvarn::Format("Fel, kan EJ skapa fil:\n%s", path)),
-               kvarn::messageOk, kvarn::messageExclamation, nullptr);
+    kvarn::Notify(kvarn::Format("Fel, kan EJ skapa fil:\n%s", path));
     return false;
 }
 
@@ -139,7 +138,7 @@ int CProjPath::CreateProjectStructure(char const* const path, CAutoIni* settings
             return 0;
         }
     }
-    return 1;
+    return lista.Failed() ? 0 : 1;
 }
 
 int CProjPath::CreateProjectStructure(char const* const path, int create, int interactive,

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <iterator>
 #include <string_view>
+#include <type_traits>
 
 namespace {
 

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "compat/codepage.h"
+#include "support/fulldisk.h"
 #include "support/testfiles.h"
 
 namespace {
@@ -137,6 +138,7 @@ TEST_F(BergOrMateListaTest, LinesOfTheFile) {
         std::string fields;
     } const cases[] = {
         {"3 Kv", 3, "3 Sk/ 1.000 4 0.000000 0"},
+        {"3 a t 2.5 7 90\n3 Kv", 3, "3 Sk/ 1.000 4 0.000000 0"}, // what is left out is reset
         {"3 Kv text 2.5 7 90 1", 3, "3 Sk/text 2.500 4 1.570796 0"},
         {"20 Ny text", 20, "20 Ga/text 1.000 4 0.000000 0"},
         {"21 Ny text", 21, "21 Ny/text 1.000 4 0.000000 0"}, // the table's count: the name too
@@ -192,6 +194,10 @@ TEST_F(BergOrMateListaTest, NorwegianNumbersShiftAfter31) {
     EXPECT_EQ(lista.Find(-3), "F");
     lista.Find(0);
     EXPECT_EQ(Fields(lista), "0  / 1.000 4 0.000000 0"); // 0 was matched as -1, and appended
+    Write("31 Ikea\n32 B efter\n", "StenkodN.dat");
+    CBergOrMateLista unshifted(&m_ini, &m_projekt, rock, 1);
+    unshifted.Init();
+    EXPECT_EQ(FieldsOf(unshifted, 32), "32 Kalkstein/efter 1.000 4 0.000000 0");
     CBergOrMateLista swedish(&m_ini, &m_projekt, fill, 0);
     Write("*\n31 Ikke x\n");
     swedish.Init();
@@ -226,7 +232,10 @@ TEST_F(BergOrMateListaTest, SavingWritesTheSectionAndTheOthersNames) {
     Write(""); // project first; sections that are missing are added
     WriteBytes(m_folder / "projekt/Stenkod.dat", "*\nutan slut");
     EXPECT_EQ(rocks.Save(nullptr), 0);
-    EXPECT_EQ(Read(), "*\nutan slut\r\n-1 Egen text 2.000 3 1.571 4\r\n*\r\n*\r\n");
+    EXPECT_EQ(Read(), "*\nutan slut\r\n*\r\n-1 Egen text 2.000 3 1.571 4\r\n*\r\n*\r\n");
+    CBergOrMateLista again(&m_ini, &m_projekt, rock, 0);
+    again.Init();
+    EXPECT_EQ(again.Find(-1), "Egen");
 
     CBergOrMateLista soils(&m_ini, &m_projekt, soil, 0);
     soils.Init();
@@ -249,6 +258,16 @@ TEST_F(BergOrMateListaTest, AFileThatCannotBeReadToItsEndStays) {
     EXPECT_EQ(rocks.Init(), 0);
     EXPECT_EQ(rocks.Save(nullptr), -2);
     EXPECT_TRUE(std::filesystem::is_symlink(m_folder / "projekt/Stenkod.dat"));
+
+    std::filesystem::remove(m_folder / "projekt/Stenkod.dat");
+    Write("-1 Egen\n"); // and can be read later: the list does not know it
+    std::string const whole = Read();
+    EXPECT_EQ(rocks.Save(nullptr), -2);
+    EXPECT_EQ(Read(), whole);
+    rocks.Init();
+    FullDisk const full(8);
+    EXPECT_EQ(rocks.Save(nullptr), -2);
+    EXPECT_EQ(Read(), whole);
 }
 
 #endif

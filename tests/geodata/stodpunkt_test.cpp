@@ -8,6 +8,7 @@
 #include "compat/codepage.h"
 #include "core/message.h"
 #include "support/boxes.h"
+#include "support/fulldisk.h"
 #include "support/testfiles.h"
 
 namespace {
@@ -48,6 +49,13 @@ TEST_F(StodPunktTest, HeaderGvyAndPoints) {
     // The values come from the message buffer, where their line is not empty; an empty line is a
     // point without a name, whose level is the next line.
     EXPECT_EQ(Points(punkter), "BÖR/1.5/1/6.5\nettlangtnam/2/0/0\n/0/1/6.5\n"_1252);
+}
+
+TEST_F(StodPunktTest, AHostsBufferWithoutAnEndIsReadNoFurther) {
+    std::memset(MessageBuffer(), '7', 2048);
+    CStodPunkt punkter(Write("1\n2\n3\n4\n5\n6\n*\nA\n1\nx\n").c_str());
+    ASSERT_EQ(punkter.Home(), 0);
+    EXPECT_TRUE(std::isinf(punkter.Get_aktel()->varden[0]));
 }
 
 TEST_F(StodPunktTest, FilesThatEndEarly) {
@@ -151,8 +159,17 @@ TEST_F(StodPunktTest, AFileThatCouldNotBeReadIsNotOverwritten) {
     std::filesystem::create_symlink("/proc/self/mem", m_folder / "fel.stp");
     CStodPunkt punkter(m_folder.Api("fel.stp").c_str());
     EXPECT_EQ(punkter.Uppdat(m_folder.Api("fel.stp").c_str()), -1);
+    std::string const spelt = m_folder.Api() + "/FEL.stp"; // in another way
+    EXPECT_EQ(punkter.Uppdat(spelt.c_str()), -1);
     EXPECT_TRUE(std::filesystem::is_symlink(m_folder / "fel.stp"));
-    EXPECT_EQ(Boxes::Shown().size(), 2U);
+    EXPECT_EQ(Boxes::Shown().size(), 3U);
+    std::filesystem::remove(m_folder / "fel.stp");
+    {
+        FullDisk const full(8);
+        EXPECT_EQ(punkter.Uppdat(spelt.c_str()), -1);
+    }
+    EXPECT_TRUE(m_folder.Names().empty());
+    EXPECT_EQ(punkter.Uppdat(spelt.c_str()), 0); // it is gone: nothing is lost
 }
 
 #endif

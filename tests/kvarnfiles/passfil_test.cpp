@@ -1,10 +1,6 @@
 // What becomes of a pass that another call meets, that fails, or that is left unfinished.
-#if !defined(_WIN32)
-#include <csignal>
-#include <sys/resource.h>
-#endif
-
 #include "compat/codepage.h"
+#include "support/fulldisk.h"
 #include "support/projekt.h"
 
 namespace {
@@ -237,23 +233,6 @@ TEST_F(PassTest, AWriteThatFailsIsTold) {
     EXPECT_EQ(WriteLinkod(5), -1);
     EXPECT_EQ(m_inst.m_fil, nullptr);
 }
-
-// No file can grow beyond a size, as on a full disk.
-class FullDisk {
-  public:
-    explicit FullDisk(rlim_t size) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        rlimit const now = {size, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &now);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
-    FullDisk(FullDisk const&) = delete;
-    FullDisk& operator=(FullDisk const&) = delete;
-
-  private:
-    rlimit m_before{};
-};
 
 TEST_F(PassTest, AFullDiskIsToldOnceAndKeepsTheOldCodeFile) {
     std::string old;

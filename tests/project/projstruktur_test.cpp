@@ -75,8 +75,8 @@ TEST_F(ProjstrukturTest, EachProgramsFolders) {
 }
 
 TEST_F(ProjstrukturTest, AnExistingProjectIsRefusedAndAFolderAskedFor) {
-    m_folder.Write("P/KVARNBOK.DBS", "");
     std::string const path = m_folder.Api("P");
+    m_folder.Write("P/KVARNBOK.DBS", "");
     {
         Boxes const boxes;
         EXPECT_EQ(Create(path, {.create = 1, .drawing = 1, .rockDrilling = 1}), 0);
@@ -115,6 +115,12 @@ TEST_F(ProjstrukturTest, WhatCannotBeMadeIsTold) {
     EXPECT_EQ(Create(m_folder.Api("saknas"), {.interactive = 1, .drawing = 1}), 0);
     EXPECT_EQ(Boxes::Shown().back().text,
               "Fel, kan EJ skapa katalog:\n" + m_folder.Api("saknas\\KVARNBOK.DBF"));
+    Boxes::Shown().clear();
+    EXPECT_EQ(Create("Q:\\a\\b", {.create = 1}), 0); // there is no such drive
+    ASSERT_EQ(Boxes::Shown().size(), 1U);
+    EXPECT_EQ(Boxes::Shown()[0].text, "Fel, kan EJ skapa katalog:\nQ:\\a");
+    EXPECT_EQ(Create(m_folder.Api() + "/x/y\\z", {.create = 1}), 0); // levels are backslashes'
+    EXPECT_EQ(Boxes::Shown().back().text, "Fel, kan EJ skapa katalog:\n" + m_folder.Api() + "/x/y");
     EXPECT_EQ(Create("", {.create = 1, .drawing = 1}), 0);
     EXPECT_EQ(m_projekt.CreateProjectStructure(nullptr, nullptr, 1, 1, 1, 1, 1, 1, 1), 0);
 
@@ -135,7 +141,7 @@ TEST_F(ProjstrukturTest, TheSettingsFileNamesFurtherFolders) {
     EXPECT_EQ(Create(m_folder.Api("P"), {.create = 1}, &ini), 1);
     EXPECT_EQ(Below("P"), " Rum Brev Foto Foto/2026 ");
     std::filesystem::remove_all(m_folder / "P");
-    EXPECT_EQ(Create(m_folder.Api("P"), {.folderList = 1}, &ini), 1); // from P's root on
+    EXPECT_EQ(Create(m_folder.Api("P"), {.folderList = 2}, &ini), 1); // from P's root on
     EXPECT_TRUE(Has("P/Foto/2026"));
     std::filesystem::remove_all(m_folder / "P");
     EXPECT_EQ(Create(m_folder.Api("P"), {}, &ini), 1);
