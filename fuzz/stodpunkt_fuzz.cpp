@@ -1,0 +1,77 @@
+// Support point files: any bytes are read without harm, whatever the message buffer holds, and what
+// is written is what the next object reads, as far as the file can say it.
+#include <cmath>
+#include <cstring>
+#include <fuzzer/FuzzedDataProvider.h>
+#include <vector>
+
+#include "check.h"
+#include "core/message.h"
+#include "core/text.h"
+#include "geodata/stodpunkt.h"
+#include "kodmappar.h"
+
+namespace {
+
+constexpr std::size_t bufferSize = 2048;
+
+std::vector<stdpkttype> Points(CStodPunkt& punkter) {
+    std::vector<stdpkttype> all;
+    for (bool more = punkter.Home() == 0; more; more = punkter++ != nullptr) {
+        all.push_back(*punkter.Get_aktel());
+    }
+    return all;
+}
+
+// As a float comes back that was printed with so many decimals.
+bool Same(double read, double written, double step) {
+    return std::isnan(written)
+               ? std::isnan(read)
+               : read == written || std::fabs(read - written) <= step + 1e-6 * std::fabs(written);
+}
+
+// A name that its own line gives back.
+bool IsPlain(std::string_view name) {
+    std::string converted(name);
+    OemToAnsiNordic(converted.data());
+    return converted == name && !name.starts_with('*') && !kvarn::SameText(name, "gvy") &&
+           name.find('\x1A') == std::string_view::npos;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
+    static Mappar const mappar;
+    FuzzedDataProvider input(data, size);
+    std::string const buffer = input.ConsumeRandomLengthString(bufferSize);
+    std::memset(MessageBuffer(), 0, bufferSize);
+    std::memcpy(MessageBuffer(), buffer.data(), buffer.size());
+    mappar.Tom();
+    mappar.Skriv('p', "A$B.STP", input.ConsumeRemainingBytesAsString());
+
+    CStodPunkt punkter(mappar.Sokvag("p\\A$B.STP").c_str());
+    std::vector<stdpkttype> const before = Points(punkter);
+    bool plain = true;
+    for (stdpkttype const& punkt : before) {
+        Check(punkt.namn[11] == '\0', "names end in their field");
+        plain = plain && IsPlain(punkt.namn);
+    }
+    std::string const path = mappar.Sokvag("c\\ny.stp");
+    Check(punkter.Uppdat(path.c_str()) == 0, "a new file can be written");
+    CStodPunkt again(path.c_str());
+    for (int i = 0; i < 5; ++i) {
+        Check(Same(again.m_huvud.varden[i], punkter.m_huvud.varden[i], 5.1e-7),
+              "the header comes back");
+    }
+    if (plain) {
+        std::vector<stdpkttype> const after = Points(again);
+        Check(after.size() == before.size(), "no point is lost or made");
+        for (std::size_t i = 0; i < after.size(); ++i) {
+            Check(std::strcmp(after[i].namn, before[i].namn) == 0, "names come back");
+            Check(Same(after[i].niva, before[i].niva, 5.1e-5), "levels come back");
+        }
+        Check(Same(again.m_gvy, punkter.m_gvy, 5.1e-5), "the level comes back");
+    }
+    Check(mappar.Allt().size() == 2, "nothing is left beside the files");
+    return 0;
+}
