@@ -119,6 +119,7 @@ class KvarnioTest : public testing::Test {
 
     TestFolder m_folder;
     std::string const vag27 = "c/Projekt/Vag27";
+    std::string const hamnkajen = "c/Projekt/Hamnkajen"; // full of faults
 
   private:
     std::string Text(std::string_view name) const {

@@ -57,7 +57,7 @@ TEST_F(KvarnioTest, ListShowsEveryKeyWithItsSource) {
     EXPECT_TRUE(has("KVARNBOK.PAR", "BESTALLARE", "Vägkontoret Söder", file));
     EXPECT_TRUE(
         has("KLIPPBOK.PAR", "KBNAMN2", "Borrvattenflöde", Path("c/Kvarnbok/Cfg/KLIPPBOK.PAR")));
-    EXPECT_TRUE(has("JB23.PAR", "USKALA", "600", "default"));
+    EXPECT_TRUE(has("JB23.PAR", "TRYCKSTEG", "3", Path("c/Kvarnbok/Cfg/JB23.PAR")));
     EXPECT_TRUE(
         has("KVARNBOK.CFG", "PLOTTER", "\\\\skrivare\\Färg A1", Path("c/Kvarnbok/KVARNBOK.CFG")));
     // Every default once, and what the project and the configuration add.
@@ -67,21 +67,19 @@ TEST_F(KvarnioTest, ListShowsEveryKeyWithItsSource) {
 TEST_F(KvarnioTest, SetRewritesTheFileAndKeepsTheOldOneWhenLinesAreDropped) {
     std::string const name = "c/Projekt/Vag27/KVARNBOK.PAR";
     std::string const path = Path(name);
-    std::string const before = m_folder.Read(name);
-    std::string const first = *kvarn::FromUtf8(
-        "HSKALA=250\r\nLSKALA=1000\r\nSEKTDIST=20.0\r\nQTSKALA=25\r\nDECIMAL=1\r\nPLANLAGER=JA\r\n"
-        "LINJEBREDD=NEJ\r\nPROJEKT=Väg 27, delen Sjöbo - Åsarp\r\n"
-        "DELOMRADE=Bro över Häljeån, östra landfästet\r\nBESTALLARE=Vägkontoret Söder\r\n"
-        "UPPDRAGSNR=2026-0417\r\nHANDLAGGARE=Åsa Öhrn\r\n");
+    std::string const keys = m_folder.Read(name);
+    std::string const before =
+        *kvarn::FromUtf8("; Väg 27, bro över Häljeån\r\n") + keys + "\r\n; 2026-04-17\r\n";
+    m_folder.Write(name, before);
+    std::string first = keys;
+    first.replace(first.find("HSKALA=200"), 10, "HSKALA=250");
 
     Result result = Run({"set", "KVARNBOK.PAR", "hskala", "250"}, vag27);
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.out, path + ": HSKALA=250 (was 200)\n");
     EXPECT_EQ(result.err,
-              path +
-                  ":1: dropped, no \"=\": ; Väg 27, delen Sjöbo - Åsarp: etapp 2, bro över "
-                  "Häljeån\n" +
-                  path + ":10: dropped, no \"=\": ; Ritningsstämpel\n" +
+              path + ":1: dropped, no \"=\": ; Väg 27, bro över Häljeån\n" + path +
+                  ":15: dropped, no \"=\": ; 2026-04-17\n" +
                   "kvarnio: dropped 2 lines and 1 blank line, which the format does not keep; "
                   "the old file is " +
                   path + ".bak\n");
@@ -155,6 +153,35 @@ TEST_F(KvarnioTest, SetWritesNumbersAsTheProgramsDo) {
     }
 }
 
+TEST_F(KvarnioTest, AScaleIsWrittenToItsOwnLine) {
+    std::string const name = "c/Kvarnbok/Cfg/JB23.PAR";
+    EXPECT_EQ(Run({"set", "JB23.PAR", "tryckskala", "-1", "--int"}).out,
+              Path(name) + ": TRYCKSKALA=MAX (was 12)\n");
+    struct {
+        char const* content;
+        char const* key;
+        char const* written;
+        char const* note;
+    } const cases[] = {
+        {"", "RPMSTEG", "100   50\r\n40   10\r\n30   10\r\n100   7\r\n", ""},
+        {"1 2\n3\n", "KRAFTSKALA", "1 2\r\n3\r\n7   10\r\n", "had 2 of eleven lines; 1 with"},
+        {"1 2\n\n", "HASTSTEG", "1 2\r\n40   7\r\n", ""},
+        {"1 2 3\n4 5 6\n", "SJUNKSKALA", "7   2\r\n4 5 6\r\n",
+         ":1: dropped, words after the step: 3"},
+    };
+    for (auto const& row : cases) {
+        m_folder.Write(name, row.content);
+        if (*row.content == '\0') {
+            std::filesystem::remove(m_folder / name);
+        }
+        Result const result = Run({"set", "JB23.PAR", row.key, "7"});
+        EXPECT_EQ(result.status, 0) << row.key;
+        EXPECT_NE(result.err.find(row.note), std::string::npos) << result.err;
+        EXPECT_EQ(m_folder.Read(name), row.written);
+        EXPECT_EQ(Run({"get", "JB23.PAR", row.key}).out, "7\n");
+    }
+}
+
 TEST_F(KvarnioTest, AChangeOfTheSharedFileForAProjectIsTold) {
     Result const result = Run({"set", "KLIPPBOK.PAR", "VFMAX", "80"}, vag27);
     EXPECT_EQ(result.out, Path("c/Kvarnbok/Cfg/KLIPPBOK.PAR") + ": VFMAX=80 (was 60)\n");
@@ -177,7 +204,8 @@ TEST_F(KvarnioTest, WhatCannotBeDoneIsRefusedWithItsReason) {
         {{"get", "KVARNBOK.PAR", "HSKALA", "--project", "finns-ej"},
          notThere,
          "no folder finns-ej"},
-        {{"set", "JB23.PAR", "QTSKALA", "5"}, notThere, "JB23.PAR cannot be written yet"},
+        {{"set", "JB23.PAR", "SKALA", "5"}, notThere, "SKALA has no value in JB23.PAR and no"},
+        {{"set", "JB23.PAR", "QTSKALA", ""}, wrongUsage, "VALUE must be one word"},
         {{"set", "KVARNBOK.PAR", std::string(40, 'K'), "5"}, notThere, "KEY has 40 characters"},
         {{"set", "KVARNBOK.PAR", "A", std::string(259, 'v')}, notThere, "VALUE has 259 characters"},
         {{"set", "KVARNBOK.PAR", "DSKALA", ""}, notThere, "nothing to remove: DSKALA"},

@@ -110,7 +110,7 @@ TEST_F(RoadTest, InfoTellsWhatTheFileHolds) {
     EXPECT_EQ(Road("info", "sag.vl").out, "FILE        " + Path("sag.vl") +
                                               "\nNAME        Svacka\n"
                                               "TYPE        profile\n"
-                                              "PROFILE     \n"
+                                              "PROFILE\n"
                                               "  vertices  3\n"
                                               "  length    220.0000\n"
                                               "  stations  0.0000 to 220.0000\n"

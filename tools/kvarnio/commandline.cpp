@@ -34,6 +34,13 @@ CommandLine::CommandLine()
     AddCommonOptions(*m_app);
     AddReadCommands(*this);
     AddSetCommand(*this);
+    AddCodesCommand(*this);
+    AddLocalCommand(*this);
+    AddCheckCommand(*this);
+    AddProjectCommands(*this);
+    AddMaterialsCommand(*this);
+    AddPointsCommand(*this);
+    AddFormatsCommand(*this);
     AddRoadCommands(*this);
     AddEnvCommand(*this);
     AddDirCommand(*this);
@@ -60,18 +67,23 @@ void CommandLine::AddCommonOptions(CLI::App& app) {
 }
 
 CLI::App& CommandLine::AddGroup(char const* name, char const* what, char const* footer) {
-    CLI::App& group = AddCommand(name, what, footer);
-    group.require_subcommand(1);
-    AddCommonOptions(group);
-    return group;
+    return AddGroup(*m_app, name, what, footer);
+}
+
+CLI::App& CommandLine::AddGroup(CLI::App& group, char const* name, char const* what,
+                                char const* footer) {
+    CLI::App& added = AddCommand(group, name, what, footer);
+    added.require_subcommand(1);
+    AddCommonOptions(added);
+    return added;
 }
 
 CLI::App& CommandLine::AddCommand(char const* name, char const* what, char const* footer) {
     return AddCommand(*m_app, name, what, footer);
 }
 
-CLI::App& CommandLine::AddCommand(CLI::App& group, char const* name, char const* what,
-                                  char const* footer) {
+CLI::App& CommandLine::AddCommand(CLI::App& group, std::string const& name, std::string const& what,
+                                  std::string const& footer) {
     CLI::App* const command = group.add_subcommand(name, what);
     command->footer(footer);
     return *command;

@@ -27,10 +27,11 @@ class CommandLine {
 
     // A subcommand that only has subcommands of its own.
     CLI::App& AddGroup(char const* name, char const* what, char const* footer);
+    CLI::App& AddGroup(CLI::App& group, char const* name, char const* what, char const* footer);
     // A subcommand, of a group where one is given, to which its own arguments are then added.
     CLI::App& AddCommand(char const* name, char const* what, char const* footer);
-    static CLI::App& AddCommand(CLI::App& group, char const* name, char const* what,
-                                char const* footer);
+    static CLI::App& AddCommand(CLI::App& group, std::string const& name, std::string const& what,
+                                std::string const& footer);
     // What it does when it is chosen. Adds the common options.
     void Run(CLI::App& command, Action action);
 
@@ -48,11 +49,19 @@ class CommandLine {
 };
 
 // Each adds its subcommands.
-void AddReadCommands(CommandLine& line);                // get, list
-void AddSetCommand(CommandLine& line);                  // set
-void AddEnvCommand(CommandLine& line);                  // env
-void AddDirCommand(CommandLine& line);                  // dir
-void AddRegistryCommand(CommandLine& line);             // registry
+void AddReadCommands(CommandLine& line);     // get, list
+void AddSetCommand(CommandLine& line);       // set
+void AddEnvCommand(CommandLine& line);       // env
+void AddDirCommand(CommandLine& line);       // dir
+void AddRegistryCommand(CommandLine& line);  // registry
+void AddCodesCommand(CommandLine& line);     // codes list, add, set, remove, update
+void AddLocalCommand(CommandLine& line);     // local status, create, remove
+void AddCheckCommand(CommandLine& line);     // check
+void AddMaterialsCommand(CommandLine& line); // materials rock, fill, soil
+void AddPointsCommand(CommandLine& line);    // points
+void AddFormatsCommand(CommandLine& line);   // formats
+void AddProjectCommands(CommandLine& line);  // project create, paths, status
+void AddProjectCreate(CommandLine& line, CLI::App& project);
 void AddRoadCommands(CommandLine& line);                // road info, and what follows
 void AddRoadQueries(CommandLine& line, CLI::App& road); // road xy, station, z
 void AddRoadCheck(CommandLine& line, CLI::App& road);

@@ -36,4 +36,10 @@ Context::Context(CommonOptions const& options) : json(options.json) {
     settings.Init(&ini, &project);
 }
 
+void RequireProject(Context const& context) {
+    if (context.project.m_projKat.IsEmpty()) {
+        throw UsageError("--project is required");
+    }
+}
+
 } // namespace kvarnio

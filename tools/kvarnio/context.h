@@ -28,4 +28,7 @@ struct Context {
     bool json;
 };
 
+// For the commands that need a project. Throws UsageError without one.
+void RequireProject(Context const& context);
+
 } // namespace kvarnio

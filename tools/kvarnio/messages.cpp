@@ -13,6 +13,7 @@ namespace kvarnio {
 namespace {
 
 bool messageShown = false;
+bool answerIsYes = false;
 
 int DefaultButton(unsigned style) {
     // The buttons of each style, from MB_OK to MB_RETRYCANCEL, in the order of MessageBox.
@@ -29,6 +30,9 @@ int DefaultButton(unsigned style) {
 
 // The caption, and the lines of the text below it.
 int ShowMessage(MessageBoxRequest const& request) {
+    if (answerIsYes && (request.style & MB_TYPEMASK) == MB_YESNO) {
+        return IDYES; // and need not be shown
+    }
     messageShown = true;
     std::cerr << (request.caption != nullptr ? kvarn::ToUtf8(request.caption) : "kvarnio") << ":\n";
     std::istringstream lines(kvarn::ToUtf8(request.text));
@@ -44,8 +48,21 @@ void ShowMessagesOnTerminal() {
     SetMessageBoxHandler(ShowMessage);
 }
 
+void AnswerYes() {
+    answerIsYes = true;
+}
+
 bool MessageWasShown() {
     return std::exchange(messageShown, false);
+}
+
+MutedMessages::MutedMessages() {
+    SetMessageBoxHandler(
+        [](MessageBoxRequest const& request) { return DefaultButton(request.style); });
+}
+
+MutedMessages::~MutedMessages() {
+    SetMessageBoxHandler(ShowMessage);
 }
 
 } // namespace kvarnio

@@ -7,8 +7,21 @@ namespace kvarnio {
 // button.
 void ShowMessagesOnTerminal();
 
+// From now on a question is answered with Yes.
+void AnswerYes();
+
 // Whether the library has shown a message since the last call. What it returned after one is not
 // the answer: a file that cannot be opened reads as empty.
 bool MessageWasShown();
+
+// Keeps the messages from the terminal until its scope ends, where the tool tells the same, and
+// more.
+class MutedMessages {
+  public:
+    MutedMessages();
+    ~MutedMessages();
+    MutedMessages(MutedMessages const&) = delete;
+    MutedMessages& operator=(MutedMessages const&) = delete;
+};
 
 } // namespace kvarnio

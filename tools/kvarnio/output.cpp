@@ -1,6 +1,7 @@
 #include "output.h"
 
 #include <algorithm>
+#include <charconv>
 #include <iostream>
 
 #include <compat/codepage.h>
@@ -55,6 +56,13 @@ std::string OneLine(std::string_view text) {
     return text.size() > longest ? line + "..." : line;
 }
 
+std::string Shortest(double number) {
+    std::string digits(32, '\0');
+    auto const end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+    digits.resize(static_cast<std::size_t>(end.ptr - digits.data()));
+    return digits;
+}
+
 void PrintTable(std::vector<std::vector<std::string>> const& rows) {
     std::vector<std::size_t> const widths = ColumnWidths(rows);
     for (auto const& row : rows) {
@@ -64,6 +72,7 @@ void PrintTable(std::vector<std::vector<std::string>> const& rows) {
             std::size_t const padding = width < widths[i] ? widths[i] - width : 0;
             line += row[i] + std::string(i + 1 < row.size() ? padding + 2 : 0, ' ');
         }
+        line.erase(line.find_last_not_of(' ') + 1);
         std::cout << line << '\n';
     }
 }

@@ -18,6 +18,9 @@ std::string Shown(std::string_view path);
 // A text on one line: control characters as \x0D, and "..." for what goes beyond 80 characters.
 std::string OneLine(std::string_view text);
 
+// A number in as few digits as give it again.
+std::string Shortest(double number);
+
 // Rows of UTF-8 cells in aligned columns, the first row being the heading. One long cell moves only
 // what stands after it on its own row.
 void PrintTable(std::vector<std::vector<std::string>> const& rows);

@@ -1,5 +1,4 @@
 // kvarnio get, kvarnio list.
-#include <charconv>
 #include <iostream>
 #include <memory>
 
@@ -23,15 +22,6 @@ struct GetArguments {
 
     As Kind() const { return integer ? As::integer : decimal ? As::decimal : As::text; }
 };
-
-// Why a key has no value, and what can be done.
-std::string NoValue(SettingsFile const& file, std::string const& key) {
-    if (file.IsCfg() && file.Path().empty()) {
-        return NoCfg();
-    }
-    return key + " has no value in " + file.Name() + (file.IsCfg() ? "" : " and no default") +
-           "; kvarnio list " + file.Name() + " shows the keys";
-}
 
 std::string NoNumber(SettingsFile const& file, Entry const& entry, char const* kind) {
     return kvarn::ToUtf8(entry.key) + " in " + file.Name() + " is \"" + OneLine(entry.value) +
@@ -57,15 +47,11 @@ Json ValueAs(SettingsFile const& file, Entry const& entry, As kind) {
     }
 }
 
-// Numbers in as few digits as give the same number again.
 std::string Plain(Json const& value) {
     if (!value.is_number_float()) {
         return value.is_string() ? value.get<std::string>() : value.dump();
     }
-    std::string digits(32, '\0');
-    auto const end =
-        std::to_chars(digits.data(), digits.data() + digits.size(), value.get<double>());
-    return digits.substr(0, static_cast<std::size_t>(end.ptr - digits.data()));
+    return Shortest(value.get<double>());
 }
 
 ExitStatus Get(Context& context, GetArguments const& arguments) {

@@ -1,5 +1,4 @@
 // kvarnio road check.
-#include <iostream>
 #include <memory>
 
 #include <CLI/CLI.hpp>
@@ -24,17 +23,10 @@ ExitStatus Check(Context& context, CheckArguments const& arguments) {
     std::string const path = Shown(file.Path());
     if (context.json) {
         Json json = Json::array();
-        for (Finding const& finding : findings) {
-            json.push_back({{"file", path}, {"line", finding.line}, {"problem", finding.what}});
-        }
+        AppendFindings(json, path, findings);
         PrintJson(json);
     } else {
-        for (Finding const& finding : findings) {
-            std::cout << path << ':' << finding.line << ": " << finding.what << '\n';
-        }
-        if (findings.empty()) {
-            std::cout << path << ": no problems\n";
-        }
+        PrintFindings(path, findings);
     }
     return findings.empty() ? done : failed;
 }

@@ -2,17 +2,12 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
 #include <string_view>
 #include <vector>
 
-namespace kvarnio {
+#include "finding.h"
 
-// A place in a file and what is to be said of it, in UTF-8.
-struct Finding {
-    std::size_t line; // counted from 1
-    std::string what;
-};
+namespace kvarnio {
 
 struct RoadLines {
     std::vector<std::size_t> plan; // the line of each vertex

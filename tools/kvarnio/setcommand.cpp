@@ -1,15 +1,17 @@
 // kvarnio set.
-#include <cerrno>
-#include <fstream>
+#include <iostream>
 #include <memory>
-#include <system_error>
 
 #include <CLI/CLI.hpp>
+#include <compat/codepage.h>
 
 #include "arguments.h"
 #include "backup.h"
 #include "commandline.h"
+#include "copies.h"
 #include "failure.h"
+#include "filechecks.h"
+#include "linechecker.h"
 #include "platform.h"
 #include "setreport.h"
 
@@ -53,42 +55,47 @@ void RequireLengths(std::string const& key, NewValue const& value) {
 }
 
 std::string NowhereToWrite(Context const& context, std::string const& name) {
-    std::string text = "nothing was written: there is no " + name + " to write to\n";
-    auto const folder = [&text](char const* what, CString const& path) {
-        std::error_code unreachable;
-        text += std::string("  ") + what + Shown(path.GetString()) +
-                (std::filesystem::is_directory(HostPath(path.GetString()), unreachable)
-                     ? "\n"
-                     : " (does not exist)\n");
-    };
-    if (context.project.m_projKat.IsEmpty()) {
-        text += "  project folder: none, --project DIR names it\n";
-    } else {
-        folder("project folder: ", context.project.m_projKat);
-    }
-    folder("CFG folder:     ", context.ini.m_cfgKat);
-    folder("main folder:    ", context.ini.m_huvudKat);
-    return text + "Create an empty " + name + " in the folder that shall have it, and try again.";
+    return "nothing was written: there is no " + name + " to write to\n" + Folders(context) +
+           "Create an empty " + name + " in the folder that shall have it, and try again.";
 }
 
 void RequireWritable(Context const& context, SettingsFile const& file) {
-    if (file.IsJb23()) {
-        throw Failure("nothing was written: " + file.Name() + " cannot be written yet");
-    }
-    if (file.Path().empty()) {
+    bool const isMade = file.IsJb23() && IsFolder(context.ini.m_cfgKat.GetString());
+    if (file.Path().empty() && !isMade) {
         throw Failure(file.IsCfg() ? NoCfg() : NowhereToWrite(context, file.Name()));
     }
 }
 
-std::string WhyNotWritten(std::filesystem::path const& path) {
-    std::error_code error;
-    if (std::filesystem::is_directory(path, error)) {
-        return "it is a folder";
+// A line of the scales is found by its number, and holds two words.
+void RequireScale(SettingsFile const& file, std::string const& key, NewValue const& value) {
+    if (!file.Find(key)) {
+        throw Failure("nothing was written: " + NoValue(file, kvarn::ToUtf8(key)));
     }
-    errno = 0;
-    std::fstream const file(path, std::ios::binary | std::ios::in | std::ios::out);
-    return !file.is_open() && errno != 0 ? std::generic_category().message(errno)
-                                         : "reading or writing it failed; the disk may be full";
+    std::string const* const text = std::get_if<std::string>(&value);
+    if (text != nullptr && Words(*text).size() != 1) {
+        throw UsageError("VALUE must be one word: a line of " + file.Name() +
+                         " holds the scale and the step, and nothing is removed from it");
+    }
+}
+
+void RequireAllowed(SettingsFile const& file, std::string const& typed, std::string const& key,
+                    NewValue const& value) {
+    if (file.IsJb23()) {
+        RequireScale(file, key, value);
+    }
+    auto const was = file.Find(key);
+    if (IsRemoval(value) && (!was || was->file.empty())) {
+        throw Failure("nothing to remove: " + typed + " does not stand in " + Shown(file.Path()));
+    }
+}
+
+void FillScales(SettingsFile const& file, std::string const& key, std::string_view content) {
+    std::size_t const lines = SplitLines(content).lines.size();
+    std::size_t const added = file.FillScales(key, lines);
+    if (lines > 0 && added > 0) {
+        std::cerr << "kvarnio: the file had " << lines << " of eleven lines; " << added
+                  << " with the defaults come first\n";
+    }
 }
 
 ExitStatus Set(Context& context, SetArguments const& arguments) {
@@ -97,25 +104,21 @@ ExitStatus Set(Context& context, SetArguments const& arguments) {
     RequireLengths(typedKey, value);
     SettingsFile const before(context, FileName(arguments.file));
     RequireWritable(context, before);
+    RequireAllowed(before, arguments.key, typedKey, value);
     auto const was = before.Find(typedKey);
     std::string const key = was ? was->key : typedKey;
-    if (IsRemoval(value) && (!was || was->file.empty())) {
-        throw Failure("nothing to remove: " + arguments.key + " does not stand in " +
-                      Shown(before.Path()));
-    }
 
-    std::filesystem::path const path = HostPath(before.Path());
-    std::string const content = ContentOf(path);
-    DroppedLines const dropped = LinesDroppedBy(key, content);
-    if (!dropped.None() && !KeepCopy(path, content)) {
-        throw Failure("nothing was written: lines would be dropped, and " + Shown(before.Path()) +
-                      backupSuffix + ", which would keep them, cannot be made");
+    std::string const content = before.Path().empty() ? "" : ContentOf(HostPath(before.Path()));
+    Losses const losses = LossesOf(before.Check(content, key));
+    KeepWhatIsLost(before.Path(), content, losses);
+    if (before.IsJb23()) {
+        FillScales(before, key, content);
     }
     if (before.Write(key, value) != 0) {
-        throw Failure(Shown(before.Path()) + " could not be written: " + WhyNotWritten(path));
+        throw Failure(NotWritten(before.Path()));
     }
     SettingsFile const after(context, before.Name());
-    Report(context, after, {key, IsRemoval(value), was, after.Find(key), dropped});
+    Report(context, after, {key, IsRemoval(value), was, after.Find(key), losses});
     return done;
 }
 
@@ -126,7 +129,7 @@ void AddSetCommand(CommandLine& line) {
     CLI::App& set = line.AddCommand(
         "set", "Write a key into the settings file that is in use",
         "The file keeps no comments: lines that are not KEY=VALUE are dropped, named on standard "
-        "error,\nand kept in FILE.bak. JB23.PAR cannot be written yet.\n"
+        "error,\nand kept in FILE.bak.\n"
         "Put -- before a VALUE that begins with a hyphen and is no number.\n"
         "Example: kvarnio set KVARNBOK.PAR HSKALA 200 --project .");
     set.add_option("FILE", arguments->file, SettingsFile::Help())->required();

@@ -4,17 +4,11 @@
 
 #include <compat/codepage.h>
 
-#include "backup.h"
-
 namespace kvarnio {
 namespace {
 
 std::string ValueOf(Entry const& entry) {
     return OneLine(entry.value) + (entry.file.empty() ? ", the default" : "");
-}
-
-std::string Counted(std::size_t count, char const* what) {
-    return count == 0 ? "" : std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
 void PrintChange(std::string const& path, Change const& change) {
@@ -34,50 +28,21 @@ void PrintChange(std::string const& path, Change const& change) {
     }
 }
 
-void PrintDropped(std::string const& path, DroppedLines const& dropped) {
-    if (dropped.None()) {
-        return;
-    }
-    for (DroppedLine const& line : dropped.lines) {
-        std::cerr << path << ':' << line.number << ": dropped, " << line.why << ": "
-                  << OneLine(line.text) << '\n';
-    }
-    std::string const both = dropped.lines.empty() || dropped.blank == 0 ? "" : " and ";
-    std::cerr << "kvarnio: dropped " << Counted(dropped.lines.size(), "line") << both
-              << Counted(dropped.blank, "blank line")
-              << ", which the format does not keep; the old file is " << path << backupSuffix
-              << '\n';
-}
-
-// A change that was meant for the project and went to everybody.
-void WarnOfSharedFile(Context const& context, SettingsFile const& file) {
-    CString const& project = context.project.m_projKat;
-    if (!file.IsCfg() && !project.IsEmpty() &&
-        file.Path() != std::string(project) + '\\' + file.Name()) {
-        std::cerr << "kvarnio: the project has no " << file.Name()
-                  << " of its own: the shared file was written\n";
-    }
-}
-
 Json ToJson(SettingsFile const& file, Change const& change) {
     Json json = ToJson(file, change.now.value_or(Entry{change.key, "", ""}));
     json["source"] = change.now ? Json(Source(*change.now)) : Json();
     json["written"] = Shown(file.Path());
-    json["backup"] = change.dropped.None() ? Json() : Json(Shown(file.Path()) + backupSuffix);
-    json["dropped"] = Json::array();
-    for (DroppedLine const& line : change.dropped.lines) {
-        json["dropped"].push_back(
-            {{"line", line.number}, {"why", line.why}, {"text", kvarn::ToUtf8(line.text)}});
-    }
-    json["blankLinesDropped"] = change.dropped.blank;
+    AddLosses(json, file.Path(), change.losses);
     return json;
 }
 
 } // namespace
 
 void Report(Context const& context, SettingsFile const& file, Change const& change) {
-    PrintDropped(Shown(file.Path()), change.dropped);
-    WarnOfSharedFile(context, file);
+    PrintLosses(file.Path(), change.losses);
+    if (!file.IsCfg()) {
+        WarnOfSharedFile(context, file.Path(), file.Name());
+    }
     if (context.json) {
         PrintJson(ToJson(file, change));
     } else {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "droppedlines.h"
+#include "losses.h"
 #include "settingsfile.h"
 
 namespace kvarnio {
@@ -14,7 +14,7 @@ struct Change {
     bool removed;
     std::optional<Entry> was;
     std::optional<Entry> now;
-    DroppedLines dropped; // if any, the old file was kept
+    Losses losses; // if any, the old file was kept
 };
 
 // What was written, on standard output; dropped lines and a change that went to the shared file, on

@@ -7,6 +7,8 @@
 
 #include <compat/codepage.h>
 
+#include "copies.h"
+#include "filechecks.h"
 #include "messages.h"
 
 namespace kvarnio {
@@ -24,10 +26,11 @@ std::string Joined(std::vector<std::string> const& names) {
     return text;
 }
 
-// As the facade prints them, for the file that it does not know.
-std::string Printed(NewValue const& value) {
+// As the facade prints them, for the file that it does not know, and to compare.
+std::string Printed(std::string const& key, NewValue const& value) {
     if (int const* const number = std::get_if<int>(&value)) {
-        return std::to_string(*number);
+        bool const isOpen = *number == -1 && key.find("SKALA") != std::string::npos;
+        return isOpen ? "MAX" : std::to_string(*number);
     }
     if (Decimal const* const number = std::get_if<Decimal>(&value)) {
         std::string text(400, '\0');
@@ -72,7 +75,9 @@ SettingsFile::SettingsFile(Context& context, std::string const& name) : m_contex
         m_records = Records(par);
         m_standard = kvarn::stenStandard;
     } else if (IsJb23()) {
-        m_standard = kvarn::jb23Standard; // the library does not read the file itself yet
+        m_standard = kvarn::jb23Standard;
+        m_path = InForce(context, m_name).value_or(Copy{}).path;
+        m_records = ScaleRecords();
     } else if (context.ini.m_iniFil.ReverseFind('\\') >= 0) {
         // It lies beside Markvida.ini; without one the library would look in the drive's root.
         CKvarnCFG cfg(&context.ini);
@@ -88,6 +93,21 @@ template <class List> std::vector<SettingsFile::Record> SettingsFile::Records(Li
     std::vector<Record> records;
     for (bool more = list.Home() == 0; more; more = list++ != nullptr) {
         records.push_back({list.Get_aktel()->nyckel, list.Get_aktel()->varde});
+    }
+    return records;
+}
+
+// The words that stand in the file of the scales.
+std::vector<SettingsFile::Record> SettingsFile::ScaleRecords() const {
+    std::vector<Record> records;
+    for (kvarn::Standardvarde const& row : m_standard) {
+        CString const word = m_context->settings.Jb23ReadKey(row.nyckel);
+        if (MessageWasShown()) {
+            throw Failure(m_name + " cannot be read");
+        }
+        if (!word.IsEmpty()) {
+            records.push_back({row.nyckel, word.GetString()});
+        }
     }
     return records;
 }
@@ -147,6 +167,15 @@ std::string SettingsFile::Text(Entry const& entry) const {
                    : m_context->settings.ReadKey(m_name.c_str(), entry.key.c_str()).GetString();
 }
 
+std::size_t SettingsFile::ScaleLine(std::string const& key) const {
+    constexpr std::size_t columns = 2;
+    return static_cast<std::size_t>(Standard(key) - m_standard.data()) / columns + 1;
+}
+
+std::vector<Finding> SettingsFile::Check(std::string_view content, std::string const& key) const {
+    return IsJb23() ? CheckJb23(content, ScaleLine(key)) : CheckKeys(content, m_standard, key);
+}
+
 std::optional<int> SettingsFile::Int(Entry const& entry) const {
     constexpr int base = 10;
     char* end = nullptr;
@@ -170,8 +199,19 @@ std::optional<double> SettingsFile::Double(Entry const& entry) const {
 
 int SettingsFile::Write(std::string const& key, NewValue const& value) const {
     if (IsCfg()) {
-        return CKvarnCFG(&m_context->ini).WriteKey(key.c_str(), Printed(value).c_str());
+        // "MAX" is the facade's.
+        std::string const text = Printed("", value);
+        return CKvarnCFG(&m_context->ini).WriteKey(key.c_str(), text.c_str());
     }
+    int const result = WriteThroughFacade(key, value);
+    if (!IsJb23() || result != 0) {
+        return result;
+    }
+    // The facade does not tell whether it was written.
+    return Printed(key, value) == m_context->settings.Jb23ReadKey(key.c_str()).GetString() ? 0 : -1;
+}
+
+int SettingsFile::WriteThroughFacade(std::string const& key, NewValue const& value) const {
     CKvarnInst& settings = m_context->settings;
     if (int const* const number = std::get_if<int>(&value)) {
         return settings.WriteKey(m_name.c_str(), key.c_str(), *number);
@@ -183,10 +223,36 @@ int SettingsFile::Write(std::string const& key, NewValue const& value) const {
                              CString(std::get<std::string>(value).c_str()));
 }
 
+std::size_t SettingsFile::FillScales(std::string const& key, std::size_t lines) const {
+    constexpr std::size_t columns = 2;
+    std::size_t const line = ScaleLine(key);
+    auto const write = [this](kvarn::Standardvarde const& row) {
+        if (Write(row.nyckel, std::string(row.varde)) != 0) {
+            throw Failure(std::string(row.nyckel) + " could not be written to " + m_name);
+        }
+    };
+    for (std::size_t i = lines * columns; i < line * columns; ++i) {
+        write(m_standard[i]);
+    }
+    kvarn::Standardvarde const& scale = m_standard[(line - 1) * columns];
+    if (m_context->settings.Jb23ReadKey(scale.nyckel).IsEmpty()) {
+        write(scale);
+    }
+    return line > lines ? line - lines : 0;
+}
+
 std::string NoCfg() {
     return "there is no Markvida.ini in the main folder, which KVARNBOK.CFG lies beside; --home "
            "DIR "
            "names the folder";
+}
+
+std::string NoValue(SettingsFile const& file, std::string const& key) {
+    if (file.IsCfg() && file.Path().empty()) {
+        return NoCfg();
+    }
+    return key + " has no value in " + file.Name() + (file.IsCfg() ? "" : " and no default") +
+           "; kvarnio list " + file.Name() + " shows the keys";
 }
 
 Json ToJson(SettingsFile const& file, Entry const& entry) {

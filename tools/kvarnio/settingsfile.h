@@ -13,6 +13,7 @@
 
 #include "context.h"
 #include "failure.h"
+#include "finding.h"
 #include "output.h"
 
 namespace kvarnio {
@@ -57,8 +58,19 @@ class SettingsFile {
     std::optional<int> Int(Entry const& entry) const;
     std::optional<double> Double(Entry const& entry) const;
 
-    // Writes the key into the file, as the library does, with its result.
+    // What is wrong with the file, when it has this content and the key is about to be written.
+    std::vector<Finding> Check(std::string_view content, std::string const& key) const;
+
+    // Writes the key into the file, as the library does, with its result; -1 too where it is seen
+    // not to stand there afterwards.
     int Write(std::string const& key, NewValue const& value) const;
+
+    // Of the file of the scales, whose keys have lines of two words. The library appends a missing
+    // line after the last, whichever it is, and takes a step alone for a scale: FillScales first
+    // writes the defaults of what is missing up to the key's line. Returns how many lines the file
+    // got. Throws Failure.
+    std::size_t ScaleLine(std::string const& key) const;
+    std::size_t FillScales(std::string const& key, std::size_t lines) const;
 
   private:
     struct Record {
@@ -66,6 +78,8 @@ class SettingsFile {
         std::string value;
     };
     template <class List> static std::vector<Record> Records(List& list);
+    std::vector<Record> ScaleRecords() const;
+    int WriteThroughFacade(std::string const& key, NewValue const& value) const;
     Record const* Stored(std::string const& key) const;
     kvarn::Standardvarde const* Standard(std::string const& key) const;
 
@@ -78,6 +92,8 @@ class SettingsFile {
 
 // Why there is no CFG file to look into.
 std::string NoCfg();
+// Why a key has no value, and what can be done.
+std::string NoValue(SettingsFile const& file, std::string const& key);
 
 // File, key, value and source; the source "default" is a built-in one.
 Json ToJson(SettingsFile const& file, Entry const& entry);

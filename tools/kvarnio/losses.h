@@ -1,0 +1,35 @@
+// What of a file is lost when it is written anew: told, and kept in a copy of the old file.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "context.h"
+#include "finding.h"
+
+namespace kvarnio {
+
+struct Losses {
+    std::vector<Finding> lines;
+    std::size_t blank = 0; // blank lines, which are not worth a name
+
+    bool None() const { return lines.empty() && blank == 0; }
+};
+
+// Those of the findings that this tool does not put back.
+Losses LossesOf(std::vector<Finding> const& findings);
+
+// Keeps a copy of the file, with this content, where something will be lost. Throws Failure when
+// that cannot be done. Paths are the library's, here and below.
+void KeepWhatIsLost(std::string const& path, std::string_view content, Losses const& losses);
+
+// Each on standard error, and where the old file is.
+void PrintLosses(std::string const& path, Losses const& losses);
+// As members of an object: "backup", "dropped", "blankLinesDropped".
+void AddLosses(Json& json, std::string const& path, Losses const& losses);
+
+// A change that was meant for the project and went to everybody.
+void WarnOfSharedFile(Context const& context, std::string const& path, std::string const& name);
+
+} // namespace kvarnio
