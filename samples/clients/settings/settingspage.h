@@ -1,0 +1,35 @@
+// A settings page of the library's resources in a program without MFC: made, shown and saved.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include <kvarnprog.h>
+#include <library/settingspages.h>
+
+// An entry that a page's resources have for a control.
+struct InitialEntry {
+    int control;
+    unsigned message; // of 16-bit Windows: 0x403 adds a text to a combo box
+    std::string text; // in code page 1252
+};
+
+// What the resource of type 240 of a page holds; empty where there is none. Data that ends early
+// gives the entries before it.
+std::vector<InitialEntry> InitialEntries(HINSTANCE library, int page);
+
+// A page as a child of a window, hidden; null where there is no such resource.
+HWND CreateSettingsPage(HINSTANCE library, int page, HWND parent);
+
+// As MFC's dialogs do. False when an entry could not be added.
+bool FillComboBoxes(HWND dialog, HINSTANCE library, int page);
+
+// The values of all keys of a page: `page` is a place in kvarn::settingsPages. A value other than
+// "JA" and "NEJ" shows as a grey check box.
+void ShowSettings(HWND dialog, std::size_t page, CKvarnInst& inst);
+
+// Writes the keys whose values differ from what is shown; an empty text gives a key its default. A
+// grey check box leaves its key alone. False when a value could not be saved; the keys after it are
+// not written then.
+bool SaveSettings(HWND dialog, std::size_t page, CKvarnInst& inst);

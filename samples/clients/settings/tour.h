@@ -1,0 +1,39 @@
+// The program shows itself: it walks through what a user would do and leaves pictures.
+#pragma once
+
+#include <string>
+
+#include <windows.h>
+
+#include "mainwindow.h"
+
+class Tour {
+  public:
+    // Pictures go to a folder; the second project is one whose road cannot be opened, and neither
+    // its settings.
+    Tour(MainWindow& window, std::string pictures, std::string secondProject);
+    ~Tour();
+    Tour(Tour const&) = delete;
+    Tour& operator=(Tour const&) = delete;
+
+    // Whether all of it came as it should.
+    bool Done() const { return m_step == last && !m_failed; }
+
+  private:
+    enum Step { start, sheetOpens, sheetShown, sheetCloses, roadBox, settingsBox, boxCloses, last };
+
+    static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
+    void Next();
+    void Take(char const* name);
+    void TakeBox(HWND box, char const* name);
+    void GiveUp();
+    void ShowSheet(HWND sheet);
+
+    MainWindow& m_window;
+    std::string m_pictures;
+    std::string m_secondProject;
+    UINT_PTR m_timer;
+    int m_step = start;
+    int m_waited = 0;
+    bool m_failed = false;
+};

@@ -1,0 +1,316 @@
+// The settings pages on a real desktop, each in both languages: what a user sees of them, and that
+// their keys go through them unchanged.
+#include <map>
+#include <set>
+
+#include <gtest/gtest.h>
+
+#include "picture.h"
+#include "support/pagewindow.h"
+#include "support/projekt.h"
+#include "support/window.h"
+
+namespace {
+
+using kvarn::SettingsControl;
+using kvarn::SettingsKind;
+
+constexpr std::size_t pageCount = std::size(kvarn::settingsPages);
+
+SIZE SizeOf(PagePart const& part) {
+    HDC const screen = GetDC(part.window);
+    auto* const font = reinterpret_cast<HFONT>(SendMessageA(part.window, WM_GETFONT, 0, 0));
+    HGDIOBJ const before = SelectObject(screen, font);
+    RECT area = {};
+    DrawTextA(screen, part.text.c_str(), -1, &area,
+              DT_CALCRECT | DT_SINGLELINE | (part.prefix ? 0U : DT_NOPREFIX));
+    SelectObject(screen, before);
+    ReleaseDC(part.window, screen);
+    return {area.right, area.bottom};
+}
+
+LONG Width(RECT const& area) {
+    return area.right - area.left;
+}
+
+bool Holds(RECT const& outer, RECT const& inner) {
+    return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
+           inner.bottom <= outer.bottom;
+}
+
+bool Overlap(RECT const& a, RECT const& b) {
+    RECT both;
+    return IntersectRect(&both, &a, &b) != FALSE;
+}
+
+bool Follows(RECT const& next, RECT const& before) {
+    return next.top >= before.bottom || next.left >= before.right;
+}
+
+// The page's parts below the group boxes that they lie in; none stands outside.
+using Groups = std::vector<std::vector<PagePart>>; // the box first
+
+Groups GroupsOf(std::vector<PagePart> const& parts) {
+    Groups groups;
+    for (PagePart const& part : parts) {
+        if (part.kind == PartKind::group) {
+            groups.push_back({part});
+        } else if (!groups.empty()) {
+            groups.back().push_back(part);
+        }
+    }
+    return groups;
+}
+
+void ExpectTextsFit(std::vector<PagePart> const& parts) {
+    for (PagePart const& part : parts) {
+        constexpr LONG checkMark = 17;
+        constexpr LONG groupFrame = 18;
+        LONG const beside = part.kind == PartKind::check   ? checkMark
+                            : part.kind == PartKind::group ? groupFrame
+                                                           : 0;
+        SIZE const size = SizeOf(part);
+        LONG const spare = size.cx * 15 / 100; // for the fonts of other systems
+        EXPECT_LE(size.cx + spare + beside, Width(part.area)) << part.text;
+        EXPECT_LE(size.cy, part.area.bottom - part.area.top) << part.text;
+    }
+}
+
+void ExpectRoom(HWND page, Groups const& groups) {
+    RECT whole;
+    GetClientRect(page, &whole);
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        RECT const box = groups[i].front().area;
+        EXPECT_TRUE(Holds(whole, box)) << groups[i].front().text;
+        for (std::size_t other = 0; other < i; ++other) {
+            EXPECT_FALSE(Overlap(box, groups[other].front().area)) << groups[i].front().text;
+        }
+        for (std::size_t a = 1; a < groups[i].size(); ++a) {
+            EXPECT_TRUE(Holds(box, groups[i][a].area)) << groups[i][a].id << groups[i][a].text;
+            for (std::size_t b = 1; b < a; ++b) {
+                EXPECT_FALSE(Overlap(groups[i][a].area, groups[i][b].area))
+                    << groups[i][a].id << groups[i][a].text << ", " << groups[i][b].text;
+            }
+        }
+    }
+}
+
+void ExpectReadingOrder(Groups const& groups) {
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        if (i > 0) {
+            EXPECT_TRUE(Follows(groups[i].front().area, groups[i - 1].front().area));
+        }
+        for (std::size_t part = 2; part < groups[i].size(); ++part) {
+            PagePart const& before = groups[i][part - 1];
+            EXPECT_TRUE(Follows(groups[i][part].area, before.area)) << groups[i][part].id;
+            if (groups[i][part].kind == PartKind::box) { // its label
+                EXPECT_EQ(before.kind, PartKind::text) << groups[i][part].id;
+                EXPECT_TRUE(before.text.ends_with(':')) << before.text;
+                EXPECT_LE(before.area.right, groups[i][part].area.left) << before.text;
+            }
+        }
+    }
+}
+
+void ExpectOwnAccelerators(std::vector<PagePart> const& parts) {
+    std::map<int, std::string> seen;
+    for (PagePart const& part : parts) {
+        std::size_t const mark = part.prefix ? part.text.find('&') : std::string::npos;
+        if (mark != std::string::npos) {
+            auto const [other, first] = seen.try_emplace(toupper(part.text[mark + 1]), part.text);
+            EXPECT_TRUE(first) << part.text << " and " << other->second;
+        }
+    }
+    EXPECT_GE(seen.size(), 5U);
+}
+
+void ExpectControlsOf(std::size_t page, std::vector<PagePart> const& parts) {
+    std::vector<int> expected;
+    for (SettingsControl const& control : kvarn::settingsControls) {
+        if (static_cast<std::size_t>(control.page) == page) {
+            expected.push_back(control.control);
+        }
+    }
+    std::vector<int> found;
+    for (PagePart const& part : parts) {
+        if (part.kind == PartKind::box || part.kind == PartKind::check) {
+            found.push_back(part.id);
+        }
+    }
+    EXPECT_EQ(found, expected);
+}
+
+// What the list holds comes up in the box as it stands in the files.
+void ExpectEntries(HWND page, int resource) {
+    std::map<int, int> count;
+    for (InitialEntry const& entry : InitialEntries(LibraryModule(), resource)) {
+        char text[64] = "";
+        SendDlgItemMessageA(page, entry.control, CB_GETLBTEXT,
+                            static_cast<WPARAM>(count[entry.control]++),
+                            reinterpret_cast<LPARAM>(text));
+        EXPECT_EQ(text, entry.text) << entry.control;
+        EXPECT_FALSE(entry.text.empty()) << entry.control;
+    }
+    for (SettingsControl const& control : kvarn::settingsControls) {
+        HWND const box = GetDlgItem(page, control.control);
+        if (box != nullptr && control.kind == SettingsKind::combo) {
+            EXPECT_EQ(SendMessageA(box, CB_GETCOUNT, 0, 0), count[control.control]) << control.key;
+            EXPECT_GT(count[control.control], 0) << control.key;
+        }
+    }
+}
+
+class Pages : public ProjektTest, public testing::WithParamInterface<bool> {
+  protected:
+    static int Resource(std::size_t page) {
+        return GetParam() ? kvarn::settingsPages[page].norwegian
+                          : kvarn::settingsPages[page].swedish;
+    }
+    static std::string Picture(std::size_t page) {
+        std::filesystem::create_directories(PICTURES);
+        std::string const number =
+            page + 1 < 10 ? '0' + std::to_string(page + 1) : std::to_string(page + 1);
+        return std::string(PICTURES "/") + (GetParam() ? "no-" : "sv-") + number + ".png";
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Language, Pages, testing::Bool(), [](auto const& language) {
+    return language.param ? "Norwegian" : "Swedish";
+});
+
+TEST_P(Pages, LookAsTheyShould) {
+    for (std::size_t page = 0; page < pageCount; ++page) {
+        PageWindow const window(LibraryModule(), Resource(page));
+        ASSERT_TRUE(window) << page;
+        std::string const caption = WindowText(window.Handle());
+        SCOPED_TRACE(caption);
+        EXPECT_FALSE(caption.empty());
+        std::vector<PagePart> const parts = window.Parts();
+        Groups const groups = GroupsOf(parts);
+        ExpectControlsOf(page, parts);
+        ExpectTextsFit(parts);
+        ExpectRoom(window.Handle(), groups);
+        ExpectReadingOrder(groups);
+        ExpectOwnAccelerators(parts);
+        ExpectEntries(window.Handle(), Resource(page));
+        ShowSettings(window.Handle(), page, m_inst); // the defaults
+        window.Paint();
+        EXPECT_TRUE(SavePicture(window.Frame(), Picture(page).c_str()));
+    }
+}
+
+// A value for every key: none that an entry holds, the longest, letters beyond ASCII, blanks.
+std::string ValueOf(SettingsControl const& control, bool word) {
+    if (control.kind == SettingsKind::check) {
+        return control.control % 2 == 0 ? "JA" : "NEJ";
+    }
+    std::string const number = std::to_string(control.control);
+    if (word) {
+        return number + ".5";
+    }
+    switch (control.control % 4) {
+    case 0:
+        return " " + number + "  & \xC5\xC4\xD6 \xE6\xF8\x80 ";
+    case 1:
+        return std::string(254, 'x') + number;
+    default:
+        return "-" + number;
+    }
+}
+
+TEST_P(Pages, EveryKeyGoesThroughUnchanged) {
+    std::string jb23;
+    std::map<char const*, std::string> files;
+    for (SettingsControl const& control : kvarn::settingsControls) {
+        auto const& page = kvarn::settingsPages[control.page];
+        bool const word = page.file == kvarn::SettingsFile::jb23Par;
+        std::string& text = files[NameOf(page.file)];
+        std::string const value = ValueOf(control, word);
+        bool const step = std::string_view(control.key).ends_with("STEG");
+        text += word ? value + (step ? "\r\n" : "   ") : control.key + ("=" + value) + "\r\n";
+    }
+    for (auto const& [name, text] : files) {
+        Write(name, text);
+    }
+    // Another project, of defaults alone.
+    std::filesystem::create_directory(m_folder / "annat");
+    WriteBytes(m_folder / "annat/KVARNBOK.PAR", "OKAND=1\r\n");
+    WriteBytes(m_folder / "annat/KLIPPBOK.PAR", "OKAND=1\r\n");
+    CProjPath annat;
+    annat.SetPath(m_folder.Api("annat").c_str());
+    WriteBytes(m_folder / "annat/JB23.PAR", "");
+    CKvarnInst other;
+    other.Init(&m_ini, &annat);
+
+    Boxes const boxes;
+    for (std::size_t page = 0; page < pageCount; ++page) {
+        PageWindow const window(LibraryModule(), Resource(page));
+        ShowSettings(window.Handle(), page, m_inst);
+        EXPECT_TRUE(SaveSettings(window.Handle(), page, m_inst));
+        EXPECT_TRUE(SaveSettings(window.Handle(), page, other));
+    }
+    for (auto const& [name, text] : files) {
+        EXPECT_EQ(Read(name), text);
+    }
+    for (SettingsControl const& control : kvarn::settingsControls) {
+        char const* const file = NameOf(kvarn::settingsPages[control.page].file);
+        EXPECT_EQ(other.ReadKey(file, control.key), m_inst.ReadKey(file, control.key))
+            << file << ' ' << control.key;
+    }
+    EXPECT_TRUE(Boxes::Shown().empty());
+}
+
+constexpr std::size_t planPage = 1;
+constexpr std::size_t jb23Page = 6;
+
+TEST_P(Pages, AnotherWordThanJaAndNejIsKeptUntilTheUserChooses) {
+    Write("KVARNBOK.PAR", "PLANZ=kanske\r\nPLANDJUP=ja\r\nPROFNAME=nej\r\n");
+    PageWindow const window(LibraryModule(), Resource(planPage));
+    ShowSettings(window.Handle(), planPage, m_inst);
+    EXPECT_EQ(IsDlgButtonChecked(window.Handle(), IDC_KVARNBOK_PLANZ), UINT{BST_INDETERMINATE});
+    EXPECT_EQ(IsDlgButtonChecked(window.Handle(), IDC_KVARNBOK_PLANDJUP), UINT{BST_CHECKED});
+    EXPECT_EQ(IsDlgButtonChecked(window.Handle(), IDC_KVARNBOK_PROFNAME), UINT{BST_UNCHECKED});
+    EXPECT_TRUE(SaveSettings(window.Handle(), planPage, m_inst));
+    EXPECT_EQ(Read("KVARNBOK.PAR"), "PLANZ=kanske\r\nPLANDJUP=ja\r\nPROFNAME=nej\r\n");
+    CheckDlgButton(window.Handle(), IDC_KVARNBOK_PLANZ, BST_CHECKED);
+    EXPECT_TRUE(SaveSettings(window.Handle(), planPage, m_inst));
+    EXPECT_EQ(Read("KVARNBOK.PAR"), "PLANZ=JA\r\nPLANDJUP=ja\r\nPROFNAME=nej\r\n");
+}
+
+TEST_P(Pages, AShortFileOfScalesIsSavedWhole) {
+    Write("JB23.PAR", "90   45\r\n");
+    PageWindow const window(LibraryModule(), Resource(jb23Page));
+    ShowSettings(window.Handle(), jb23Page, m_inst);
+    SetDlgItemTextA(window.Handle(), IDC_JB23_USKALA, "700");
+    SetDlgItemTextA(window.Handle(), IDC_JB23_SJUNKSTEG, "");
+    EXPECT_TRUE(SaveSettings(window.Handle(), jb23Page, m_inst));
+    EXPECT_EQ(Read("JB23.PAR"), "90   50\r\n40   10\r\n30   10\r\n100   25\r\n2   0.5\r\n"
+                                "50   25\r\n10   2.5\r\n10   2.5\r\n14   2\r\n100   50\r\n"
+                                "700   200\r\n");
+    SetDlgItemTextA(window.Handle(), IDC_JB23_USKALA, "700 kPa");
+    EXPECT_FALSE(SaveSettings(window.Handle(), jb23Page, m_inst));
+}
+
+TEST(Resources, WhatIsMissingIsEmptyAndShowsNothing) {
+    Boxes const boxes;
+    TestWindow const frame;
+    constexpr int missing = 29999;
+    EXPECT_EQ(CreateSettingsPage(LibraryModule(), missing, frame.m_hWnd), nullptr);
+    EXPECT_TRUE(InitialEntries(LibraryModule(), missing).empty());
+    EXPECT_TRUE(FillComboBoxes(frame.m_hWnd, LibraryModule(), missing));
+    char text[8] = "x";
+    EXPECT_EQ(AfxLoadString(missing, text, sizeof text), 0);
+    EXPECT_TRUE(Boxes::Shown().empty());
+}
+
+TEST(Resources, LettersOfTheEntriesAreCodePage1252) {
+    std::set<std::string> entries;
+    for (InitialEntry const& entry : InitialEntries(LibraryModule(), IDD_KVARN_TEXTER_NO)) {
+        if (entry.control == IDC_KVARNBOK_LINJEBREDD) {
+            entries.insert(entry.text);
+        }
+    }
+    EXPECT_EQ(entries, (std::set<std::string>{"NEJ", "F\xC4RG"}));
+}
+
+} // namespace

@@ -1,0 +1,73 @@
+// settingspages FOLDER: makes the files of the settings pages from their list. They are part of the
+// sources (src/library): run it when the list has changed.
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <set>
+#include <stdexcept>
+
+#include "headers.h"
+#include "script.h"
+
+namespace {
+
+void Write(std::filesystem::path const& path, std::string const& text) {
+    std::ofstream file(path, std::ios::binary);
+    if (!file.write(text.data(), static_cast<std::streamsize>(text.size())).flush()) {
+        throw std::runtime_error(path.string() + " cannot be written");
+    }
+}
+
+// Programs are compiled with the numbers.
+void CheckNumbers(std::vector<pages::Page> const& all) {
+    std::set<int> numbers;
+    auto const take = [&](int number) {
+        if (!numbers.insert(number).second) {
+            throw std::runtime_error("number " + std::to_string(number) + " stands twice");
+        }
+    };
+    for (pages::Page const& page : all) {
+        take(page.number);
+        for (pages::Group const& group : page.groups) {
+            for (pages::Row const& row : group.rows) {
+                for (pages::Field const& field : row) {
+                    take(field.number);
+                }
+            }
+        }
+    }
+}
+
+void Make(std::filesystem::path const& folder) {
+    std::vector<pages::Page> const all = pages::AllPages();
+    CheckNumbers(all);
+    Write(folder / "resource.h", pages::ResourceHeader(all));
+    Write(folder / "settingspages.h", pages::TableHeader(all));
+    Write(folder / "pages_sv.rc", pages::Script(all, pages::swedish));
+    Write(folder / "pages_no.rc", pages::Script(all, pages::norwegian));
+}
+
+} // namespace
+
+std::vector<pages::Page> pages::AllPages() {
+    std::vector<Page> all;
+    for (auto const& part : {KvarnbokPages(), SoundingPages(), KlippbokPages()}) {
+        all.insert(all.end(), part.begin(), part.end());
+    }
+    return all;
+}
+
+int main(int count, char** arguments) {
+    try {
+        if (count != 2) {
+            std::cerr << "usage: settingspages FOLDER\n";
+            return 2;
+        }
+        Make(arguments[1]);
+    } catch (std::exception const& failure) {
+        std::cerr << "settingspages: " << failure.what() << '\n';
+        return 1;
+    }
+    return 0;
+}
