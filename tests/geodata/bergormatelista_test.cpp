@@ -6,7 +6,7 @@
 
 #include "compat/codepage.h"
 #include "support/fulldisk.h"
-#include "support/testfiles.h"
+#include "support/projekt.h"
 
 namespace {
 
@@ -56,26 +56,12 @@ TEST(Materialtabeller, EntryForEntry) {
 
 enum Slag { rock, fill, soil };
 
-class BergOrMateListaTest : public testing::Test {
+class BergOrMateListaTest : public ProjektTest {
   protected:
-    BergOrMateListaTest() {
-        for (char const* const name : {"projekt", "cfg", "huvud"}) {
-            std::filesystem::create_directory(m_folder / name);
-        }
-        m_projekt.SetPath(m_folder.Api("projekt").c_str());
-        m_ini.m_cfgKat = m_folder.Api("cfg").c_str();
-        m_ini.m_huvudKat = m_folder.Api("huvud").c_str();
-    }
     void Write(std::string_view rows, char const* name = "Stenkod.dat") const {
-        m_folder.Write("projekt/" + std::string(name), "h\n*\n*\n" + std::string(rows));
+        ProjektTest::Write(name, "h\n*\n*\n" + std::string(rows));
     }
-    std::string Read(char const* name = "Stenkod.dat") const {
-        return m_folder.Read("projekt/" + std::string(name));
-    }
-
-    TestFolder m_folder;
-    CAutoIni m_ini;
-    CProjPath m_projekt;
+    std::string Read() const { return ProjektTest::Read("Stenkod.dat"); }
 };
 
 // The current entry, every field.
