@@ -32,11 +32,12 @@ CKvarnInst::CKvarnInst(CKvarnInst const& other)
     : m_ini(other.m_ini), m_proj(other.m_proj), m_fil(kvarn::Dela(other.m_fil)) {}
 
 CKvarnInst& CKvarnInst::operator=(CKvarnInst const& other) {
-    kvarn::PassFil* const fil = kvarn::Dela(other.m_fil); // first: it may be this object's own
-    kvarn::Slapp(m_fil);
-    m_ini = other.m_ini;
-    m_proj = other.m_proj;
-    m_fil = fil;
+    if (this != &other) {
+        kvarn::Slapp(m_fil);
+        m_ini = other.m_ini;
+        m_proj = other.m_proj;
+        m_fil = kvarn::Dela(other.m_fil);
+    }
     return *this;
 }
 

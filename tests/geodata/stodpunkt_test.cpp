@@ -36,7 +36,7 @@ std::string Points(CStodPunkt& punkter) {
 }
 
 TEST_F(StodPunktTest, HeaderGvyAndPoints) {
-    std::strcpy(MessageBuffer(), "1 2 3 4 5 6.5 7");
+    std::string_view("1 2 3 4 5 6.5 7").copy(MessageBuffer(), 2047);
     std::string const path = Write("1.5\n2\n3\n4\n5\n0\n*\nGVY\n12.25\n\n"
                                    "B\x99R en\n1.5\n9 9 9 9 9 9\n"
                                    "ettlangtnamnx\n2\n\n\nniva\n4\n*\nefter\n1\n2\n");

@@ -25,7 +25,7 @@ class LokalaFilerTest : public ProjektTest {
     }
     void Fill(std::string const& folder, std::string const& content) const {
         for (std::string const name : all) {
-            m_folder.Write(folder + '/' + name, content);
+            m_folder.Write((std::string(folder) += '/') += name, content);
         }
     }
 };

@@ -80,7 +80,7 @@ TEST(ProjektStatus, TheStateIsReadAsAPosition) {
     status.m_status = 3;
     EXPECT_EQ(status.GetStatus(), "Status okänd"_1252);
     EXPECT_EQ(status.m_status, 999);
-    EXPECT_THROW(CProjektStatus const copy(status), ListFel);
+    EXPECT_THROW(CProjektStatus(status).SetHandle(nullptr), ListFel);
 }
 
 } // namespace

@@ -118,8 +118,7 @@ TEST_F(CheckTest, SaysWhatIsWrong) {
           "5: lost when the file is written: words after the flag",
           "5: lost when the file is written: the pattern", "5: an angle is read in degrees",
           "7: number 22 stands on line 6 already: this line counts",
-          "10: lost when the file is written: all but number and name, where a program saves the "
-          "list of rock, this line and 1 more",
+          "10: lost when the file is written: all but number and name, where a program saves",
           "12: lost when the file is written: text on a line",
           "13: lost when the file is written: after fill"}},
         {"StenkodN.dat",

@@ -248,7 +248,7 @@ void AddQuery(CommandLine& line, CLI::App& road, Question const& question) {
     auto const arguments = std::make_shared<QueryArguments>();
     arguments->numbers.resize(question.asked.size()); // never resized again: options point into it
     CLI::App& command =
-        CommandLine::AddCommand(road, question.command, question.what, Footer(question).c_str());
+        CommandLine::AddCommand(road, question.command, question.what, Footer(question));
     AddRoadFile(command, arguments->file);
     std::vector<CLI::Option*> options;
     for (std::size_t i = 0; i < question.asked.size(); ++i) {
