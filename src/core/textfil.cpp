@@ -128,8 +128,7 @@ TextWriter::TextWriter(char const* path)
                          FILE_ATTRIBUTE_NORMAL, nullptr)) {}
 
 bool TextWriter::Write(std::string_view text) {
-    std::string lines;
-    AppendTextMode(lines, text);
+    std::string const lines = InTextMode(text);
     DWORD written = 0;
     m_failed = m_failed ||
                WriteFile(m_file, lines.data(), static_cast<DWORD>(lines.size()), &written,
@@ -153,6 +152,12 @@ void AppendTextMode(std::string& out, std::string_view text) {
         out.append("\r\n");
         text.remove_prefix(feed + 1);
     }
+}
+
+std::string InTextMode(std::string_view text) {
+    std::string out;
+    AppendTextMode(out, text);
+    return out;
 }
 
 } // namespace kvarn

@@ -87,5 +87,6 @@ class TextWriter {
 
 // Appends a text as text mode writes it: each LF becomes CR LF.
 void AppendTextMode(std::string& out, std::string_view text);
+std::string InTextMode(std::string_view text);
 
 } // namespace kvarn

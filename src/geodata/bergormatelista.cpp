@@ -20,7 +20,7 @@ constexpr int fyllning = 1;
 constexpr int norska = 1;
 
 constexpr bergmattype standard = {0, 4, 0, 1.0, 0.0, "", ""};
-constexpr double storstaMonster = 256;
+constexpr int storstaMonster = 256;
 constexpr double minstaSkala = 0.01;
 constexpr double radianerPerGrad = 0.017453292519944444; // pi taken as 3.14159265359
 

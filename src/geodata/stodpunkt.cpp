@@ -122,9 +122,7 @@ int CStodPunkt::Uppdat(char const* path) {
                                v[3], v[4], v[5]);
     }
     rader += nagon ? "*\n" : "";
-    std::string text;
-    kvarn::AppendTextMode(text, rader);
-    kvarn::Rewritten const resultat = kvarn::SkrivDatafil(fil, text, m_ejLast);
+    kvarn::Rewritten const resultat = kvarn::SkrivDatafil(fil, kvarn::InTextMode(rader), m_ejLast);
     if (resultat == kvarn::Rewritten::cannotOpen) {
         kvarn::Notify(kvarn::Format("Kan ej skapa/uppdatera stödpunkt : %s"_1252, fil));
     }

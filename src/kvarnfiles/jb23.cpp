@@ -100,9 +100,7 @@ int kvarn::SkrivJb23(CProjPath const* projekt, CAutoIni const* ini, char const* 
             return -1;
         }
     }
-    std::string innehall;
-    AppendTextMode(innehall, rader);
-    RewriteFile(path, innehall, TemporaryOf(path.GetString()).c_str());
+    RewriteFile(path, InTextMode(rader), TemporaryOf(path.GetString()).c_str());
     return 0;
 }
 

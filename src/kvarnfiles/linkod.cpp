@@ -44,8 +44,7 @@ int CKvarnInst::LinkodRead(char* code, char* word, char* text, double* number, i
         return -1;
     }
     std::string_view rad;
-    if (!pass.NastaRad(rad) || kvarn::IsStarLine(rad)) {
-        pass.Avsluta();
+    if (!pass.NastaPost(rad)) {
         return 0;
     }
     std::string_view kod;

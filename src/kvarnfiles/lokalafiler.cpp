@@ -42,9 +42,7 @@ void Skapa(CProjPath const* projekt, CAutoIni const* ini, Lokalfil const& fil, b
     if (!kalla.IsEmpty()) {
         kvarn::CopyWhole(kalla, mal, skrivOver);
     } else if (fil.tom != nullptr) {
-        std::string innehall;
-        kvarn::AppendTextMode(innehall, fil.tom);
-        kvarn::RewriteFile(mal, innehall);
+        kvarn::RewriteFile(mal, kvarn::InTextMode(fil.tom));
     }
 }
 

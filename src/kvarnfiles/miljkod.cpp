@@ -196,9 +196,7 @@ int CKvarnInst::MiljkodUppdatX() {
             return 0;
         }
     }
-    std::string innehall;
-    kvarn::AppendTextMode(innehall, rader);
-    if (kvarn::RewriteFile(path, innehall) != kvarn::Rewritten::done) {
+    if (kvarn::RewriteFile(path, kvarn::InTextMode(rader)) != kvarn::Rewritten::done) {
         kvarn::KanInteSkriva(path, skrivrubrik);
     }
     return 0;

@@ -95,6 +95,14 @@ bool Laspass::NastaRad(std::string_view& rad) {
     return fil != nullptr && fil->ReadLine(rad);
 }
 
+bool Laspass::NastaPost(std::string_view& rad) {
+    bool const finns = NastaRad(rad) && !IsStarLine(rad);
+    if (!finns) {
+        Avsluta();
+    }
+    return finns;
+}
+
 void Laspass::Avsluta() {
     if (Fil() != nullptr) {
         StangPass(m_plats);

@@ -35,6 +35,8 @@ class Laspass {
     TextReader* Fil();
     // The next line; false at the end, and where this pass is not under way.
     bool NastaRad(std::string_view& rad);
+    // The same for a file that a star line ends; closes it at its end.
+    bool NastaPost(std::string_view& rad);
     // Closes the file where this pass is under way.
     void Avsluta();
 

@@ -16,8 +16,7 @@ int CKvarnInst::StampParRead(char const* path, char* word1, char* word2, double*
         return -1;
     }
     std::string_view rad;
-    if (!pass.NastaRad(rad) || kvarn::IsStarLine(rad)) {
-        pass.Avsluta();
+    if (!pass.NastaPost(rad)) {
         return 0;
     }
     std::string_view forsta;

@@ -37,14 +37,16 @@ FILETIME Changed(struct stat const& status) {
                       status.st_mtim.tv_nsec / 100);
 }
 
-struct Size { // folders have none
-    explicit Size(struct stat const& status)
-        : all(S_ISDIR(status.st_mode) ? 0 : static_cast<std::uint64_t>(status.st_size)),
-          high(static_cast<DWORD>(all >> 32U)), low(static_cast<DWORD>(all)) {}
-    std::uint64_t all;
-    DWORD high;
-    DWORD low;
-};
+// What a search and a question for one file tell alike: all but the name.
+template <class Data> void Tell(Data& data, struct stat const& status) {
+    // Folders have no size.
+    auto const size = S_ISDIR(status.st_mode) ? 0 : static_cast<std::uint64_t>(status.st_size);
+    data = {};
+    data.dwFileAttributes = kvarn::Attributes(status);
+    data.ftLastWriteTime = Changed(status);
+    data.nFileSizeHigh = static_cast<DWORD>(size >> 32U);
+    data.nFileSizeLow = static_cast<DWORD>(size);
+}
 
 // The characters that stand for the old rules in the pattern of FsRtlIsNameInExpression.
 constexpr char dosStar = '<';
@@ -151,12 +153,7 @@ bool Fill(WIN32_FIND_DATAA& entry, std::string const& folder, Found const& found
     if (stat(path.c_str(), &status) != 0 && lstat(path.c_str(), &status) != 0) {
         return false;
     }
-    entry = {};
-    entry.dwFileAttributes = kvarn::Attributes(status);
-    entry.ftLastWriteTime = Changed(status);
-    Size const size(status);
-    entry.nFileSizeHigh = size.high;
-    entry.nFileSizeLow = size.low;
+    Tell(entry, status);
     found.name.copy(entry.cFileName, sizeof entry.cFileName - 1);
     return true;
 }
@@ -213,13 +210,7 @@ BOOL GetFileAttributesExA(LPCSTR path, GET_FILEEX_INFO_LEVELS, void* data) {
     if (!kvarn::FileStatus(path, status)) {
         return FALSE;
     }
-    auto& told = *static_cast<WIN32_FILE_ATTRIBUTE_DATA*>(data);
-    told = {};
-    told.dwFileAttributes = kvarn::Attributes(status);
-    told.ftLastWriteTime = Changed(status);
-    Size const size(status);
-    told.nFileSizeHigh = size.high;
-    told.nFileSizeLow = size.low;
+    Tell(*static_cast<WIN32_FILE_ATTRIBUTE_DATA*>(data), status);
     return TRUE;
 }
 
