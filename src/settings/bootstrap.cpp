@@ -13,12 +13,15 @@
 #include "../core/text.h"
 #include "anvandarmiljo.h"
 #include "autoini.h"
+#include "bootstrap.h"
 #include "installation.h"
 #include "systemnycklar.h"
 
 namespace {
 
 using kvarn::Anvandarmiljo;
+using kvarn::BootstrapStep;
+using Steps = std::vector<BootstrapStep>;
 using kvarn::Uppstart;
 
 // The release that the user last chose in the project archive program; the other one given where
@@ -47,21 +50,37 @@ std::vector<std::string> Installationsnycklar(std::int32_t utgava, bool allmanna
     return grupper;
 }
 
-CString InstallPath(std::string const& nyckel) {
-    return kvarn::LasRegistret(HKEY_LOCAL_MACHINE, nyckel.c_str(), "InstallPath");
+// The first of the keys that names an installation which is the one wanted; the steps tell of each
+// that was asked.
+template <class IsWanted>
+BootstrapStep const* FindInstallation(std::vector<std::string> const& keys, IsWanted isWanted,
+                                      Steps& steps) {
+    for (std::string const& key : keys) {
+        CString const path = kvarn::LasRegistret(HKEY_LOCAL_MACHINE, key.c_str(), "InstallPath");
+        bool const none = kvarn::ArSaknad(path);
+        BootstrapStep::Kind const kind = none ? BootstrapStep::noInstallation
+                                         : isWanted(path.GetString())
+                                             ? BootstrapStep::installation
+                                             : BootstrapStep::otherInstallation;
+        steps.push_back({kind, key, none ? "" : path.GetString()});
+        if (kind == BootstrapStep::installation) {
+            return &steps.back();
+        }
+    }
+    return nullptr;
 }
 
 // A release that is asked for: wherever it is installed.
-std::optional<std::int32_t> SokUtgava(CAutoIni& ini, std::int32_t utgava, char const* sub) {
+std::optional<std::int32_t> SokUtgava(CAutoIni& ini, std::int32_t utgava, char const* sub,
+                                      Steps& steps) {
     bool const allmanna = utgava == kvarn::senasteUtgava;
-    for (std::string const& nyckel : Installationsnycklar(utgava, allmanna, sub)) {
-        CString const katalog = InstallPath(nyckel);
-        if (!kvarn::ArSaknad(katalog)) {
-            ini.m_huvudKat = katalog;
-            return utgava;
-        }
+    BootstrapStep const* const found = FindInstallation(
+        Installationsnycklar(utgava, allmanna, sub), [](std::string_view) { return true; }, steps);
+    if (found == nullptr) {
+        return std::nullopt;
     }
-    return std::nullopt;
+    ini.m_huvudKat = found->value.c_str();
+    return utgava;
 }
 
 // The folder of the running program, by the process's command line, in capitals.
@@ -82,25 +101,26 @@ std::string KorandeKatalog() {
 
 // The release that the running program belongs to: an installation in its folder.
 std::optional<std::int32_t> SokEgenUtgava(CAutoIni& ini, bool katalogenOver, char const* sub,
-                                          char const* dir) {
+                                          char const* dir, Steps& steps) {
     std::string katalog = dir != nullptr ? dir : KorandeKatalog();
     if (dir == nullptr && katalogenOver) {
         katalog.resize(std::min(katalog.size(), katalog.rfind('\\')));
     }
     ini.m_huvudKat = katalog.c_str();
     std::int32_t const utgava = ValdUtgava(kvarn::senasteUtgava);
-    for (std::string const& nyckel : Installationsnycklar(utgava, true, sub)) {
-        CString const installerad = InstallPath(nyckel);
-        std::string_view utanSlut = installerad.GetString();
-        utanSlut.remove_suffix(utanSlut.ends_with('\\') ? 1 : 0);
-        if (kvarn::SameText(utanSlut, katalog)) {
-            CString const paket =
-                kvarn::LasRegistret(HKEY_LOCAL_MACHINE, nyckel.c_str(), "Package", "");
-            kvarn::CopyText(ini.m_paket, sizeof ini.m_paket, paket.GetString());
-            return utgava;
-        }
+    auto const isHere = [&](std::string_view path) {
+        path.remove_suffix(path.ends_with('\\') ? 1 : 0);
+        return kvarn::SameText(path, katalog);
+    };
+    BootstrapStep const* const found =
+        FindInstallation(Installationsnycklar(utgava, true, sub), isHere, steps);
+    if (found == nullptr) {
+        return std::nullopt;
     }
-    return std::nullopt;
+    CString const paket =
+        kvarn::LasRegistret(HKEY_LOCAL_MACHINE, found->place.c_str(), "Package", "");
+    kvarn::CopyText(ini.m_paket, sizeof ini.m_paket, paket.GetString());
+    return utgava;
 }
 
 // As the switcher's own boxes look.
@@ -146,8 +166,8 @@ Uppstart HamtaUtanVaxlare(Anvandarmiljo const& miljo) {
                    "(prior to 15.3.*)");
     Uppstart const hamtade = miljo.HamtaFranGemensamma();
     if (hamtade == kvarn::klar && !miljo.HarIni()) {
-        kvarn::Varna("Fel! Hittar inte kunde inte skapa Markvida.ini under den lokala "
-                     "användaren!"_1252);
+        kvarn::NotifyTitled("Fel! Hittar inte kunde inte skapa Markvida.ini under den lokala "
+                            "användaren!"_1252);
         return kvarn::ingenIniFil;
     }
     return hamtade;
@@ -170,61 +190,74 @@ void Inled(CAutoIni& ini, kvarn::Reservkataloger const& reserv, std::int32_t utg
 
 } // namespace
 
-int CAutoIni::InitXPWay(int ver, char const* sub, char const* dir) {
+int kvarn::Bootstrap(CAutoIni& ini, int ver, char const* sub, char const* dir,
+                     std::vector<BootstrapStep>& steps) {
     bool const egen = ver == 0 || ver == 1;
     sub = sub != nullptr ? sub : "";
-    m_lage = egen ? 0 : 1;
-    m_paket[0] = '\0';
+    ini.m_lage = egen ? 0 : 1;
+    ini.m_paket[0] = '\0';
     std::optional<std::int32_t> const funnen =
-        egen ? SokEgenUtgava(*this, ver == 1, sub, dir) : SokUtgava(*this, ver, sub);
+        egen ? SokEgenUtgava(ini, ver == 1, sub, dir, steps) : SokUtgava(ini, ver, sub, steps);
     if (!funnen) {
-        return kvarn::ingenInstallation;
+        return ingenInstallation;
     }
     std::int32_t utgava = *funnen;
-    m_cfgKat = m_huvudKat;
+    ini.m_cfgKat = ini.m_huvudKat;
 
     Anvandarmiljo miljo(sub);
     auto const valj = [&] {
         miljo.ValjUtgava(utgava);
         if (!miljo.Katalog().empty()) {
-            m_cfgKat = miljo.Katalog().c_str();
+            ini.m_cfgKat = miljo.Katalog().c_str();
         }
     };
+    auto const tell = [&](BootstrapStep::Kind kind) { steps.push_back({kind, miljo.Ini(), ""}); };
     valj();
-    if (Uppstart const hamtade = miljo.HamtaFranAldre(); hamtade != kvarn::klar) {
+    bool const fanns = miljo.HarIni();
+    if (Uppstart const hamtade = miljo.HamtaFranAldre(); hamtade != klar) {
         return hamtade;
     }
     bool const ny = !miljo.HarIni();
     if (ny && ver != 0) {
-        kvarn::Varna("Fel! Hittar inte data för Markvida för aktuell användare. "
+        tell(BootstrapStep::noSettings);
+        NotifyTitled("Fel! Hittar inte data för Markvida för aktuell användare. "
                      "Starta upp via Samlaren!"_1252);
-        return kvarn::ingaAnvandardata;
+        return ingaAnvandardata;
     }
-    if (ny) {
-        bool const korde = KorVaxlaren(m_huvudKat.GetString());
+    if (!ny) {
+        tell(fanns ? BootstrapStep::usersSettings : BootstrapStep::olderSettings);
+    } else {
+        bool const korde = KorVaxlaren(ini.m_huvudKat.GetString());
         if (korde) {
             utgava = ValdUtgava(utgava);
             valj();
         }
-        if (!korde || !miljo.HarIni()) {
+        bool const lamnade = korde && miljo.HarIni();
+        tell(lamnade ? BootstrapStep::switcher : BootstrapStep::noSwitcher);
+        if (!lamnade) {
             Uppstart const hamtade = HamtaUtanVaxlare(miljo);
-            if (hamtade != kvarn::klar) {
+            if (hamtade != klar) {
                 return hamtade;
             }
+            tell(BootstrapStep::sharedSettings);
         }
     }
 
-    m_iniFil = miljo.Ini().c_str();
+    ini.m_iniFil = miljo.Ini().c_str();
     if (ver == 0) {
-        m_lage = 1;
+        ini.m_lage = 1;
     } else {
-        kvarn::StyrOmProfil(miljo.Ini());
+        StyrOmProfil(miljo.Ini());
     }
-    kvarn::Reservkataloger const reserv = {miljo.Programkatalog("Kvarnbok.msg"),
-                                           miljo.Programkatalog()};
+    Reservkataloger const reserv = {miljo.Programkatalog("Kvarnbok.msg"), miljo.Programkatalog()};
     if (ny) {
-        Inled(*this, reserv, utgava);
+        Inled(ini, reserv, utgava);
     }
-    kvarn::LasSystemnycklar(*this, &reserv);
-    return kvarn::klar;
+    LasSystemnycklar(ini, &reserv);
+    return klar;
+}
+
+int CAutoIni::InitXPWay(int ver, char const* sub, char const* dir) {
+    std::vector<kvarn::BootstrapStep> steps;
+    return kvarn::Bootstrap(*this, ver, sub, dir, steps);
 }

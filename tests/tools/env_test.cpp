@@ -55,6 +55,25 @@ TEST_F(EnvTest, TheFirstStartCanBeWatched) {
     EXPECT_EQ(Run({"env", "--bootstrap", "x", "AX"}).status, 2);
 }
 
+TEST_F(EnvTest, NamesTheReleaseThatTheBootstrapTookOfTwoInOneFolder) {
+    std::string installed = Home();
+    std::replace(installed.begin(), installed.end(), '/', '\\');
+    for (char const* const release : {"R20", "R19"}) {
+        m_inst.Install(release, installed);
+    }
+    m_inst.Install("RELEASE", "C:\\elsewhere");
+    m_inst.Choose("19");
+    m_inst.Write(Installation::User("Markvida.ini", "R19"), "[SYSTEM]\r\n");
+    Result const result = Run({"env", "--bootstrap", "0", "AX", "--json"});
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(Finding(result.out, "installation")["why"], "HKLM\\" + Installation::Group("R19"));
+    EXPECT_EQ(Finding(result.out, "other one")["why"],
+              "HKLM\\" + Installation::Group("RELEASE") + "; does not exist");
+    EXPECT_EQ(Finding(result.out, "no installation")["why"],
+              "HKLM\\" + Installation::Group("DIST"));
+    EXPECT_EQ(Finding(result.out, "settings found")["why"], "bootstrap");
+}
+
 TEST_F(EnvTest, DirListsInTheOrderAskedFor) {
     for (char const* name : {"10.dbf", "9.dbf", "b.dbf"}) {
         m_folder.Write(std::string("dir/") + name, std::string(*name == 'b' ? 5000 : 1, 'x'));

@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 #include <compat/codepage.h>
+#include <settings/bootstrap.h>
 
 #include "arguments.h"
 #include "commandline.h"
@@ -62,22 +63,42 @@ std::string Bootstrapped(int result) {
     }
 }
 
-// The installations that the registry names for a program, in the order in which they are asked.
-void AddInstallations(Findings& findings, std::string const& program, CString const& main) {
-    bool found = false;
-    for (char const* group : {"DIST", "RELEASE", "R20", "R19", "R18"}) {
-        std::string const key = "SOFTWARE\\Wow6432Node\\Orsakor\\Vallentra\\Markvida\\" +
-                                std::string(group) + "\\" + program;
-        CRegistry registry;
-        registry.SetRootKey(HKEY_LOCAL_MACHINE);
-        CString path = registry.ReadStringKey3264(key.c_str(), "InstallPath", "");
-        if (path.IsEmpty()) {
-            continue;
+std::string Meaning(kvarn::BootstrapStep::Kind kind) {
+    using Step = kvarn::BootstrapStep;
+    switch (kind) {
+    case Step::noInstallation:
+        return "no installation";
+    case Step::otherInstallation:
+        return "other one";
+    case Step::installation:
+        return "installation";
+    case Step::usersSettings:
+        return "settings found";
+    case Step::olderSettings:
+        return "settings copied from the older name";
+    case Step::noSettings:
+        return "no settings";
+    case Step::switcher:
+        return "settings by the switcher";
+    case Step::noSwitcher:
+        return "no settings by the switcher";
+    case Step::sharedSettings:
+    default:
+        return "settings copied from all users";
+    }
+}
+
+// As the bootstrap took them.
+void AddSteps(Findings& findings, std::vector<kvarn::BootstrapStep> const& steps) {
+    for (kvarn::BootstrapStep const& step : steps) {
+        std::string const name = Meaning(step.kind);
+        if (step.kind > kvarn::BootstrapStep::installation) {
+            findings.AddPath(name.c_str(), step.place.c_str(), "bootstrap");
+        } else if (step.value.empty()) {
+            findings.Add(name.c_str(), "", "HKLM\\" + OneLine(step.place));
+        } else {
+            findings.AddPath(name.c_str(), step.value.c_str(), "HKLM\\" + OneLine(step.place));
         }
-        bool const same = kvarn::CompareNoCase1252(path.TrimRight('\\').GetString(),
-                                                   CString(main).TrimRight('\\').GetString()) == 0;
-        findings.AddPath(same && !found ? "installation" : "other one", path, "HKLM\\" + key);
-        found = found || same;
     }
 }
 
@@ -116,10 +137,11 @@ ExitStatus Env(Context& context, EnvArguments const& arguments) {
     }
     if (!arguments.bootstrap.empty()) {
         std::string const program = Text("SUB", arguments.bootstrap[1]);
-        int const result = ini.InitXPWay(WholeNumber("VER", arguments.bootstrap[0]),
-                                         program.c_str(), CString(ini.m_huvudKat));
+        std::vector<kvarn::BootstrapStep> steps;
+        int const result = kvarn::Bootstrap(ini, WholeNumber("VER", arguments.bootstrap[0]),
+                                            program.c_str(), CString(ini.m_huvudKat), steps);
         findings.Add("bootstrap", std::to_string(result), Bootstrapped(result));
-        AddInstallations(findings, program, result == -1 ? CString() : ini.m_huvudKat);
+        AddSteps(findings, steps);
         if (*ini.InstallPackage() != '\0') {
             findings.Add("package", OneLine(ini.InstallPackage()), "of the installation");
         }
