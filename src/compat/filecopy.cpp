@@ -1,37 +1,75 @@
 #include "filecopy.h"
 
-#include "filerewrite.h"
-#include "host.h"
-#include "wholefile.h"
+#include <memory>
+
+#include "outfile.h"
 
 namespace kvarn {
 namespace {
 
-// As good as it goes: the content is there.
-void SetTime(char const* path, FILETIME const& written) {
-    HANDLE const file =
-        CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file != INVALID_HANDLE_VALUE) {
-        SetFileTime(file, nullptr, nullptr, &written);
-        CloseHandle(file);
+// A file's content as it was at its opening.
+class FileContent : public Content {
+  public:
+    explicit FileContent(char const* path)
+        : m_file(CreateFileA(path, GENERIC_READ, shareAll, nullptr, OPEN_EXISTING,
+                             FILE_ATTRIBUTE_NORMAL, nullptr)) {
+        m_known = m_file != INVALID_HANDLE_VALUE &&
+                  GetFileInformationByHandle(m_file, &m_status) != FALSE;
+        m_looks = {m_status.dwFileAttributes, m_status.ftLastWriteTime};
     }
-}
+    ~FileContent() override {
+        if (m_file != INVALID_HANDLE_VALUE) {
+            CloseHandle(m_file);
+        }
+    }
+    FileContent(FileContent const&) = delete;
+    FileContent& operator=(FileContent const&) = delete;
+
+    bool IsKnown() const { return m_known; }
+    std::uint64_t Size() const override {
+        return std::uint64_t{m_status.nFileSizeHigh} << 32U | m_status.nFileSizeLow;
+    }
+    Looks const* Look() const override { return &m_looks; }
+
+    bool WriteTo(OutFile& file) override {
+        constexpr DWORD bufferSize = 1U << 16U;
+        LARGE_INTEGER const beginning{};
+        if (SetFilePointerEx(m_file, beginning, nullptr, FILE_BEGIN) == FALSE) {
+            return false;
+        }
+        std::unique_ptr<char[]> const buffer(new char[bufferSize]);
+        DWORD count = 0;
+        do {
+            if (ReadFile(m_file, buffer.get(), bufferSize, &count, nullptr) == FALSE ||
+                !file.Write({buffer.get(), count})) {
+                return false;
+            }
+        } while (count > 0);
+        return IsUnchanged();
+    }
+
+  private:
+    // Otherwise the copy would have another content than its time tells.
+    bool IsUnchanged() const {
+        BY_HANDLE_FILE_INFORMATION now{};
+        return GetFileInformationByHandle(m_file, &now) != FALSE &&
+               CompareFileTime(&now.ftLastWriteTime, &m_status.ftLastWriteTime) == 0 &&
+               now.nFileSizeLow == m_status.nFileSizeLow &&
+               now.nFileSizeHigh == m_status.nFileSizeHigh;
+    }
+
+    HANDLE m_file;
+    BY_HANDLE_FILE_INFORMATION m_status{};
+    bool m_known = false;
+    Looks m_looks{};
+};
 
 } // namespace
 
-bool CopyWhole(char const* from, char const* to, bool replace) {
-    if (!replace && GetFileAttributesA(to) != INVALID_FILE_ATTRIBUTES) {
-        return false;
-    }
-    WIN32_FILE_ATTRIBUTE_DATA source{};
-    std::optional<std::string> const content = WholeFile(from);
-    if (!content || GetFileAttributesExA(from, GetFileExInfoStandard, &source) == FALSE ||
-        RewriteFile(to, *content) != Rewritten::done) {
-        return false;
-    }
-    SetTime(to, source.ftLastWriteTime);
-    return true;
+bool CopyWhole(char const* from, char const* to, Existing existing) {
+    FileContent content(from);
+    return content.IsKnown() &&
+           RewriteFile(to, content, existing, Waiting::never) == Rewritten::done;
 }
 
 } // namespace kvarn

@@ -3,128 +3,73 @@
 #include <array>
 #include <atomic>
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "host.h"
+#include "outfile.h"
 
 namespace kvarn {
 namespace {
 
-// Nobody is kept out: another program that rewrites the file replaces it in one step as well.
-constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-// One writer at a time, where a file is changed in place.
-constexpr DWORD shareOneWriter = FILE_SHARE_READ | FILE_SHARE_DELETE;
-
 constexpr DWORD pause = 20;        // milliseconds between attempts
 constexpr int attemptsInTurn = 25; // half a second
 
-// A file open for writing, closed with its scope.
-class OutFile {
+class TextContent : public Content {
   public:
-    OutFile() = default;
-    OutFile(char const* path, DWORD disposition, DWORD share = shareAll)
-        : m_file(CreateFileA(path, GENERIC_WRITE, share, nullptr, disposition,
-                             FILE_ATTRIBUTE_NORMAL, nullptr)) {}
-    OutFile(OutFile&& other) noexcept : m_file(std::exchange(other.m_file, INVALID_HANDLE_VALUE)) {}
-    OutFile& operator=(OutFile&& other) noexcept {
-        std::swap(m_file, other.m_file);
-        return *this;
-    }
-    ~OutFile() { Close(); }
-
-    bool IsOpen() const { return m_file != INVALID_HANDLE_VALUE; }
-    bool IsOrdinary() const { return GetFileType(m_file) == FILE_TYPE_DISK; }
-
-    // The path without links; empty when the system does not tell it.
-    std::string RealPath() const {
-        constexpr DWORD usualForm = 0;
-        std::string path(MAX_PATH, '\0');
-        auto const length = [&] {
-            return GetFinalPathNameByHandleA(m_file, path.data(), static_cast<DWORD>(path.size()),
-                                             usualForm);
-        };
-        DWORD size = length();
-        if (size >= path.size()) {
-            path.resize(std::size_t{size} + 1);
-            size = length();
-        }
-        path.resize(size < path.size() ? size : 0);
-        return path;
-    }
-
-    // Makes room for a content of that size, so that a full disk is met before anything is
-    // overwritten.
-    bool Reserve(std::size_t size) {
-        LARGE_INTEGER before{};
-        if (!IsOrdinary() || GetFileSizeEx(m_file, &before) == FALSE ||
-            static_cast<std::uint64_t>(before.QuadPart) >= size) {
-            return true;
-        }
-        bool const reserved = EndAt(static_cast<std::int64_t>(size));
-        if (!reserved) {
-            EndAt(before.QuadPart);
-        }
-        return MoveTo(0) && reserved;
-    }
-    bool Write(std::string_view content) {
-        while (!content.empty()) {
-            constexpr std::size_t most = 1U << 30U;
-            std::string_view const part = content.substr(0, most);
-            DWORD written = 0;
-            if (WriteFile(m_file, part.data(), static_cast<DWORD>(part.size()), &written,
-                          nullptr) == FALSE ||
-                written != part.size()) {
-                return false;
-            }
-            content.remove_prefix(part.size());
-        }
-        return true;
-    }
-    // The file ends where writing has come to.
-    bool Cut() { return !IsOrdinary() || SetEndOfFile(m_file) != FALSE; }
-    // All of it is on the disk.
-    bool Finish(bool ordinary = true) {
-        bool const flushed = !ordinary || FlushFileBuffers(m_file) != FALSE;
-        return Close() && flushed;
-    }
+    explicit TextContent(std::string_view text) : m_text(text) {}
+    std::uint64_t Size() const override { return m_text.size(); }
+    bool WriteTo(OutFile& file) override { return file.Write(m_text); }
 
   private:
-    bool MoveTo(std::int64_t position) {
-        LARGE_INTEGER distance{};
-        distance.QuadPart = position;
-        return SetFilePointerEx(m_file, distance, nullptr, FILE_BEGIN) != FALSE;
-    }
-    bool EndAt(std::int64_t size) { return MoveTo(size) && SetEndOfFile(m_file) != FALSE; }
-    bool Close() {
-        HANDLE const file = std::exchange(m_file, INVALID_HANDLE_VALUE);
-        return file == INVALID_HANDLE_VALUE || CloseHandle(file) != FALSE;
-    }
+    std::string_view m_text;
+};
 
-    HANDLE m_file = INVALID_HANDLE_VALUE;
+// What is to be done, by whatever way.
+struct Job {
+    char const* path;
+    Content& content;
+    char const* besidePath; // null: a name of its own
+    Existing existing;
+    Waiting waiting;
+
+    int Attempts(int most) const { return waiting == Waiting::inTurn ? most : 1; }
 };
 
 // Waits a while for another program that is writing the file in place.
-OutFile OpenInTurn(char const* path, DWORD disposition, DWORD share) {
-    OutFile file(path, disposition, share);
-    for (int i = 1;
-         i < attemptsInTurn && !file.IsOpen() && GetLastError() == ERROR_SHARING_VIOLATION; ++i) {
+OutFile Open(Job const& job, DWORD disposition, DWORD share) {
+    OutFile file(job.path, disposition, share);
+    for (int i = 1; i < job.Attempts(attemptsInTurn) && !file.IsOpen() &&
+                    GetLastError() == ERROR_SHARING_VIOLATION;
+         ++i) {
         Sleep(pause);
-        file = OutFile(path, disposition, share);
+        file = OutFile(job.path, disposition, share);
     }
     return file;
 }
 
-Rewritten WriteInPlace(char const* path, std::string_view content) {
-    OutFile file = OpenInTurn(path, OPEN_ALWAYS, shareOneWriter);
+// The content with its time.
+bool Fill(OutFile& file, Content& content) {
+    Looks const* const looks = content.Look();
+    return content.WriteTo(file) && (looks == nullptr || file.SetTime(looks->written));
+}
+
+// Plain attributes, read-only and hidden for two. A new file has none of them.
+bool SetAttributes(char const* path, DWORD attributes) {
+    constexpr DWORD everyday = FILE_ATTRIBUTE_NORMAL | FILE_ATTRIBUTE_ARCHIVE;
+    DWORD const special = attributes & ~everyday;
+    return special == 0 || SetFileAttributesA(path, special | FILE_ATTRIBUTE_ARCHIVE) != FALSE;
+}
+
+Rewritten WriteInPlace(Job const& job) {
+    OutFile file = Open(job, OPEN_ALWAYS, shareOneWriter);
     if (!file.IsOpen()) {
         return Rewritten::cannotOpen;
     }
-    bool const ordinary = file.IsOrdinary();
-    bool const written =
-        file.Reserve(content.size()) && file.Write(content) && file.Cut() && file.Finish(ordinary);
+    Looks const* const looks = job.content.Look();
+    bool const written = file.Reserve(job.content.Size()) && Fill(file, job.content) &&
+                         file.Cut() && file.Finish() &&
+                         (looks == nullptr || SetAttributes(job.path, looks->attributes));
     return written ? Rewritten::done : Rewritten::failed;
 }
 
@@ -155,14 +100,6 @@ bool CarryOverRights(char const* from, char const* to) {
     return carried; // the last: the access rights themselves
 }
 
-// Plain attributes, hidden for one. A new file has none of them.
-bool CarryOverAttributes(char const* from, char const* to) {
-    constexpr DWORD everyday = FILE_ATTRIBUTE_NORMAL | FILE_ATTRIBUTE_ARCHIVE;
-    DWORD const attributes = GetFileAttributesA(from);
-    return attributes != INVALID_FILE_ATTRIBUTES &&
-           ((attributes & ~everyday) == 0 || SetFileAttributesA(to, attributes) != FALSE);
-}
-
 // What a path stands for when it is about to be written.
 struct Target {
     bool opens = false; // for writing, or it does not exist
@@ -172,8 +109,9 @@ struct Target {
     std::string path;         // without links
 };
 
-Target Look(char const* path) {
-    OutFile const file = OpenInTurn(path, OPEN_EXISTING, shareAll);
+Target Look(Job const& job) {
+    char const* const path = job.path;
+    OutFile const file = Open(job, OPEN_EXISTING, shareAll);
     if (!file.IsOpen()) {
         bool const missing = GetLastError() == ERROR_FILE_NOT_FOUND;
         return {.opens = missing, .replaceable = missing, .path = path};
@@ -189,11 +127,11 @@ Target Look(char const* path) {
             .path = known ? std::move(real) : path};
 }
 
-Target Find(char const* path) {
+Target Find(Job const& job) {
     constexpr int attempts = 10;
-    Target target = Look(path);
+    Target target = Look(job);
     for (int i = 1; i < attempts && target.gone; ++i) {
-        target = Look(path);
+        target = Look(job);
     }
     return target;
 }
@@ -206,31 +144,16 @@ bool FileWasThere() {
 // A new file beside another, deleted with its scope unless it was kept or has become the other.
 class Beside {
   public:
-    // With a name of its own.
-    explicit Beside(Target const& target) : m_target(target) {
-        constexpr int attempts = 100; // names left behind by programs that were killed
-        static std::atomic<int> serial = 0;
-        for (int i = 0; i < attempts && !m_made && (i == 0 || FileWasThere()); ++i) {
-            Make(target.path + "." + std::to_string(GetCurrentProcessId()) + "-" +
-                 std::to_string(++serial) + ".tmp");
-        }
-        TakeOverRights();
-    }
-    // With a name that others know.
-    Beside(Target const& target, char const* path) : m_target(target) {
-        Make(path);
-        for (int i = 1; i < attemptsInTurn && !m_made && FileWasThere(); ++i) {
-            Sleep(pause);
-            Make(path);
-        }
-        if (!m_made && FileWasThere() && DeleteFileA(path) != FALSE) {
-            Make(path);
-        }
-        TakeOverRights();
+    Beside(Job const& job, Target const& target) : m_job(job), m_target(target) {
+        job.besidePath != nullptr ? MakeKnown() : MakeOwn();
+        // Before there is anything in it to be read.
+        m_rights =
+            m_made && (!m_target.exists || CarryOverRights(m_target.path.c_str(), m_path.c_str()));
     }
     ~Beside() {
         m_file = OutFile();
         if (m_made && !m_kept) {
+            SetFileAttributesA(m_path.c_str(), FILE_ATTRIBUTE_NORMAL); // read-only ones would stay
             DeleteFileA(m_path.c_str());
         }
     }
@@ -239,14 +162,13 @@ class Beside {
 
     bool Made() const { return m_made; }
     bool DiskFull() const { return m_diskFull; }
-    bool Fill(std::string_view content) { return m_file.Write(content) && m_file.Finish(); }
+    bool Fill() { return kvarn::Fill(m_file, m_job.content) && m_file.Finish(); }
 
     bool TakePlace() {
         // A scanner or another reader often lets go of the file at once.
-        constexpr int attempts = 3;
-        bool const ready = m_rights && (!m_target.exists ||
-                                        CarryOverAttributes(m_target.path.c_str(), m_path.c_str()));
-        for (int i = 0; i < attempts && ready && !m_kept; ++i) {
+        constexpr int mostAttempts = 3;
+        bool const ready = m_rights && SetAttributes(m_path.c_str(), Attributes());
+        for (int i = 0; i < m_job.Attempts(mostAttempts) && ready && !m_kept; ++i) {
             if (i > 0) {
                 Sleep(pause);
             }
@@ -266,12 +188,35 @@ class Beside {
         m_made = m_file.IsOpen();
         m_diskFull = !m_made && GetLastError() == ERROR_DISK_FULL;
     }
-    // Before there is anything in it to be read.
-    void TakeOverRights() {
-        m_rights =
-            m_made && (!m_target.exists || CarryOverRights(m_target.path.c_str(), m_path.c_str()));
+    void MakeOwn() {
+        constexpr int attempts = 100; // names left behind by programs that were killed
+        static std::atomic<int> serial = 0;
+        for (int i = 0; i < attempts && !m_made && (i == 0 || FileWasThere()); ++i) {
+            Make(m_target.path + "." + std::to_string(GetCurrentProcessId()) + "-" +
+                 std::to_string(++serial) + ".tmp");
+        }
+    }
+    // With a name that others know: of a writer that was killed it is taken over.
+    void MakeKnown() {
+        Make(m_job.besidePath);
+        for (int i = 1; i < attemptsInTurn && !m_made && FileWasThere(); ++i) {
+            Sleep(pause);
+            Make(m_job.besidePath);
+        }
+        if (!m_made && FileWasThere() && DeleteFileA(m_job.besidePath) != FALSE) {
+            Make(m_job.besidePath);
+        }
+    }
+    DWORD Attributes() const {
+        Looks const* const looks = m_job.content.Look();
+        DWORD const before =
+            m_target.exists ? GetFileAttributesA(m_target.path.c_str()) : FILE_ATTRIBUTE_NORMAL;
+        return looks != nullptr                    ? looks->attributes
+               : before != INVALID_FILE_ATTRIBUTES ? before
+                                                   : FILE_ATTRIBUTE_NORMAL;
     }
 
+    Job const& m_job;
     Target const& m_target;
     std::string m_path;
     OutFile m_file;
@@ -281,29 +226,30 @@ class Beside {
     bool m_kept = false;
 };
 
-Rewritten Rewrite(char const* path, std::string_view content, char const* besidePath) {
-    Target const target = Find(path);
-    if (!target.opens) {
+Rewritten Rewrite(Job const& job) {
+    Target const target = Find(job);
+    if (!target.opens || (target.exists && job.existing == Existing::kept)) {
         return Rewritten::cannotOpen;
     }
     if (!target.replaceable) {
-        return WriteInPlace(path, content);
+        return WriteInPlace(job);
     }
-    Beside beside = besidePath != nullptr ? Beside(target, besidePath) : Beside(target);
+    Beside beside(job, target);
     if (!beside.Made()) {
-        bool const inPlace = besidePath == nullptr && !beside.DiskFull();
-        return inPlace ? WriteInPlace(path, content) : Rewritten::failed;
+        bool const inPlace = job.besidePath == nullptr && !beside.DiskFull();
+        return inPlace ? WriteInPlace(job) : Rewritten::failed;
     }
-    if (!beside.Fill(content)) {
+    if (!beside.Fill()) {
         return Rewritten::failed;
     }
     if (beside.TakePlace()) {
         return Rewritten::done;
     }
-    if (!target.exists && Look(path).exists) {
-        return RewriteFile(path, content); // another program has made it in the meantime
+    if (!target.exists && Look(job).exists) {
+        return Rewrite({job.path, job.content, nullptr, job.existing,
+                        job.waiting}); // another program has made it in the meantime
     }
-    Rewritten const inPlace = WriteInPlace(path, content);
+    Rewritten const inPlace = WriteInPlace(job);
     if (inPlace == Rewritten::failed) {
         beside.Keep(); // the only whole copy of the new content
     }
@@ -312,12 +258,17 @@ Rewritten Rewrite(char const* path, std::string_view content, char const* beside
 
 } // namespace
 
-Rewritten RewriteFile(char const* path, std::string_view content) {
-    return Rewrite(path, content, nullptr);
+Rewritten RewriteFile(char const* path, std::string_view text) {
+    return RewriteFile(path, text, nullptr);
 }
 
-Rewritten RewriteFile(char const* path, std::string_view content, char const* besidePath) {
-    return Rewrite(path, content, besidePath);
+Rewritten RewriteFile(char const* path, std::string_view text, char const* besidePath) {
+    TextContent content(text);
+    return Rewrite({path, content, besidePath, Existing::replaced, Waiting::inTurn});
+}
+
+Rewritten RewriteFile(char const* path, Content& content, Existing existing, Waiting waiting) {
+    return Rewrite({path, content, nullptr, existing, waiting});
 }
 
 bool OpensForWriting(char const* path) {

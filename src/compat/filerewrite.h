@@ -2,7 +2,10 @@
 // offers in one call. Written with the Windows calls alone, the same on every host.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
+
+#include "host.h"
 
 namespace kvarn {
 
@@ -32,6 +35,33 @@ Rewritten RewriteFile(char const* path, std::string_view content);
 // and then taken over, since its writer was killed. Where it cannot be made nothing is written, and
 // the result is failed.
 Rewritten RewriteFile(char const* path, std::string_view content, char const* besidePath);
+
+class OutFile;
+
+// What a file looks like beside its content.
+struct Looks {
+    DWORD attributes;
+    FILETIME written;
+};
+
+// What a file is to hold, where that is more than a text in memory.
+class Content {
+  public:
+    virtual ~Content() = default;
+    // In bytes.
+    virtual std::uint64_t Size() const = 0;
+    // Writes all of it from its beginning; false when it cannot be had whole. Asked for once more
+    // where the file is written in place after all.
+    virtual bool WriteTo(OutFile& file) = 0;
+    // Null: as the file looked before, and changed now.
+    virtual Looks const* Look() const { return nullptr; }
+};
+
+enum class Existing { replaced, kept }; // kept: cannotOpen for a file that is there
+enum class Waiting { inTurn, never };   // for another program that has the file open
+
+// The same with a content of any kind.
+Rewritten RewriteFile(char const* path, Content& content, Existing existing, Waiting waiting);
 
 // Whether the file exists and can be opened for writing; it is not changed.
 bool OpensForWriting(char const* path);

@@ -1,6 +1,7 @@
 // CKvarnInst: the code file, a header and then a code and a word of text a line.
 #include "../compat/codepage.h"
-#include "../compat/filecopy.h"
+#include "../compat/filerewrite.h"
+#include "../compat/wholefile.h"
 #include "../core/format.h"
 #include "../core/messageout.h"
 #include "../core/scan.h"
@@ -33,7 +34,9 @@ bool ForOverRubrik(kvarn::Skrivpass& pass, char const* fran) {
 // is lost on the way the copy stays: it is all there is of the old file.
 void BorjaKodfil(kvarn::Skrivpass& pass, char const* path) {
     std::string const tidigare = kvarn::TemporaryOf(path);
-    bool const kopierad = kvarn::CopyWhole(path, tidigare.c_str(), true);
+    std::optional<std::string> const innehall = kvarn::WholeFile(path);
+    bool const kopierad =
+        innehall && kvarn::RewriteFile(tidigare.c_str(), *innehall) == kvarn::Rewritten::done;
     bool const oppnad = pass.Borja(path);
     bool const forlorad = kopierad && oppnad && !ForOverRubrik(pass, tidigare.c_str());
     if (forlorad) {

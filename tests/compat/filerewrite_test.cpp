@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -17,6 +18,7 @@
 #include <sys/wait.h>
 #endif
 
+using kvarn::Existing;
 using kvarn::RewriteFile;
 using kvarn::Rewritten;
 
@@ -96,19 +98,66 @@ TEST(FileCopy, KeepsTheTimeAndReplacesWhenAsked) {
     folder.Write("till", "gammal");
     auto const time = std::filesystem::last_write_time(folder / "fran") - std::chrono::hours(5000);
     std::filesystem::last_write_time(folder / "fran", time);
-    EXPECT_FALSE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("till").c_str(), false));
+    EXPECT_FALSE(
+        kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("till").c_str(), Existing::kept));
     EXPECT_EQ(folder.Read("till"), "gammal");
-    EXPECT_TRUE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("till").c_str(), true));
-    EXPECT_TRUE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("ny").c_str(), false));
+    EXPECT_TRUE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("till").c_str(),
+                                 Existing::replaced));
+    EXPECT_TRUE(
+        kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("ny").c_str(), Existing::kept));
     for (char const* const copy : {"till", "ny"}) {
         EXPECT_EQ(folder.Read(copy), "ny");
         auto const off = std::filesystem::last_write_time(folder / copy) - time;
         EXPECT_LT(std::chrono::abs(off), std::chrono::seconds(1));
     }
-    EXPECT_FALSE(kvarn::CopyWhole(folder.Api("saknas").c_str(), folder.Api("ny").c_str(), true));
-    EXPECT_FALSE(kvarn::CopyWhole(folder.Api().c_str(), folder.Api("ny").c_str(), true));
+    EXPECT_FALSE(kvarn::CopyWhole(folder.Api("saknas").c_str(), folder.Api("ny").c_str(),
+                                  Existing::replaced));
+    EXPECT_FALSE(
+        kvarn::CopyWhole(folder.Api().c_str(), folder.Api("ny").c_str(), Existing::replaced));
     EXPECT_EQ(folder.Read("ny"), "ny");
     EXPECT_EQ(folder.Names().size(), 3U);
+}
+
+TEST(FileCopy, CarriesTheReadOnlyAttributeOver) {
+    TestFolder const folder;
+    auto const setAttributes = [&](char const* name, DWORD attributes) {
+        ASSERT_NE(SetFileAttributesA(folder.Api(name).c_str(), attributes), FALSE);
+    };
+    folder.Write("fran", "ny");
+    folder.Write("till", "gammal");
+    setAttributes("fran", FILE_ATTRIBUTE_READONLY);
+    for (char const* const copy : {"till", "ny"}) {
+        EXPECT_TRUE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api(copy).c_str(),
+                                     Existing::replaced));
+        EXPECT_EQ(folder.Read(copy), "ny");
+        EXPECT_NE(GetFileAttributesA(folder.Api(copy).c_str()) & FILE_ATTRIBUTE_READONLY, 0U);
+    }
+    folder.Write("mapp/fil", "");
+    EXPECT_FALSE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("mapp").c_str(),
+                                  Existing::replaced));
+    EXPECT_EQ(folder.Names().size(), 4U); // a copy that is read-only is removed again, too
+    for (char const* const file : {"fran", "till", "ny"}) {
+        setAttributes(file, FILE_ATTRIBUTE_NORMAL);
+    }
+    WriteBytes(folder / "ny", "kan skrivas");
+}
+
+// Let go soon: whoever waited would find the file free.
+TEST(FileCopy, DoesNotWaitForAFileThatIsInUse) {
+    TestFolder const folder;
+    folder.Write("fran", "ny");
+    folder.Write("till", "gammal");
+    HANDLE const owner = CreateFileA(folder.Api("till").c_str(), GENERIC_WRITE, FILE_SHARE_READ,
+                                     nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(owner, INVALID_HANDLE_VALUE);
+    std::thread letsGo([owner] {
+        Sleep(300);
+        CloseHandle(owner);
+    });
+    EXPECT_FALSE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("till").c_str(),
+                                  Existing::replaced));
+    letsGo.join();
+    EXPECT_EQ(folder.Read("till"), "gammal");
 }
 
 #if defined(_WIN32)
@@ -121,7 +170,8 @@ TEST(FileCopy, ReplacesAFileThatIsHeldOpen) {
         CreateFileA(folder.Api("till").c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
                     nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(reader, INVALID_HANDLE_VALUE);
-    EXPECT_TRUE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("till").c_str(), true));
+    EXPECT_TRUE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("till").c_str(),
+                                 Existing::replaced));
     CloseHandle(reader);
     EXPECT_EQ(folder.Read("till"), "ny");
 }

@@ -107,6 +107,10 @@ bool kvarn::FileStatus(LPCSTR path, struct stat& status) {
     return Done(OnPath(path, [&](char const* host) { return stat(host, &status); })) != FALSE;
 }
 
+bool kvarn::FileStatus(HANDLE file, struct stat& status) {
+    return Done(fstat(Descriptor(file), &status)) != FALSE;
+}
+
 DWORD kvarn::Attributes(struct stat const& status) {
     DWORD const kind = S_ISDIR(status.st_mode) ? FILE_ATTRIBUTE_DIRECTORY : 0;
     DWORD const access = (status.st_mode & S_IWUSR) == 0 ? FILE_ATTRIBUTE_READONLY : 0;
@@ -246,8 +250,19 @@ DWORD GetFileAttributesA(LPCSTR path) {
     return FileStatus(path, status) ? kvarn::Attributes(status) : INVALID_FILE_ATTRIBUTES;
 }
 
-BOOL SetFileAttributesA(LPCSTR path, DWORD) {
-    return Done(access(HostPath(path).c_str(), F_OK));
+BOOL SetFileAttributesA(LPCSTR path, DWORD attributes) {
+    constexpr mode_t everybody = S_IWUSR | S_IWGRP | S_IWOTH;
+    struct stat status {};
+    if (!FileStatus(path, status)) {
+        return FALSE;
+    }
+    mode_t const now = status.st_mode & 07777;
+    bool const readOnly = (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+    bool const isReadOnly = (now & S_IWUSR) == 0;
+    mode_t const wanted = readOnly ? now & ~everybody : isReadOnly ? now | S_IWUSR : now;
+    return wanted == now
+               ? TRUE
+               : Done(OnPath(path, [wanted](char const* file) { return chmod(file, wanted); }));
 }
 
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES*) {

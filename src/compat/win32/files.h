@@ -51,7 +51,8 @@ DWORD GetFileType(HANDLE file);
 DWORD GetFinalPathNameByHandleA(HANDLE file, LPSTR path, DWORD size, DWORD flags);
 
 DWORD GetFileAttributesA(LPCSTR path);
-// Changes nothing: read-only is a matter of the mode, the others have no counterpart.
+// Read-only takes the right to write from everybody, its absence gives it to the owner; the others
+// have no counterpart.
 BOOL SetFileAttributesA(LPCSTR path, DWORD attributes);
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES* security);
 BOOL DeleteFileA(LPCSTR path);

@@ -18,6 +18,7 @@ inline int Descriptor(HANDLE handle) {
 // The status of the file at a path of the library; false, with the reason for GetLastError, where
 // there is none.
 bool FileStatus(LPCSTR path, struct stat& status);
+bool FileStatus(HANDLE file, struct stat& status);
 
 // As GetFileAttributes tells them.
 DWORD Attributes(struct stat const& status);

@@ -214,6 +214,21 @@ BOOL GetFileAttributesExA(LPCSTR path, GET_FILEEX_INFO_LEVELS, void* data) {
     return TRUE;
 }
 
+BOOL GetFileInformationByHandle(HANDLE file, BY_HANDLE_FILE_INFORMATION* information) {
+    struct stat status {};
+    if (!kvarn::FileStatus(file, status)) {
+        return FALSE;
+    }
+    Tell(*information, status);
+    return TRUE;
+}
+
+LONG CompareFileTime(FILETIME const* a, FILETIME const* b) {
+    std::int64_t const first = Ticks(*a);
+    std::int64_t const second = Ticks(*b);
+    return first == second ? 0 : first < second ? -1 : 1;
+}
+
 BOOL SetFileTime(HANDLE file, FILETIME const*, FILETIME const*, FILETIME const* written) {
     std::int64_t const ticks = Ticks(*written);
     timespec const times[] = {

@@ -52,6 +52,16 @@ struct WIN32_FILE_ATTRIBUTE_DATA {
 };
 BOOL GetFileAttributesExA(LPCSTR path, GET_FILEEX_INFO_LEVELS level, void* data);
 
+struct BY_HANDLE_FILE_INFORMATION {
+    DWORD dwFileAttributes;
+    FILETIME ftLastWriteTime; // the other members of the host's structure are not filled
+    DWORD nFileSizeHigh;
+    DWORD nFileSizeLow;
+};
+BOOL GetFileInformationByHandle(HANDLE file, BY_HANDLE_FILE_INFORMATION* information);
+// -1, 0 or 1 as the first time is before, equals or is after the second.
+LONG CompareFileTime(FILETIME const* a, FILETIME const* b);
+
 // By the zone's present distance from UTC, summer or winter, whatever the time, as Windows does.
 // Of a file that is open for writing: the time of its last change, the others are not looked at.
 BOOL SetFileTime(HANDLE file, FILETIME const* created, FILETIME const* accessed,
