@@ -141,6 +141,12 @@ bool SameText(std::string_view a, std::string_view b) {
     return a.size() == b.size() && CompareNoCase1252(a, b) == 0;
 }
 
+bool SamePath(std::string_view a, std::string_view b) {
+    auto const plain = [](char c) { return c == '/' ? '\\' : Lower1252(c); };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [&](char x, char y) { return plain(x) == plain(y); });
+}
+
 int CompareUpperNordic(std::string_view a, std::string_view b) {
     auto const capital = [](char c) { return upper[static_cast<unsigned char>(c)]; };
     auto const [atA, atB] = std::mismatch(a.begin(), a.end(), b.begin(), b.end(),

@@ -50,6 +50,9 @@ std::string_view TrimmedRight(std::string_view text);
 // Equal when the letters of code page 1252 are folded.
 bool SameText(std::string_view a, std::string_view b);
 
+// The same path as it is spelt: in any case, with either separator.
+bool SamePath(std::string_view a, std::string_view b);
+
 // The order of two texts in the capitals of ToUpperNordic, by their bytes: below, at or above 0.
 int CompareUpperNordic(std::string_view a, std::string_view b);
 

@@ -1,23 +1,9 @@
 #include "datafil.h"
 
-#include <algorithm>
-
 #include "../core/text.h"
 #include "../core/textfil.h"
 
 namespace kvarn {
-namespace {
-
-// The same path, with either separator.
-bool ArSamma(char const* path, CString const& annan) {
-    auto const medSnedstreck = [](std::string text) {
-        std::replace(text.begin(), text.end(), '/', '\\');
-        return text;
-    };
-    return SameText(medSnedstreck(path), medSnedstreck(annan.GetString()));
-}
-
-} // namespace
 
 bool LasDatafil(char const* path, std::string& text, CString& ejLast) {
     TextReader fil(path);
@@ -27,7 +13,7 @@ bool LasDatafil(char const* path, std::string& text, CString& ejLast) {
 }
 
 Rewritten SkrivDatafil(char const* path, std::string_view text, CString const& ejLast) {
-    return ArSamma(path, ejLast) && FileExists(path) ? Rewritten::cannotOpen
+    return SamePath(path, ejLast.GetString()) && FileExists(path) ? Rewritten::cannotOpen
                                                      : RewriteFile(path, text);
 }
 

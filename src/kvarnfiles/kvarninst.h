@@ -101,7 +101,7 @@ class KVARNPROG_API CKvarnInst {
     // rock-drilling program is kept apart. A file is copied from the CFG directory, else from the
     // main directory; where neither has it a file of lines "*" is made (not for the two Stenkod
     // files). Nothing is reported, and a file that fails does not stop the others. A copy takes its
-    // name when it is whole, has the time of its source, and can be written.
+    // name when it is whole, and has the attributes (read-only too) and the time of its source.
 
     // 1 when the project has settings of its own, whose missing files are then copied as by
     // CreateLokalaFiler(0, 0); else 0, and nothing is done.
@@ -111,14 +111,14 @@ class KVARNPROG_API CKvarnInst {
 
     // Copies what the project does not have; "KVARNBOK.PAR" only when withParFile is not 0. When
     // overwrite is not 0 it replaces LINKOD.PAR, KODFIL.DAT, JB23.PAR and MILJKOD.DAT, never the
-    // others: with the lines "*" too, where neither directory has the file. It then closes a pass
-    // that is under way. Returns 0.
+    // others: with the lines "*" too, where neither directory has the file. A pass that is under way
+    // on one of the project's files that are replaced is closed; any other goes on. Returns 0.
     int CreateLokalaFiler(int overwrite, int withParFile);
     // Copies "KLIPPBOK.PAR" where the project has none, whatever overwrite says. Returns 0.
     int CreateLokalStenFil(int overwrite);
 
-    // Deletes the project's copies, and closes a pass that is under way; "KLIPPBOK.PAR" is left to
-    // the second, which deletes it alone. They return 0.
+    // Deletes the project's copies, and closes a pass that is under way on one of them;
+    // "KLIPPBOK.PAR" is left to the second, which deletes it alone. They return 0.
     int RemoveLokalaFiler();
     int RemoveLokalStenFil();
 

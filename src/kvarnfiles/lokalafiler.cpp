@@ -33,17 +33,24 @@ std::array<Lokalfil, 6> Kodfiler() {
              {CProjPath::Miljkod, "*\n*\n*\n*\n*\n", true}}};
 }
 
-void Skapa(CProjPath const* projekt, CAutoIni const* ini, Lokalfil const& fil, bool skrivOver) {
-    CString const mal = kvarn::Projektkopia(projekt, fil.namn);
+void Skapa(CKvarnInst& inst, Lokalfil const& fil, bool skrivOver) {
+    CString const mal = kvarn::Projektkopia(inst.m_proj, fil.namn);
     if (mal.IsEmpty() || (kvarn::FileExists(mal) && !(skrivOver && fil.skrivsOver))) {
         return;
     }
-    CString const kalla = kvarn::Gemensam(ini, fil.namn);
+    kvarn::ClosePassOn(inst.m_fil, mal);
+    CString const kalla = kvarn::Gemensam(inst.m_ini, fil.namn);
     if (!kalla.IsEmpty()) {
-        kvarn::CopyWhole(kalla, mal, skrivOver);
+        kvarn::CopyWhole(kalla, mal, skrivOver ? kvarn::Existing::replaced : kvarn::Existing::kept);
     } else if (fil.tom != nullptr) {
         kvarn::RewriteFile(mal, kvarn::InTextMode(fil.tom));
     }
+}
+
+void TaBort(CKvarnInst& inst, char const* namn) {
+    CString const path = kvarn::Projektkopia(inst.m_proj, namn);
+    kvarn::ClosePassOn(inst.m_fil, path);
+    DeleteFileA(path);
 }
 
 } // namespace
@@ -61,34 +68,30 @@ int CKvarnInst::ProjStenInst() {
 }
 
 int CKvarnInst::CreateLokalaFiler(int overwrite, int withParFile) {
-    if (overwrite != 0) {
-        kvarn::StangPass(m_fil); // its file may be replaced
-    }
     if (withParFile != 0) {
-        Skapa(m_proj, m_ini, Parfil(CProjPath::KvarnParNamn), overwrite != 0);
+        Skapa(*this, Parfil(CProjPath::KvarnParNamn), overwrite != 0);
     }
     for (Lokalfil const& fil : Kodfiler()) {
-        Skapa(m_proj, m_ini, fil, overwrite != 0);
+        Skapa(*this, fil, overwrite != 0);
     }
     return 0;
 }
 
 int CKvarnInst::CreateLokalStenFil(int overwrite) {
-    Skapa(m_proj, m_ini, Parfil(CProjPath::StenParNamn), overwrite != 0);
+    Skapa(*this, Parfil(CProjPath::StenParNamn), overwrite != 0);
     return 0;
 }
 
 int CKvarnInst::RemoveLokalaFiler() {
-    kvarn::StangPass(m_fil); // its file would stay until it is closed
     for (char const* const namn : std::initializer_list<char const*>{
              CProjPath::KvarnParNamn, CProjPath::Linkod, CProjPath::Kodfil, CProjPath::Jb23ParNamn,
              CProjPath::Miljkod, stenkod, stenkodNorsk}) {
-        DeleteFileA(kvarn::Projektkopia(m_proj, namn));
+        TaBort(*this, namn);
     }
     return 0;
 }
 
 int CKvarnInst::RemoveLokalStenFil() {
-    DeleteFileA(kvarn::Projektkopia(m_proj, CProjPath::StenParNamn));
+    TaBort(*this, CProjPath::StenParNamn);
     return 0;
 }

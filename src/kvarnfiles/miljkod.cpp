@@ -76,8 +76,7 @@ std::optional<Miljpost> NastaPost(kvarn::TextReader& fil, bool medTal) {
             std::string_view const efterKod = rad.substr(rad.find(kod) + kod.size());
             return Tolkad(kod, kvarn::Trimmed(efterKod), medTal);
         }
-        MessageOut(kvarn::Format("Fel rad, namn är för långt\n%s"_1252, rad).c_str(),
-                   kvarn::messageOk, kvarn::messageExclamation, nullptr);
+        kvarn::Notify(kvarn::Format("Fel rad, namn är för långt\n%s"_1252, rad));
     }
     return std::nullopt;
 }

@@ -1,9 +1,11 @@
 #include "passfil.h"
 
 #include <memory>
+#include <string>
 #include <utility>
 #include <variant>
 
+#include "../core/text.h"
 #include "oppningsfel.h"
 
 namespace kvarn {
@@ -12,9 +14,10 @@ class PassFil {
   public:
     template <class Vag>
     PassFil(Passlag slag, std::in_place_type_t<Vag> vag, char const* path)
-        : m_slag(slag), m_fil(vag, path) {}
+        : m_slag(slag), m_path(path), m_fil(vag, path) {}
 
     Passlag Slag() const { return m_slag; }
+    std::string const& Path() const { return m_path; }
     // The file, where it goes that way: TextReader or TextWriter.
     template <class Vag> Vag* Som() { return std::get_if<Vag>(&m_fil); }
     bool ArStangd() const { return std::holds_alternative<std::monostate>(m_fil); }
@@ -32,6 +35,7 @@ class PassFil {
 
   private:
     Passlag m_slag;
+    std::string m_path;
     std::variant<std::monostate, TextReader, TextWriter> m_fil;
     int m_delare = 1;
 };
@@ -64,6 +68,12 @@ bool StangPass(PassFil*& plats) {
     bool const skriven = plats == nullptr || plats->Stang();
     Slapp(plats);
     return skriven;
+}
+
+void ClosePassOn(PassFil*& plats, char const* path) {
+    if (plats != nullptr && SamePath(plats->Path(), path)) {
+        StangPass(plats);
+    }
 }
 
 Laspass::Laspass(PassFil*& plats, Passlag slag) : m_plats(plats), m_slag(slag) {

@@ -19,6 +19,9 @@ PassFil* Dela(PassFil* fil);
 void Slapp(PassFil*& plats);
 // Closes the file of whatever pass is under way. False when a write failed with that.
 bool StangPass(PassFil*& plats);
+// The same only where that pass is on the file of this path, which is about to be replaced or
+// deleted: the host may keep the old file under its name as long as it is open.
+void ClosePassOn(PassFil*& plats, char const* path);
 
 // A reading pass of one kind, for one call. A reading pass of another kind is closed at once; one
 // that writes is left alone, and nothing is read.

@@ -167,6 +167,30 @@ TEST_F(PassTest, LocalCopiesEndAPassOnTheirFiles) {
     EXPECT_EQ(Read("KODFIL.DAT"), "*\r\n*\r\n");
 }
 
+TEST_F(PassTest, LocalCopiesLeaveEveryOtherPassAlone) {
+    auto const fill = [&] { m_folder.Write("cfg/KODFIL.DAT", "*\nA a\nB b\n*\n"); };
+    fill();
+    std::filesystem::remove(m_folder / "projekt/KODFIL.DAT");
+    char kod[256];
+    char text[256];
+    EXPECT_EQ(m_inst.KodfilDatRead(kod, text), 0); // of the shared file
+    m_inst.CreateLokalaFiler(1, 1);
+    m_inst.RemoveLokalaFiler();
+    EXPECT_EQ(m_inst.KodfilDatRead(kod, text), 0);
+    EXPECT_STREQ(kod, "B"); // and did not start over
+    EXPECT_EQ(m_inst.KodfilDatRead(kod, text), -1);
+
+    std::string const stampel = Api("STAMPEL.PAR");
+    EXPECT_EQ(m_inst.StampParWrite(stampel.c_str(), 1, "", "", "", "", ""), 0);
+    m_inst.CreateLokalaFiler(1, 1);
+    EXPECT_EQ(m_inst.StampParWrite(stampel.c_str(), 2, "a", "b", "1", "2", "3"), 0);
+    m_inst.RemoveLokalaFiler();
+    m_inst.RemoveLokalStenFil();
+    EXPECT_EQ(m_inst.StampParWrite(stampel.c_str(), 2, "c", "d", "4", "5", "6"), 0);
+    EXPECT_EQ(m_inst.StampParWrite(stampel.c_str(), 3, "", "", "", "", ""), 0);
+    EXPECT_EQ(Read("STAMPEL.PAR"), "a b 1 2 3\r\nc d 4 5 6\r\n");
+}
+
 TEST_F(PassTest, AFileThatCannotBeOpenedIsToldInItsOwnWords) {
     Boxes const boxes;
     for (char const* const name : {"KODFIL.DAT", "MILJKOD.DAT", "LINKOD.PAR", "STAMPEL.PAR"}) {
