@@ -41,13 +41,16 @@ Lines ModelLines(std::string const& text) {
     return lines;
 }
 
-// Each line in pieces of at most `most` characters; an empty line is one empty piece.
-Lines Pieces(Lines const& lines, std::size_t most) {
+// Each line, with its line end, in pieces of at most `most` characters, and the line end taken off.
+Lines Pieces(Lines lines, bool lastIsEnded, std::size_t most) {
     Lines pieces;
-    for (std::string const& line : lines) {
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        std::string const line = lines[i] + (i + 1 < lines.size() || lastIsEnded ? "\n" : "");
         std::size_t at = 0;
         do {
-            pieces.push_back(line.substr(at, most));
+            std::string piece = line.substr(at, most);
+            piece.resize(piece.size() - (piece.ends_with('\n') ? 1 : 0));
+            pieces.push_back(piece);
             at += most;
         } while (at < line.size());
     }
@@ -76,7 +79,9 @@ void CheckReader(kvarn::TextReader& reader, std::string const& text, std::size_t
     if (size < 2) {
         Check(ReadLines(reader) == model, "the lines of the model");
     } else {
-        Check(ReadPieces(reader, size) == Pieces(model, size - 1), "the pieces of the model");
+        bool const lastIsEnded = text.substr(0, text.find('\x1A')).ends_with('\n');
+        Check(ReadPieces(reader, size) == Pieces(model, lastIsEnded, size - 1),
+              "the pieces of the model");
     }
     Check(!reader.Failed(), "reading to the end is no failure");
 }

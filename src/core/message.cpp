@@ -119,6 +119,10 @@ void Notify(std::string_view text) {
     MessageOut(ToMessageBuffer(text), messageOk, messageExclamation, nullptr);
 }
 
+void NotifyTitled(std::string_view text) {
+    MessageOut(CString(ToMessageBuffer(text)), messageOk, messageExclamation, nullptr);
+}
+
 void SetLastMessage(std::string_view text) {
     CopyText(lastMessage, sizeof lastMessage, text);
 }

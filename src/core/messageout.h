@@ -39,7 +39,10 @@ void SetLastMessage(std::string_view text);
 constexpr std::size_t messageBufferSize = 2048;
 
 // Tells the user with the exclamation icon and the OK button, through the shared message buffer.
+// Over the main window it is the framework's own box; the second form's is the window's, whose
+// caption is the application title also where the application has another name.
 void Notify(std::string_view text);
+void NotifyTitled(std::string_view text);
 
 // Puts a text into the shared message buffer, cut to fit, and returns the buffer.
 char const* ToMessageBuffer(std::string_view text);

@@ -64,6 +64,7 @@ bool TextReader::Keep(std::string& text, std::string_view part) {
 // The next line up to its LF, or the last one without; the CR before the LF is taken off.
 bool TextReader::RawLine(std::string_view& line) {
     m_long.clear();
+    m_lineEnd = false;
     bool any = false;
     while (!m_window.empty() || Refill()) {
         std::size_t const feed = m_window.find('\n');
@@ -77,6 +78,7 @@ bool TextReader::RawLine(std::string_view& line) {
             continue;
         }
         m_window.remove_prefix(feed + 1);
+        m_lineEnd = true;
         line = m_long.empty() ? part : m_long;
         line.remove_suffix(line.ends_with('\r') ? 1 : 0);
         return true;
@@ -102,9 +104,11 @@ bool TextReader::ReadLine(char* line, std::size_t size) {
     if (!m_more && !ReadLine(m_rest)) {
         return false;
     }
+    std::size_t const room = size - 1;
+    bool const endFits = m_rest.size() < room;
     CopyText(line, size, m_rest);
-    m_rest.remove_prefix(std::min(m_rest.size(), size - 1));
-    m_more = !m_rest.empty();
+    m_rest.remove_prefix(std::min(m_rest.size(), room));
+    m_more = !m_rest.empty() || (m_lineEnd && !endFits);
     return true;
 }
 

@@ -33,7 +33,8 @@ class TextReader {
     // when a read failed.
     bool ReadLine(std::string_view& line);
     // The same, at most size - 1 characters and a zero (size: 2 or more); the rest of a longer line
-    // comes with the next call.
+    // comes with the next call. The line end takes a character's room: after a piece that is full a
+    // line that ends there is followed by an empty piece, as the runtime library's reading has it.
     bool ReadLine(char* line, std::size_t size);
 
     // Appends all that has not been read yet, line ends as they are, for those who read a text
@@ -55,6 +56,7 @@ class TextReader {
     std::string m_long;        // a line that spans buffers
     std::string_view m_rest;   // of a line that was longer than the caller's buffer
     bool m_more = false;
+    bool m_lineEnd = false; // the last line had one
 };
 
 // A line that ends a section or a file, in the many that are divided so.

@@ -50,6 +50,9 @@ class KVARNPROG_API CVag2 {
     //     0.000 1250.000
     //     -30.000 30.000
     //
+    // A road file's name of exactly 255 characters fills its piece of the file: its line end is
+    // taken for the stations' line, and the area file counts as incomplete.
+    //
     // -1 without a message for a missing or incomplete area file and one that names no road file;
     // what was read until then stays, but of a line with one number of two nothing is taken. -1
     // with the message of Init for the road file.

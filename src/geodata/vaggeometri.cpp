@@ -72,9 +72,9 @@ int CVaglinje::Bulge_r(kokotype* p1, kokotype* p2, double* radius, double* centr
         double const t = std::sqrt(rest);
         p1->bulge = (r > 0 ? -(r - t) : -(t + r)) / korda * 2;
     } else {
-        StatusText(kvarn::Format("%s %.2lf (%.2lf,%.2lf - %.2lf,%.2lf)",
-                                 "Fel (bulge->radie) radie:", r, p1->x, p1->y, p2->x, p2->y)
-                       .c_str());
+        StatusText(kvarn::ToMessageBuffer(kvarn::Format("%s %.2lf (%.2lf,%.2lf - %.2lf,%.2lf)",
+                                                        "Fel (bulge->radie) radie:", r, p1->x,
+                                                        p1->y, p2->x, p2->y)));
         p1->bulge = 0;
     }
     return 0;

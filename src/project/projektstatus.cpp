@@ -32,7 +32,7 @@ CString CProjektStatus::TxLoadString(unsigned int id) {
 }
 
 void CProjektStatus::Load() {
-    if (Home() == 0) {
+    if (m_forsta != nullptr) {
         return;
     }
     for (Standardstatus const& status : standard) {

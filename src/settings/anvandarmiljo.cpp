@@ -12,8 +12,8 @@ namespace kvarn {
 namespace {
 
 void KopieraEn(std::string const& fran, std::string const& till) {
-    if (!CopyWhole(fran.c_str(), till.c_str(), true)) {
-        Varna(Format("Kunde inte kopiera filen:\n%s\ntill:\n%s", fran, till));
+    if (!CopyWhole(fran.c_str(), till.c_str(), Existing::replaced)) {
+        NotifyTitled(Format("Kunde inte kopiera filen:\n%s\ntill:\n%s", fran, till));
     }
 }
 
@@ -61,10 +61,6 @@ std::string Utgavekatalog(std::int32_t utgava) {
     }
 }
 
-void Varna(std::string const& text) {
-    MessageOut(text.c_str(), messageOk, messageExclamation, nullptr);
-}
-
 Anvandarmiljo::Anvandarmiljo(std::string program)
     : m_data(Datakatalog()), m_program(std::move(program)) {}
 
@@ -100,7 +96,7 @@ Uppstart Anvandarmiljo::HamtaFranGemensamma() const {
         PathOf(PathOf(Gemensamdata().GetString(), programkatalog), m_program);
     std::string const ini = PathOf(katalog, iniNamn);
     if (!FileExists(ini.c_str())) {
-        Varna(Format(
+        NotifyTitled(Format(
             "Fel! Hittar inte data för Markvida för All Users, felaktig installation?!\n%s"_1252,
             ini));
         return ingaGemensammaData;
@@ -119,7 +115,7 @@ Uppstart Anvandarmiljo::Fyll(std::string const& fran) const {
 Uppstart Anvandarmiljo::SkapaKataloger() const {
     std::string const huvudkatalog = PathOf(m_data, "Orsakor");
     if (m_data.empty() || !MakeFolder(huvudkatalog.c_str())) {
-        Varna(Format("Kunde inte skapa applikationens huvudkatalog:\n%s", huvudkatalog));
+        NotifyTitled(Format("Kunde inte skapa applikationens huvudkatalog:\n%s", huvudkatalog));
         return ingenHuvudkatalog;
     }
     // Where one of these fails, so does the next.
@@ -127,7 +123,7 @@ Uppstart Anvandarmiljo::SkapaKataloger() const {
     MakeFolder(Programkatalog().c_str());
     for (std::string const& katalog : {m_utgavekatalog, m_katalog}) {
         if (!MakeFolder(katalog.c_str())) {
-            Varna(Format("Kunde inte skapa lokala kataloger:\n%s", katalog));
+            NotifyTitled(Format("Kunde inte skapa lokala kataloger:\n%s", katalog));
             return ingenAnvandarkatalog;
         }
     }

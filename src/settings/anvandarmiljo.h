@@ -22,9 +22,6 @@ constexpr std::int32_t senasteUtgava = 20;
 // A release as the last part of its registry key and of its folder, "R20"; empty for others.
 std::string Utgavekatalog(std::int32_t utgava);
 
-// A message box with an exclamation mark.
-void Varna(std::string const& text);
-
 class Anvandarmiljo {
   public:
     // With the user's application data, made where that is missing, and the name that the program's

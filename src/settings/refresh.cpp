@@ -75,7 +75,7 @@ void KopieraNyare(std::string const& fran, std::string const& till) {
     std::optional<std::uint64_t> const kalla = Andrad(fran);
     std::optional<std::uint64_t> const mal = Andrad(till);
     if (kalla && (!mal || *kalla > *mal)) {
-        kvarn::CopyWhole(fran.c_str(), till.c_str(), true);
+        kvarn::CopyWhole(fran.c_str(), till.c_str(), kvarn::Existing::replaced);
     }
 }
 

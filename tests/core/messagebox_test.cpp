@@ -7,6 +7,8 @@
 
 #include "core/message.h"
 #include "project/projpath.h"
+#include "settings/autoini.h"
+#include "support/installation.h"
 #include "support/privatemember.h"
 #include "support/window.h"
 
@@ -94,6 +96,24 @@ TEST(MessageBox, StandsOverTheMainWindowWithTheApplicationTitle) {
     ASSERT_TRUE(seen.found);
     EXPECT_EQ(seen.title, "Markvida"); // the library's, since this program has none
     EXPECT_EQ(seen.text, "Fel, kan EJ skapa katalog:\nC:\\saknas\\ny");
+    EXPECT_EQ(seen.owner, window.m_hWnd);
+}
+
+// The framework's own box has the program's name; the window's, which the first start uses, does
+// not.
+TEST(MessageBox, OfTheFirstStartHasTheApplicationTitleWhateverTheProgramsName) {
+    Installation installation;
+    installation.Install("R20", "C:\\Kvarnbok");
+    TestWindow window;
+    CWinApp application("Provrita");
+    application.m_pMainWnd = &window;
+    EXPECT_EQ(Provoke().title, "Provrita");
+    Reader reader;
+    CAutoIni ini;
+    EXPECT_EQ(ini.InitXPWay(20, "AX", nullptr), -2);
+    Seen const seen = reader.Result();
+    ASSERT_TRUE(seen.found);
+    EXPECT_EQ(seen.title, "Markvida");
     EXPECT_EQ(seen.owner, window.m_hWnd);
 }
 

@@ -59,13 +59,14 @@ TEST(Textfil, LinesAreThoseOfTextMode) {
 }
 
 TEST(Textfil, ABoundedReadLeavesTheRestForTheNext) {
-    TextReader reader(std::string_view("abcdefg\r\n\r\nhi\r\nabcd\r\nx"));
+    // A piece that is full leaves no room for the line end, which then is a piece of its own.
+    TextReader reader(std::string_view("abcdefg\r\n\r\nhi\r\nabcd\r\nabcdefgh\nx\nijkl"));
     Lines parts;
     char part[5];
     while (reader.ReadLine(part, sizeof part)) {
         parts.emplace_back(part);
     }
-    EXPECT_EQ(parts, (Lines{"abcd", "efg", "", "hi", "abcd", "x"}));
+    EXPECT_EQ(parts, (Lines{"abcd", "efg", "", "hi", "abcd", "", "abcd", "efgh", "", "x", "ijkl"}));
 
     TextReader mixed(std::string_view("abcdefg\nhi\n"));
     std::string_view rest;

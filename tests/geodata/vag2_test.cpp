@@ -136,6 +136,7 @@ TEST_F(Vag2Test, AFileThatCannotBeReadChangesNothing) {
 
 TEST_F(Vag2Test, TheAreaFileNamesTheRoadItsStationsAndItsOffsets) {
     Write("27.vl", combined);
+    std::string const wide = "*\r\n*\r\n" + std::string(255, 'n') + "\r\n1 2\r\n-3 4\r\n";
     struct {
         char const* file;
         int result;
@@ -150,6 +151,8 @@ TEST_F(Vag2Test, TheAreaFileNamesTheRoadItsStationsAndItsOffsets) {
         {"*\r\n*\r\n\r\n1 2\r\n-3 4\r\n", -1, {1, 2, -3, 4}}, // no name
         {"*\r\n27.vl\r\n1 2\r\n-3 4\r\n", -1, {0, 0, -30, 30}},
         {"*\r\n*\r\n27.vl\r\n*\r\n-3 4\r\n", 0, {0, 0, -3, 4}}, // a star in a line's place
+        // A full piece has no room for its line end, which is then taken for the stations' line.
+        {wide.c_str(), -1, {0, 0, -30, 30}},
         {"", -1, {0, 0, -30, 30}},
     };
     CVag2 vag;

@@ -271,6 +271,7 @@ TEST(BulgeR, BothWaysAndARadiusThatIsTooShort) {
     EXPECT_EQ(line.Bulge_r(&from, &to, &r, nullptr, nullptr, 0), 0);
     EXPECT_EQ(from.bulge, 0);
     EXPECT_EQ(status.Text(), "Fel (bulge->radie) radie: 8.66 (5.00,-8.66 - 5.00,8.66)");
+    EXPECT_EQ(status.Text(), MessageBuffer());
     from.bulge = 1;
     EXPECT_EQ(line.Bulge_r(&from, &from, &r, nullptr, nullptr, 0), 0);
     EXPECT_EQ(from.bulge, 0);

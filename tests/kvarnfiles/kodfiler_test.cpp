@@ -198,6 +198,7 @@ TEST_F(KodfilerTest, ALongCodeIsShownAndSkipped) {
     EXPECT_EQ(Miljkod(1), "ABCD/a/100/20\n");
     ASSERT_EQ(Boxes::Shown().size(), 1U);
     EXPECT_EQ(Boxes::Shown()[0].text, "Fel rad, namn är för långt\nABCDE lång kod"_1252);
+    EXPECT_EQ(Boxes::Shown()[0].text, MessageBuffer());
     EXPECT_EQ(Boxes::Shown()[0].caption, "<title>");
 }
 

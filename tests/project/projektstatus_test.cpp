@@ -15,9 +15,11 @@ TEST(ProjektStatus, TheLibrarysTexts) {
     EXPECT_EQ(status.SetStatus(3), -1);
     EXPECT_EQ(status.Find("Levererat"), 999);
     status.Load();
-    status.Load();
+    status.Home();
+    status++;
+    status.Load(); // a filled list stays as it is, its current entry too
     int antal = 0;
-    status.Where(&antal);
+    EXPECT_EQ(status.Where(&antal), 2);
     EXPECT_EQ(antal, 7);
     char const* const texts[] = {"Pågående"_1252, "Avslutat", "Arkiverat",
                                  "Levererat",     "Vilande",  "Ska arkiveras"};

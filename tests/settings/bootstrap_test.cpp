@@ -67,6 +67,7 @@ TEST_F(BootstrapTest, AnExplicitReleaseReadsTheUsersSettings) {
     EXPECT_EQ(Texts(), std::vector<std::string>{
                            "Fel! Hittar inte data f\xF6r Markvida f\xF6r aktuell anv\xE4ndare. "
                            "Starta upp via Samlaren!"});
+    EXPECT_EQ(Texts().front(), MessageBuffer());
     m_inst.Install("RELEASE", "C:\\Release"); // asked before
     m_inst.Write("Script\\x", "");
     std::string const settings =
