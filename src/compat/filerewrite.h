@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "host.h"
+#include "calls.h"
 
 namespace kvarn {
 

@@ -1,9 +1,15 @@
-// The one header through which everything else meets the host: Windows itself or the part of it
-// that other hosts are given, and MFC or the stand-ins for it.
+// The one header through which clients meet the host: Windows itself or the types and the few calls
+// of it that they need on other hosts, and MFC or the stand-ins for it. The library's own code
+// includes calls.h, which offers more.
 //
 // Built with MFC (KVARNPROG_MFC, or a client with the shared MFC library), MFC brings the Windows
 // headers along and nothing of compat/ is used.
 #pragma once
+
+#if defined(UNICODE) || defined(_UNICODE)
+#error                                                                                             \
+    "KvarnProg's texts are 8-bit, in code page 1252: build this file without UNICODE and _UNICODE"
+#endif
 
 #if defined(_AFXDLL) || defined(KVARNPROG_MFC)
 #include <afxcmn.h>
@@ -17,15 +23,11 @@
 #endif
 #include <windows.h>
 #else
-#include "win32/files.h"
+#include "win32/boxstyles.h"
 #include "win32/gdi.h"
-#include "win32/process.h"
-#include "win32/profile.h"
-#include "win32/registry.h"
+#include "win32/registrytypes.h"
 #include "win32/resources.h"
-#include "win32/search.h"
 #include "win32/types.h"
-#include "win32/window.h"
 #endif
 
 #include "afx/app.h"

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "host.h"
+#include "calls.h"
 
 namespace kvarn {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "../compat/host.h"
+#include "../compat/calls.h"
 
 // Shows a message box over the client's main window, brought to the foreground, or one owned by the
 // desktop where there is no live main window. Buttons and icon are styles of MessageBox. Without a

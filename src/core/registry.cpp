@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstring>
 
+#include "../compat/calls.h"
+
 namespace {
 
 constexpr DWORD longestText = 255; // bytes, with the zero

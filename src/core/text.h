@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "../compat/host.h"
+#include "../compat/calls.h"
 
 // Capitals for a to z and for å, ä, ö, each of these three both in code page 1252 and in the DOS
 // code page 437; in place. Every other byte stays.

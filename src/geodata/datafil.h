@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "../compat/filerewrite.h"
-#include "../compat/host.h"
+#include "../compat/calls.h"
 
 namespace kvarn {
 

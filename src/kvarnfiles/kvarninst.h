@@ -15,7 +15,7 @@ class PassFil;
 
 // Construct, call Init, then read and write. Every text is in code page 1252; of a file that is
 // missing in the project folder the copy in the CFG directory is taken, else the one in the main
-// directory (see ProjInst).
+// directory (see ProjInst). An empty project folder or directory holds no file.
 //
 // SETTINGS. The keys of three files, named by their plain file names without regard to case:
 // CProjPath::KvarnParNamn and StenParNamn (see CKvarnPAR) and Jb23ParNamn (see Jb23ReadKey). Every
@@ -186,8 +186,9 @@ class KVARNPROG_API CKvarnInst {
     // Adds the codes that programs rely on where they are missing: "X" to section 1, "TOLK" to 2
     // and "FK" to 3. The file is then rewritten in one step, with what MiljkodRead reads of it:
     // header, section 0 and skipped lines are gone, and a record of section 3 without a text gets
-    // its maximum as one. A file that has all three is not touched, and one that cannot be read to
-    // its end neither. Closes a pass that is under way. Shows the boxes of MiljkodRead, and that of
+    // its maximum as one; a code that begins with "*" gets a blank before it, since its line would
+    // end the section. A file that has all three is not touched, and one that cannot be read to its
+    // end neither. Closes a pass that is under way. Shows the boxes of MiljkodRead, and that of
     // MiljKodWrite when it cannot be written. Returns 0.
     int MiljkodUppdatX();
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "../compat/host.h"
+#include "../compat/calls.h"
 
 namespace kvarn {
 

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "compat/filecopy.h"
-#include "compat/host.h"
+#include "compat/calls.h"
 #include "support/child.h"
 #include "support/testfiles.h"
 

@@ -1,5 +1,8 @@
 // What must not compile, a case each; case 0 is the control that must. tests/CMakeLists.txt
 // compiles this file once a case and looks for the reason in what the compiler says.
+#if CASE == 9 // texts of another kind
+#define UNICODE
+#endif
 #include "compat/codepage.h"
 #include "core/format.h"
 #include "kvarnprog.h"

@@ -36,6 +36,16 @@ bool PointIsFound() {
            sektion == 120 && offset == 3;
 }
 
+// The library's texts and the fonts of its registry class, through calls that every host has.
+bool ResourcesAreReached() {
+    char title[64] = "";
+    LOGFONTA description = {};
+    HFONT const font = CreateFontIndirectA(&description);
+    return LoadStringA(LibraryModule(), AFX_IDS_APP_TITLE, title, sizeof title) > 0 &&
+           std::strcmp(title, "Markvida") == 0 &&
+           GetObjectA(font, sizeof description, &description) > 0 && DeleteObject(font) != 0;
+}
+
 } // namespace
 
 int main() {
@@ -45,7 +55,7 @@ int main() {
     CKvarnInst inst;
     inst.Init(&ini, &projekt);
     bool const answered = inst.ReadKey(CProjPath::KvarnParNamn, "HSKALA") == "100";
-    bool const worked = answered && CopyIsRefused() && PointIsFound();
+    bool const worked = answered && CopyIsRefused() && PointIsFound() && ResourcesAreReached();
     std::printf("%s %d\n", ClientMessage(), worked);
     return worked ? 0 : 1;
 }

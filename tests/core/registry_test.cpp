@@ -1,6 +1,8 @@
 // The registry class, on the host's registry.
 #include <gtest/gtest.h>
 
+#include "compat/calls.h"
+
 #include "core/registry.h"
 #include "support/child.h"
 #include "support/testfiles.h"

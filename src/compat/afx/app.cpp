@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "../host.h"
+#include "../calls.h"
 #if defined(_WIN32)
 #include <commctrl.h>
 #endif

@@ -2,6 +2,7 @@
 // description that it was made from.
 #pragma once
 
+#include "../../library/export.h"
 #include "types.h"
 
 struct POINT {
@@ -46,7 +47,7 @@ struct HFONT__;
 using HFONT = HFONT__*;
 using HGDIOBJ = void*;
 
-HFONT CreateFontIndirectA(LOGFONTA const* description);
+KVARNPROG_API HFONT CreateFontIndirectA(LOGFONTA const* description);
 // Copies a font's description, `size` bytes of it. Returns the bytes copied, 0 without a font.
-int GetObjectA(HGDIOBJ object, int size, void* description);
-BOOL DeleteObject(HGDIOBJ object);
+KVARNPROG_API int GetObjectA(HGDIOBJ object, int size, void* description);
+KVARNPROG_API BOOL DeleteObject(HGDIOBJ object);

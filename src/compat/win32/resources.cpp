@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "modules.h"
+
 // Defined by library/; absent where its objects are not linked.
 extern kvarn::ModuleResources const kvarnprogResources __attribute__((weak));
 

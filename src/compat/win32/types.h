@@ -1,4 +1,4 @@
-// The basic Windows types and the error codes, for hosts that are not Windows.
+// The basic Windows types, for hosts that are not Windows.
 #pragma once
 
 #include <cstdint>
@@ -31,20 +31,3 @@ constexpr BOOL FALSE = 0;
 constexpr BOOL TRUE = 1;
 #endif
 constexpr DWORD MAX_PATH = 260;
-
-constexpr DWORD ERROR_SUCCESS = 0;
-constexpr DWORD ERROR_FILE_NOT_FOUND = 2;
-constexpr DWORD ERROR_PATH_NOT_FOUND = 3;
-constexpr DWORD ERROR_ACCESS_DENIED = 5;
-constexpr DWORD ERROR_INVALID_HANDLE = 6;
-constexpr DWORD ERROR_GEN_FAILURE = 31;
-constexpr DWORD ERROR_SHARING_VIOLATION = 32;
-constexpr DWORD ERROR_FILE_EXISTS = 80;
-constexpr DWORD ERROR_DISK_FULL = 112;
-constexpr DWORD ERROR_INSUFFICIENT_BUFFER = 122;
-constexpr DWORD ERROR_INVALID_NAME = 123;
-constexpr DWORD ERROR_ALREADY_EXISTS = 183;
-
-// The error of the last Windows call that failed on this thread.
-DWORD GetLastError();
-void SetLastError(DWORD error);
