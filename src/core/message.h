@@ -27,8 +27,8 @@ KVARNPROG_API void SetMessageBoxHandler(MessageBoxHandler handler);
 
 // The shared message buffer: 2,048 bytes, zero-filled at load and never cleared. It holds the text
 // that was last made for a box over the main window or for the status bar, but for bad lines of
-// data files (see LastMessage) and boxes with a caption of their own. Two readers of data files look
-// at it.
+// data files (see LastMessage) and boxes with a caption of their own. Two readers of data files
+// look at it.
 KVARNPROG_API char* MessageBuffer();
 
 // The text of the last bad line of a data file; empty at load.

@@ -14,7 +14,7 @@ bool LasDatafil(char const* path, std::string& text, CString& ejLast) {
 
 Rewritten SkrivDatafil(char const* path, std::string_view text, CString const& ejLast) {
     return SamePath(path, ejLast.GetString()) && FileExists(path) ? Rewritten::cannotOpen
-                                                     : RewriteFile(path, text);
+                                                                  : RewriteFile(path, text);
 }
 
 } // namespace kvarn

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "../compat/filerewrite.h"
 #include "../compat/calls.h"
+#include "../compat/filerewrite.h"
 
 namespace kvarn {
 

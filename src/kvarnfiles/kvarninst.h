@@ -111,8 +111,8 @@ class KVARNPROG_API CKvarnInst {
 
     // Copies what the project does not have; "KVARNBOK.PAR" only when withParFile is not 0. When
     // overwrite is not 0 it replaces LINKOD.PAR, KODFIL.DAT, JB23.PAR and MILJKOD.DAT, never the
-    // others: with the lines "*" too, where neither directory has the file. A pass that is under way
-    // on one of the project's files that are replaced is closed; any other goes on. Returns 0.
+    // others: with the lines "*" too, where neither directory has the file. A pass that is under
+    // way on one of the project's files that are replaced is closed; any other goes on. Returns 0.
     int CreateLokalaFiler(int overwrite, int withParFile);
     // Copies "KLIPPBOK.PAR" where the project has none, whatever overwrite says. Returns 0.
     int CreateLokalStenFil(int overwrite);

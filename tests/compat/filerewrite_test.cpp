@@ -6,8 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include "compat/filecopy.h"
 #include "compat/calls.h"
+#include "compat/filecopy.h"
 #include "support/child.h"
 #include "support/testfiles.h"
 
