@@ -1,55 +1,55 @@
 #include "initext.h"
 
-#include "../codepage.h"
+#include "utf16.h"
 
 namespace kvarn {
 namespace {
 
-bool Same(std::string_view a, std::string_view b) {
-    return CompareNoCase1252(a, b) == 0;
+bool Same(std::u16string_view a, std::u16string_view b) {
+    return Capitals(a) == Capitals(b);
 }
 
-std::string_view Trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r\n";
+std::u16string_view Trimmed(std::u16string_view text) {
+    constexpr std::u16string_view blanks = u" \t\r\n";
     std::size_t const first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) {
+    if (first == std::u16string_view::npos) {
         return {};
     }
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-std::string_view Unquoted(std::string_view value) {
+std::u16string_view Unquoted(std::u16string_view value) {
     bool const quoted = value.size() >= 2 && value.front() == value.back() &&
-                        (value.front() == '"' || value.front() == '\'');
+                        (value.front() == u'"' || value.front() == u'\'');
     return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
 struct Line {
     std::size_t begin;
     std::size_t end; // past the line end
-    std::string_view text;
+    std::u16string_view text;
 };
 
-Line LineAt(std::string_view ini, std::size_t begin) {
-    std::size_t const feed = ini.find('\n', begin);
-    std::size_t const end = feed == std::string_view::npos ? ini.size() : feed + 1;
+Line LineAt(std::u16string_view ini, std::size_t begin) {
+    std::size_t const feed = ini.find(u'\n', begin);
+    std::size_t const end = feed == std::u16string_view::npos ? ini.size() : feed + 1;
     return {begin, end, Trimmed(ini.substr(begin, end - begin))};
 }
 
-bool IsSection(std::string_view line) {
-    return line.starts_with('[');
+bool IsSection(std::u16string_view line) {
+    return line.starts_with(u'[');
 }
 
-std::string_view SectionName(std::string_view line) {
-    return Trimmed(line.substr(1, line.find(']') - 1));
+std::u16string_view SectionName(std::u16string_view line) {
+    return Trimmed(line.substr(1, line.find(u']') - 1));
 }
 
-bool IsComment(std::string_view line) {
-    return line.starts_with(';');
+bool IsComment(std::u16string_view line) {
+    return line.starts_with(u';');
 }
 
-std::string_view KeyOf(std::string_view line) {
-    return Trimmed(line.substr(0, line.find('=')));
+std::u16string_view KeyOf(std::u16string_view line) {
+    return Trimmed(line.substr(0, line.find(u'=')));
 }
 
 // Where a key stands, or where it would be added.
@@ -60,7 +60,7 @@ struct Place {
     std::size_t insert = 0;
 };
 
-Place Find(std::string_view ini, std::string_view section, std::string_view key) {
+Place Find(std::u16string_view ini, std::u16string_view section, std::u16string_view key) {
     Place place;
     section = Trimmed(section);
     key = Trimmed(key);
@@ -89,41 +89,57 @@ Place Find(std::string_view ini, std::string_view section, std::string_view key)
 }
 
 // The text up to a position, ended by a line end.
-std::string WholeLines(std::string_view ini, std::size_t end) {
-    std::string text(ini.substr(0, end));
-    if (!text.empty() && !text.ends_with('\n')) {
-        text += "\r\n";
+std::u16string WholeLines(std::u16string_view ini, std::size_t end) {
+    std::u16string text(ini.substr(0, end));
+    if (!text.empty() && !text.ends_with(u'\n')) {
+        text += u"\r\n";
     }
     return text;
 }
 
 } // namespace
 
-std::optional<std::string_view> IniValue(std::string_view ini, std::string_view section,
-                                         std::string_view key) {
+IniText::IniText(std::string_view bytes) : utf16(bytes.starts_with(utf16Mark)) {
+    if (utf16) {
+        text = FromBytes(bytes.substr(utf16Mark.size()));
+        whole = bytes.size() % 2 == 0;
+    } else if (bytes.starts_with("\xFE\xFF")) {
+        whole = false;
+    } else {
+        text = ToUtf16(bytes);
+    }
+}
+
+std::string IniText::Bytes() const {
+    return utf16 ? std::string(utf16Mark) + ToBytes(text) : FromUtf16(text);
+}
+
+std::optional<std::u16string_view> IniValue(std::u16string_view ini, std::u16string_view section,
+                                            std::u16string_view key) {
     Place const place = Find(ini, section, key);
     if (!place.key) {
         return std::nullopt;
     }
-    std::size_t const equals = place.line.text.find('=');
-    return equals == std::string_view::npos ? std::string_view()
-                                            : Unquoted(Trimmed(place.line.text.substr(equals + 1)));
+    std::size_t const equals = place.line.text.find(u'=');
+    return equals == std::u16string_view::npos
+               ? std::u16string_view()
+               : Unquoted(Trimmed(place.line.text.substr(equals + 1)));
 }
 
-std::string WithIniValue(std::string_view ini, std::string_view section, std::string_view key,
-                         std::optional<std::string_view> value) {
+std::u16string WithIniValue(std::u16string_view ini, std::u16string_view section,
+                            std::u16string_view key, std::optional<std::u16string_view> value) {
     Place const place = Find(ini, section, key);
     if (!place.key && !value) {
-        return std::string(ini);
+        return std::u16string(ini);
     }
-    std::string text = WholeLines(ini, place.key ? place.line.begin : place.insert);
+    std::u16string text = WholeLines(ini, place.key ? place.line.begin : place.insert);
     if (!place.section) {
-        text.append("[").append(Trimmed(section)).append("]\r\n");
+        text.append(u"[").append(Trimmed(section)).append(u"]\r\n");
     }
     if (value) {
         // An existing key keeps its own spelling.
-        text.append(place.key ? KeyOf(place.line.text) : Trimmed(key)).append("=").append(*value);
-        text += "\r\n";
+        text.append(place.key ? KeyOf(place.line.text) : Trimmed(key)).append(u"=").append(*value);
+        text += u"\r\n";
     }
     return text.append(ini.substr(place.key ? place.line.end : place.insert));
 }

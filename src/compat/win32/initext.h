@@ -7,15 +7,28 @@
 
 namespace kvarn {
 
+// A file's bytes as a text: UTF-16 where they begin with its mark, else code page 1252. The
+// characters that are left as they are come back as the bytes that they were.
+struct IniText {
+    explicit IniText(std::string_view bytes);
+    std::string Bytes() const;
+
+    std::u16string text;
+    bool utf16 = false;
+    // Not when the file holds what the text does not: half a character at its end, or anything
+    // after the mark of the other byte order. It must not be written then.
+    bool whole = true;
+};
+
 // The first value of the key in the first section of the name, without the blanks around it and
 // without one pair of quotes; nothing when the section or the key is missing.
-std::optional<std::string_view> IniValue(std::string_view ini, std::string_view section,
-                                         std::string_view key);
+std::optional<std::u16string_view> IniValue(std::u16string_view ini, std::u16string_view section,
+                                            std::u16string_view key);
 
 // The text with the key's value replaced, added or (without a value) removed. A new key follows the
 // last line of its section that is not blank, a new section the end of the text; every other line
 // stays as it is.
-std::string WithIniValue(std::string_view ini, std::string_view section, std::string_view key,
-                         std::optional<std::string_view> value);
+std::u16string WithIniValue(std::u16string_view ini, std::u16string_view section,
+                            std::u16string_view key, std::optional<std::u16string_view> value);
 
 } // namespace kvarn

@@ -1,4 +1,8 @@
 // INI files by the Windows calls, for hosts that are not Windows.
+//
+// A file that begins with the mark of UTF-16, lower byte first, is read as that and stays so:
+// letters outside code page 1252 are read as question marks, and kept on writing. A file with the
+// mark of the other byte order, or with half a character at its end, is never written.
 #pragma once
 
 #include "types.h"
