@@ -1,5 +1,8 @@
 // INI files by Windows' own functions and by what stands in for them: what is in the file after a
 // write, and what is read from it.
+#include <cstdlib>
+#include <cstring>
+
 #include <gtest/gtest.h>
 
 #include "compat/host.h"
@@ -76,9 +79,79 @@ TEST_F(ProfileTest, LettersOutsideTheCodePageAreReadAsQuestionMarksAndKept) {
     EXPECT_EQ(Bytes(), Utf16("; 1234\r\n[S]\r\nA=1a23b4\r\nB=y\r\n5=\r\n", units));
 }
 
+TEST_F(ProfileTest, BlanksAroundTheNamesAndValuesOfAFileDoNotCount) {
+    for (std::string const blank : {" ", "\t", "\v", "\f"}) {
+        File(blank + "[" + blank + "S" + blank + "]" + blank + "\r\n" + blank + "\r\n" + //
+             blank + "A" + blank + "=" + blank + "1" + blank + "\r\n");
+        EXPECT_EQ(Value("S", "A"), "1") << testing::PrintToString(blank);
+        EXPECT_EQ(Value(" S ", " A "), "1");
+        EXPECT_TRUE(Write("S", "A", nullptr));
+        EXPECT_EQ(Value("S", "A"), "<none>");
+    }
+}
+
+TEST_F(ProfileTest, WithoutAKeyTheWholeSectionIsRemoved) {
+    std::string const before = "; first\r\nOUT=1\r\n[A]\r\nX=1\r\nY=2\r\n";
+    std::string const after = "[B]\r\n; about X\r\nX=3\r\n[a]\r\nX=4\r\n";
+    File(before + after);
+    EXPECT_TRUE(Write("missing", nullptr, nullptr));
+    EXPECT_EQ(Bytes(), before + after);
+    EXPECT_TRUE(Write("a", nullptr, nullptr));
+    EXPECT_EQ(Bytes(), "; first\r\nOUT=1\r\n" + after);
+    EXPECT_EQ(Value("A", "X"), "4"); // of the next section of the name
+    EXPECT_TRUE(Write("A", nullptr, "not looked at"));
+    EXPECT_TRUE(Write("B", nullptr, nullptr));
+    EXPECT_EQ(Bytes(), "; first\r\nOUT=1\r\n");
+    EXPECT_FALSE(Write(nullptr, nullptr, nullptr));
+
+    m_name = "missing.ini";
+    EXPECT_TRUE(Write("A", nullptr, nullptr));
+    EXPECT_FALSE(std::filesystem::exists(m_folder / m_name));
+
+    File("[A]\r\nX=1\r\n[B]\r\nX=3\r\n");
+    CWinApp application;
+    std::string const path = Path();
+    void* const name = std::malloc(path.size() + 1); // freed by the object
+    std::memcpy(name, path.c_str(), path.size() + 1);
+    application.m_pszProfileName = static_cast<char const*>(name);
+    EXPECT_TRUE(application.WriteProfileString("A", nullptr, nullptr));
+    EXPECT_EQ(Bytes(), "[B]\r\nX=3\r\n");
+}
+
 #if !defined(_WIN32)
 
-// Here alone: Windows adds 8-bit text to the first file, which spoils it.
+// From here on what Wine does otherwise.
+
+// Wine drops blank lines, and adds a key after the comments.
+TEST_F(ProfileTest, ANewKeyFollowsTheLastKeyOfItsSection) {
+    File("; first\r\n[S]\r\n; about A\r\nA=1\r\n\r\n ; about T\r\n\t\v\f\r\n[T]\r\n; none\r\n");
+    EXPECT_TRUE(Write("S", "B", "2"));
+    EXPECT_TRUE(Write("S", "C", "3"));
+    EXPECT_TRUE(Write("T", "D", "4"));
+    EXPECT_EQ(Bytes(), "; first\r\n[S]\r\n; about A\r\nA=1\r\nB=2\r\nC=3\r\n\r\n ; about T\r\n"
+                       "\t\v\f\r\n[T]\r\nD=4\r\n; none\r\n");
+    File("[S]\r\nA=1\r\n; end");
+    EXPECT_TRUE(Write("S", "B", "2"));
+    EXPECT_EQ(Bytes(), "[S]\r\nA=1\r\nB=2\r\n; end");
+}
+
+// Wine takes the other blanks off them too.
+TEST_F(ProfileTest, OfTheNamesThatAreAskedForSpacesAloneDoNotCount) {
+    File("[S]\r\nA=1\r\n");
+    for (std::string const blank : {"\t", "\v", "\f", "\r"}) {
+        EXPECT_EQ(Value("S", (blank + "A").c_str()), "<none>") << testing::PrintToString(blank);
+        EXPECT_EQ(Value("S", ("A" + blank).c_str()), "<none>");
+        EXPECT_EQ(Value((blank + "S").c_str(), "A"), "<none>");
+        EXPECT_TRUE(Write(("S" + blank).c_str(), "A", nullptr));
+        EXPECT_TRUE(Write("S", ("A" + blank).c_str(), nullptr));
+        EXPECT_TRUE(Write((blank + "S").c_str(), nullptr, nullptr));
+    }
+    EXPECT_EQ(Bytes(), "[S]\r\nA=1\r\n");
+    EXPECT_TRUE(Write(" \tT ", " \tB ", "2"));
+    EXPECT_EQ(Bytes(), "[S]\r\nA=1\r\n[\tT]\r\n\tB=2\r\n");
+}
+
+// Windows adds 8-bit text to the first file, which spoils it; Wine reads it.
 TEST_F(ProfileTest, AFileThatIsNotUnderstoodIsNotWritten) {
     std::string const highFirst = "\xFE\xFF\0[\0S\0]\0\n\0A\0=\0001\0\n"s;
     for (std::string const& bytes : {highFirst, Utf16("[S]\r\nA=1\r\n") + 'x'}) {

@@ -1,16 +1,21 @@
 #include "initext.h"
 
+#include <algorithm>
+
 #include "utf16.h"
 
 namespace kvarn {
 namespace {
 
 bool Same(std::u16string_view a, std::u16string_view b) {
-    return Capitals(a) == Capitals(b);
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char16_t x, char16_t y) { return Capital(x) == Capital(y); });
 }
 
-std::u16string_view Trimmed(std::u16string_view text) {
-    constexpr std::u16string_view blanks = u" \t\r\n";
+constexpr std::u16string_view blanksOfLines = u" \t\v\f\r\n";
+constexpr std::u16string_view blanksOfNames = u" "; // that a program asks for
+
+std::u16string_view Trimmed(std::u16string_view text, std::u16string_view blanks = blanksOfLines) {
     std::size_t const first = text.find_first_not_of(blanks);
     if (first == std::u16string_view::npos) {
         return {};
@@ -44,46 +49,59 @@ std::u16string_view SectionName(std::u16string_view line) {
     return Trimmed(line.substr(1, line.find(u']') - 1));
 }
 
-bool IsComment(std::u16string_view line) {
-    return line.starts_with(u';');
-}
-
 std::u16string_view KeyOf(std::u16string_view line) {
     return Trimmed(line.substr(0, line.find(u'=')));
+}
+
+bool IsKey(std::u16string_view line) {
+    return !line.empty() && !line.starts_with(u';'); // not a comment
+}
+
+// The first section of a name, from its header to the next.
+struct Section {
+    std::size_t begin;
+    std::size_t end;
+};
+
+std::optional<Section> FindSection(std::u16string_view ini, std::u16string_view name) {
+    std::optional<Section> section;
+    name = Trimmed(name, blanksOfNames);
+    for (std::size_t at = 0; at < ini.size();) {
+        Line const line = LineAt(ini, at);
+        at = line.end;
+        if (IsSection(line.text) && section) {
+            section->end = line.begin;
+            break;
+        }
+        if (IsSection(line.text) && Same(SectionName(line.text), name)) {
+            section = {line.begin, ini.size()};
+        }
+    }
+    return section;
 }
 
 // Where a key stands, or where it would be added.
 struct Place {
     bool section = false;
     bool key = false;
-    Line line{}; // of the key
-    std::size_t insert = 0;
+    Line line{};           // of the key
+    std::size_t after = 0; // past that line, or past the one that the key would follow
 };
 
 Place Find(std::u16string_view ini, std::u16string_view section, std::u16string_view key) {
     Place place;
-    section = Trimmed(section);
-    key = Trimmed(key);
-    for (std::size_t at = 0; at < ini.size();) {
+    key = Trimmed(key, blanksOfNames);
+    std::optional<Section> const found = FindSection(ini, section);
+    place.section = found.has_value();
+    place.after = found ? LineAt(ini, found->begin).end : ini.size();
+    for (std::size_t at = place.after; found && !place.key && at < found->end;) {
         Line const line = LineAt(ini, at);
         at = line.end;
-        if (IsSection(line.text)) {
-            if (place.section) {
-                break; // only the first section of the name counts
-            }
-            place.section = Same(SectionName(line.text), section);
-        } else if (place.section && !line.text.empty() && !IsComment(line.text) &&
-                   Same(KeyOf(line.text), key)) {
-            place.key = true;
+        if (IsKey(line.text)) {
+            place.key = Same(KeyOf(line.text), key);
             place.line = line;
-            break;
+            place.after = line.end;
         }
-        if (place.section && !line.text.empty()) {
-            place.insert = line.end;
-        }
-    }
-    if (!place.section) {
-        place.insert = ini.size();
     }
     return place;
 }
@@ -132,16 +150,24 @@ std::u16string WithIniValue(std::u16string_view ini, std::u16string_view section
     if (!place.key && !value) {
         return std::u16string(ini);
     }
-    std::u16string text = WholeLines(ini, place.key ? place.line.begin : place.insert);
+    std::u16string text = WholeLines(ini, place.key ? place.line.begin : place.after);
     if (!place.section) {
-        text.append(u"[").append(Trimmed(section)).append(u"]\r\n");
+        text.append(u"[").append(Trimmed(section, blanksOfNames)).append(u"]\r\n");
     }
     if (value) {
         // An existing key keeps its own spelling.
-        text.append(place.key ? KeyOf(place.line.text) : Trimmed(key)).append(u"=").append(*value);
-        text += u"\r\n";
+        text.append(place.key ? KeyOf(place.line.text) : Trimmed(key, blanksOfNames));
+        text.append(u"=").append(*value).append(u"\r\n");
     }
-    return text.append(ini.substr(place.key ? place.line.end : place.insert));
+    return text.append(ini.substr(place.after));
+}
+
+std::u16string WithoutIniSection(std::u16string_view ini, std::u16string_view section) {
+    std::u16string text(ini);
+    if (std::optional<Section> const found = FindSection(ini, section)) {
+        text.erase(found->begin, found->end - found->begin);
+    }
+    return text;
 }
 
 } // namespace kvarn

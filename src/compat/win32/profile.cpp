@@ -27,6 +27,16 @@ std::string FullPath(LPCSTR path) {
     return IsBare(name) ? std::string(windowsFolder) + "\\" + name : name;
 }
 
+std::u16string Changed(std::u16string_view ini, LPCSTR section, LPCSTR key, LPCSTR value) {
+    std::u16string const name = kvarn::ToUtf16(section);
+    if (key == nullptr) {
+        return kvarn::WithoutIniSection(ini, name);
+    }
+    std::optional<std::u16string> const newValue =
+        value != nullptr ? std::optional(kvarn::ToUtf16(value)) : std::nullopt;
+    return kvarn::WithIniValue(ini, name, kvarn::ToUtf16(key), newValue);
+}
+
 } // namespace
 
 DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR standard, LPSTR buffer,
@@ -49,8 +59,8 @@ DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR standard, LPST
 }
 
 BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR path) {
-    if (section == nullptr || key == nullptr) {
-        return FALSE; // removing whole sections is not offered
+    if (section == nullptr) {
+        return FALSE;
     }
     std::string const target = FullPath(path);
     bool const exists = GetFileAttributesA(target.c_str()) != INVALID_FILE_ATTRIBUTES;
@@ -59,10 +69,7 @@ BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR
     if ((exists && !old) || !ini.whole) {
         return FALSE; // what cannot be read is not replaced
     }
-    std::optional<std::u16string> const newValue =
-        value != nullptr ? std::optional(kvarn::ToUtf16(value)) : std::nullopt;
-    std::u16string text =
-        kvarn::WithIniValue(ini.text, kvarn::ToUtf16(section), kvarn::ToUtf16(key), newValue);
+    std::u16string text = Changed(ini.text, section, key, value);
     if (text == ini.text) {
         return TRUE;
     }

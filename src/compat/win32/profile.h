@@ -13,6 +13,7 @@
 DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR standard, LPSTR buffer,
                                DWORD size, LPCSTR path);
 
-// Writes a key, or removes it when the value is null. Comments, order and everything else stay as
+// Writes a key, or removes it when the value is null, or removes the whole section when the key is
+// null: TRUE also where nothing is to be removed. Comments, order and everything else stay as
 // they are; the file is replaced in one step.
 BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR path);
