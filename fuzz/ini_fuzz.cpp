@@ -1,123 +1,150 @@
-// The text of an INI file: any bytes are searched and changed without harm; a value that was
-// written reads back, and every other line stays where it was.
+// The text of an INI file: any bytes come back, and are searched and changed without harm; a value
+// that was written reads back, and every other line stays where it was.
 #include <algorithm>
 #include <cstdint>
 #include <fuzzer/FuzzedDataProvider.h>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "check.h"
-#include "compat/codepage.h"
 #include "compat/win32/initext.h"
+#include "compat/win32/utf16.h"
 
+using kvarn::IniText;
 using kvarn::IniValue;
+using kvarn::ToUtf16;
 using kvarn::WithIniValue;
+using kvarn::WithoutIniSection;
 
 namespace {
 
-std::string Trimmed(std::string_view text) {
-    constexpr char const* blanks = " \t\r\n";
+std::u16string Trimmed(std::u16string_view text) {
+    constexpr std::u16string_view blanks = u" \t\v\f\r\n";
     std::size_t const first = std::min(text.find_first_not_of(blanks), text.size());
     text.remove_prefix(first);
-    return std::string(text.substr(0, text.find_last_not_of(blanks) + 1));
+    return std::u16string(text.substr(0, text.find_last_not_of(blanks) + 1));
 }
 
 // A text that a program may use as a name or a value: on one line, without blanks at its ends, and
 // without the characters that would make it something else.
-std::string Sane(std::string text, std::string_view excluded) {
-    std::erase_if(text, [&](char c) { return excluded.find(c) != std::string_view::npos; });
+std::u16string Sane(std::u16string text, std::u16string_view excluded) {
+    std::erase_if(text, [&](char16_t c) { return excluded.find(c) != std::u16string_view::npos; });
     return Trimmed(text);
 }
 
-bool Same(std::string const& a, std::string const& b) {
-    return kvarn::CompareNoCase1252(a, b) == 0;
+bool Same(std::u16string const& a, std::u16string const& b) {
+    return kvarn::Capitals(a) == kvarn::Capitals(b);
 }
 
-std::string Unquoted(std::string const& text) {
-    bool const quoted = text.size() > 1 && (text[0] == '"' || text[0] == '\'') &&
+std::u16string Unquoted(std::u16string const& text) {
+    bool const quoted = text.size() > 1 && (text[0] == u'"' || text[0] == u'\'') &&
                         text.find_last_of(text[0]) == text.size() - 1;
     return quoted ? text.substr(1, text.size() - 2) : text;
 }
 
-// The value, looked for line by line.
-std::optional<std::string> ModelValue(std::string const& ini, std::string const& section,
-                                      std::string const& key) {
-    bool inside = false;
-    std::istringstream stream(ini);
-    for (std::string text; std::getline(stream, text);) {
-        std::string const line = Trimmed(text);
-        if (line.starts_with('[')) {
-            if (inside) {
-                break;
-            }
-            inside = Same(Trimmed(line.substr(1, line.find(']') - 1)), section);
-        } else if (inside && !line.starts_with(';')) {
-            std::size_t const equals = std::min(line.find('='), line.size());
-            if (Same(Trimmed(line.substr(0, equals)), key)) {
-                return Unquoted(Trimmed(line.substr(std::min(equals + 1, line.size()))));
-            }
-        }
-    }
-    return std::nullopt;
-}
-
-using Lines = std::vector<std::string>;
+using Lines = std::vector<std::u16string>;
 
 // Without their ends: a last line may get one when another line follows.
-Lines LinesOf(std::string_view text) {
+Lines LinesOf(std::u16string_view text) {
     Lines lines;
     while (!text.empty()) {
-        std::size_t const end = std::min(text.find('\n'), text.size() - 1) + 1;
-        std::string_view const line = text.substr(0, end);
-        lines.emplace_back(line.substr(0, line.find_last_not_of("\r\n") + 1));
+        std::size_t const end = std::min(text.find(u'\n'), text.size() - 1) + 1;
+        std::u16string_view const line = text.substr(0, end);
+        lines.emplace_back(line.substr(0, line.find_last_not_of(u"\r\n") + 1));
         text.remove_prefix(end);
     }
     return lines;
 }
 
-// How many lines stand in either text between those that both begin and end with.
-struct Change {
-    std::size_t removed;
-    std::size_t added;
-};
-
-Change Compare(Lines const& before, Lines const& after) {
-    auto const [from, to] = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
-    auto const [fromEnd, toEnd] = std::mismatch(before.rbegin(), std::make_reverse_iterator(from),
-                                                after.rbegin(), std::make_reverse_iterator(to));
-    return {static_cast<std::size_t>(fromEnd.base() - from),
-            static_cast<std::size_t>(toEnd.base() - to)};
+std::u16string KeyOf(std::u16string const& line) {
+    return Trimmed(line.substr(0, line.find(u'=')));
 }
 
-void CheckWriting(std::string const& ini, std::string const& section, std::string const& key,
-                  std::string const& value) {
-    auto const found = IniValue(ini, section, key);
-    bool const present = found.has_value();
-    Check(found == ModelValue(ini, section, key), "the value of the model");
-    std::string const written = WithIniValue(ini, section, key, value);
+// The lines of a text with what is asked for in them, by their numbers.
+struct Model {
+    Model(std::u16string const& ini, std::u16string const& section, std::u16string const& key)
+        : lines(LinesOf(ini)) {
+        header = after = end = lines.size();
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            std::u16string const line = Trimmed(lines[i]);
+            if (line.starts_with(u'[')) {
+                if (header < i) {
+                    end = i;
+                    break;
+                }
+                if (Same(Trimmed(line.substr(1, line.find(u']') - 1)), section)) {
+                    header = i;
+                    after = i + 1;
+                }
+            } else if (header < i && !line.empty() && !line.starts_with(u';')) {
+                after = i + 1;
+                if (!keyLine && Same(KeyOf(line), key)) {
+                    keyLine = i;
+                }
+            }
+        }
+    }
+
+    std::optional<std::u16string> Value() const {
+        if (!keyLine) {
+            return std::nullopt;
+        }
+        std::u16string const& line = lines[*keyLine];
+        return Unquoted(Trimmed(line.substr(std::min(line.find(u'='), line.size() - 1) + 1)));
+    }
+    Lines With(std::u16string const& section, std::u16string const& key,
+               std::u16string const& value) const {
+        Lines with = lines;
+        if (keyLine) {
+            with[*keyLine] = KeyOf(Trimmed(lines[*keyLine])) + u'=' + value;
+            return with;
+        }
+        auto const at = with.insert(Iterator(with, after), key + u'=' + value);
+        if (header == lines.size()) {
+            with.insert(at, u'[' + section + u']');
+        }
+        return with;
+    }
+    Lines WithoutKey() const {
+        Lines without = lines;
+        if (keyLine) {
+            without.erase(Iterator(without, *keyLine));
+        }
+        return without;
+    }
+    Lines WithoutSection() const {
+        Lines without = lines;
+        without.erase(Iterator(without, header), Iterator(without, end));
+        return without;
+    }
+
+    Lines lines;
+    std::size_t header; // as many as there are lines when there is none, like the next two
+    std::size_t after;  // the last key
+    std::size_t end;    // the next section
+    std::optional<std::size_t> keyLine;
+
+  private:
+    static Lines::iterator Iterator(Lines& lines, std::size_t number) {
+        return lines.begin() + static_cast<std::ptrdiff_t>(number);
+    }
+};
+
+void CheckChanges(std::u16string const& ini, std::u16string const& section,
+                  std::u16string const& key, std::u16string const& value) {
+    Model const model(ini, section, key);
+    Check(IniValue(ini, section, key) == model.Value(), "the value of the model");
+    std::u16string const written = WithIniValue(ini, u' ' + section, key + u' ', value);
+    Check(LinesOf(written) == model.With(section, key, value), "the lines of the model");
     Check(IniValue(written, section, key) == value, "a value that was written reads back");
     Check(WithIniValue(written, section, key, value) == written,
           "writing it again changes nothing");
-    Change const change = Compare(LinesOf(ini), LinesOf(written));
-    if (present) {
-        Check(change.removed == change.added && change.added <= 1, "one line changes");
-    } else {
-        constexpr std::size_t sectionAndKey = 2;
-        Check(change.removed == 0 && change.added >= 1 && change.added <= sectionAndKey,
-              "the key is added, after its section if need be");
-    }
-}
-
-void CheckRemoval(std::string const& ini, std::string const& section, std::string const& key) {
-    std::string const removed = WithIniValue(ini, section, key, std::nullopt);
-    if (!IniValue(ini, section, key)) {
-        Check(removed == ini, "removing what is not there changes nothing");
-        return;
-    }
-    Change const change = Compare(LinesOf(ini), LinesOf(removed));
-    Check(change.removed == 1 && change.added == 0, "removing takes one line");
+    std::u16string const removed = WithIniValue(ini, section, key, std::nullopt);
+    Check(LinesOf(removed) == model.WithoutKey(), "without the key");
+    Check(model.keyLine || removed == ini, "what is not there is not removed");
+    Check(LinesOf(WithoutIniSection(ini, section)) == model.WithoutSection(),
+          "without the section");
 }
 
 } // namespace
@@ -125,18 +152,21 @@ void CheckRemoval(std::string const& ini, std::string const& section, std::strin
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
     constexpr std::size_t longest = 40;
     FuzzedDataProvider provider(data, size);
-    std::string const section = provider.ConsumeRandomLengthString(longest);
-    std::string const key = provider.ConsumeRandomLengthString(longest);
-    std::string const value = provider.ConsumeRandomLengthString(longest);
-    std::string const ini = provider.ConsumeRemainingBytesAsString();
+    std::u16string const section = ToUtf16(provider.ConsumeRandomLengthString(longest));
+    std::u16string const key = ToUtf16(provider.ConsumeRandomLengthString(longest));
+    std::u16string const value = ToUtf16(provider.ConsumeRandomLengthString(longest));
+    std::string const bytes = provider.ConsumeRemainingBytesAsString();
+    IniText const file(bytes);
+    Check(!file.whole || file.Bytes() == bytes, "the bytes come back");
+    std::u16string const& ini = file.text;
 
     static_cast<void>(IniValue(ini, section, key));
     static_cast<void>(WithIniValue(ini, section, key, value));
-    std::string const saneSection = Sane(section, "\n]");
-    std::string const saneKey = Sane(key, "\n=;[");
+    static_cast<void>(WithoutIniSection(ini, section));
+    std::u16string const saneSection = Sane(section, u"\n]");
+    std::u16string const saneKey = Sane(key, u"\n=;[");
     if (!saneKey.empty()) {
-        CheckWriting(ini, saneSection, saneKey, Sane(value, "\n\"'"));
-        CheckRemoval(ini, saneSection, saneKey);
+        CheckChanges(ini, saneSection, saneKey, Sane(value, u"\n\"'"));
     }
     return 0;
 }

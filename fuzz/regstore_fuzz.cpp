@@ -7,6 +7,7 @@
 #include "check.h"
 #include "compat/win32/registry.h"
 #include "compat/win32/regstore.h"
+#include "compat/win32/utf16.h"
 
 namespace {
 

@@ -3,6 +3,7 @@
 
 #include "compat/win32/registry.h"
 #include "compat/win32/regstore.h"
+#include "compat/win32/utf16.h"
 #include "core/registry.h"
 #include "support/child.h"
 #include "support/testfiles.h"

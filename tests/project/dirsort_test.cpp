@@ -108,6 +108,10 @@ TEST_F(DirSortTest, PatternsAndTheirExtension) {
         {"*.*",
          1,
          {".", "..", "dot.tar.DBF", "map.DBF", "none", "X.DB", "x.dbf", "X.DBFX", "XY.DBF"}},
+        {"*.", 0, {}}, // what ends in a dot
+        {"*.", 1, {".", ".."}},
+        {"?", 1, {"."}},
+        {"NON? ", 0, {"none"}},
         {"missing*", 0, {}},
         {"missing\\*", 0, {}},
     };

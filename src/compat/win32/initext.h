@@ -1,4 +1,5 @@
-// The text of an INI file: finding a value in it, and the text with one value changed.
+// The text of an INI file: finding a value in it, and the text with a value changed or without a
+// section.
 #pragma once
 
 #include <optional>
@@ -7,15 +8,34 @@
 
 namespace kvarn {
 
+// A file's bytes as a text: UTF-16 where they begin with its mark, else code page 1252. The
+// characters that are left as they are come back as the bytes that they were.
+struct IniText {
+    explicit IniText(std::string_view bytes);
+    std::string Bytes() const;
+
+    std::u16string text;
+    bool utf16 = false;
+    // Not when the file holds what the text does not: half a character at its end, or anything
+    // after the mark of the other byte order. It must not be written then.
+    bool whole = true;
+};
+
+// Of the names that are asked for, blanks around them do not count; in the lines of the text tabs,
+// vertical tabs and form feeds are blanks too.
+
 // The first value of the key in the first section of the name, without the blanks around it and
 // without one pair of quotes; nothing when the section or the key is missing.
-std::optional<std::string_view> IniValue(std::string_view ini, std::string_view section,
-                                         std::string_view key);
+std::optional<std::u16string_view> IniValue(std::u16string_view ini, std::u16string_view section,
+                                            std::u16string_view key);
 
 // The text with the key's value replaced, added or (without a value) removed. A new key follows the
-// last line of its section that is not blank, a new section the end of the text; every other line
-// stays as it is.
-std::string WithIniValue(std::string_view ini, std::string_view section, std::string_view key,
-                         std::optional<std::string_view> value);
+// last key of its section, before the comments and blank lines that end it, a new section the end
+// of the text; every other line stays as it is.
+std::u16string WithIniValue(std::u16string_view ini, std::u16string_view section,
+                            std::u16string_view key, std::optional<std::u16string_view> value);
+
+// The text without the first section of the name: its header and the lines up to the next one.
+std::u16string WithoutIniSection(std::u16string_view ini, std::u16string_view section);
 
 } // namespace kvarn

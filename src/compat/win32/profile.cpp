@@ -1,7 +1,6 @@
 #include "profile.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -12,6 +11,7 @@
 #include "files.h"
 #include "initext.h"
 #include "paths.h"
+#include "utf16.h"
 
 namespace {
 
@@ -27,6 +27,16 @@ std::string FullPath(LPCSTR path) {
     return IsBare(name) ? std::string(windowsFolder) + "\\" + name : name;
 }
 
+std::u16string Changed(std::u16string_view ini, LPCSTR section, LPCSTR key, LPCSTR value) {
+    std::u16string const name = kvarn::ToUtf16(section);
+    if (key == nullptr) {
+        return kvarn::WithoutIniSection(ini, name);
+    }
+    std::optional<std::u16string> const newValue =
+        value != nullptr ? std::optional(kvarn::ToUtf16(value)) : std::nullopt;
+    return kvarn::WithIniValue(ini, name, kvarn::ToUtf16(key), newValue);
+}
+
 } // namespace
 
 DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR standard, LPSTR buffer,
@@ -34,11 +44,14 @@ DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR standard, LPST
     if (size == 0) {
         return 0;
     }
-    std::string_view value = standard != nullptr ? standard : "";
-    std::string const ini = kvarn::WholeFile(FullPath(path).c_str()).value_or("");
+    kvarn::IniText const ini(kvarn::WholeFile(FullPath(path).c_str()).value_or(""));
+    std::optional<std::u16string_view> found;
     if (section != nullptr && key != nullptr) {
-        value = kvarn::IniValue(ini, section, key).value_or(value);
+        found = kvarn::IniValue(ini.text, kvarn::ToUtf16(section), kvarn::ToUtf16(key));
     }
+    std::string const value = found                 ? kvarn::FromUtf16(*found)
+                              : standard != nullptr ? standard
+                                                    : "";
     std::size_t const length = std::min<std::size_t>(value.size(), size - 1);
     value.copy(buffer, length);
     buffer[length] = '\0';
@@ -46,24 +59,24 @@ DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR standard, LPST
 }
 
 BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR path) {
-    if (section == nullptr || key == nullptr) {
-        return FALSE; // removing whole sections is not offered
+    if (section == nullptr) {
+        return FALSE;
     }
     std::string const target = FullPath(path);
     bool const exists = GetFileAttributesA(target.c_str()) != INVALID_FILE_ATTRIBUTES;
     auto const old = kvarn::WholeFile(target.c_str());
-    if (exists && !old) {
+    kvarn::IniText ini(old.value_or(""));
+    if ((exists && !old) || !ini.whole) {
         return FALSE; // what cannot be read is not replaced
     }
-    std::string const text = kvarn::WithIniValue(
-        old.value_or(""), section, key,
-        value != nullptr ? std::optional<std::string_view>(value) : std::nullopt);
-    if (text == old.value_or("")) {
+    std::u16string text = Changed(ini.text, section, key, value);
+    if (text == ini.text) {
         return TRUE;
     }
+    ini.text = std::move(text);
     if (IsBare(path != nullptr ? path : "")) {
         std::error_code unwritable; // the write tells
         std::filesystem::create_directories(kvarn::HostPath(windowsFolder), unwritable);
     }
-    return kvarn::RewriteFile(target.c_str(), text) == kvarn::Rewritten::done ? TRUE : FALSE;
+    return kvarn::RewriteFile(target.c_str(), ini.Bytes()) == kvarn::Rewritten::done ? TRUE : FALSE;
 }

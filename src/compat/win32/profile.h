@@ -1,4 +1,8 @@
 // INI files by the Windows calls, for hosts that are not Windows.
+//
+// A file that begins with the mark of UTF-16, lower byte first, is read as that and stays so:
+// letters outside code page 1252 are read as question marks, and kept on writing. A file with the
+// mark of the other byte order, or with half a character at its end, is never written.
 #pragma once
 
 #include "types.h"
@@ -9,6 +13,7 @@
 DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR standard, LPSTR buffer,
                                DWORD size, LPCSTR path);
 
-// Writes a key, or removes it when the value is null. Comments, order and everything else stay as
+// Writes a key, or removes it when the value is null, or removes the whole section when the key is
+// null: TRUE also where nothing is to be removed. Comments, order and everything else stay as
 // they are; the file is replaced in one step.
 BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR path);

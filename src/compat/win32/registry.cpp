@@ -14,6 +14,7 @@
 #include "paths.h"
 #include "process.h"
 #include "regstore.h"
+#include "utf16.h"
 
 struct HKEY__ {
     std::u16string path;

@@ -6,6 +6,7 @@
 
 #include "../codepage.h"
 #include "registry.h"
+#include "utf16.h"
 
 namespace kvarn {
 namespace {
@@ -18,17 +19,6 @@ constexpr std::size_t lineWidth = 80;
 constexpr std::array<std::u16string_view, 5> roots = {u"HKEY_CLASSES_ROOT", u"HKEY_CURRENT_USER",
                                                       u"HKEY_LOCAL_MACHINE", u"HKEY_USERS",
                                                       u"HKEY_CURRENT_CONFIG"};
-
-char16_t Capital(char16_t c) {
-    std::optional<char> const byte = Byte1252(c);
-    return byte ? static_cast<char16_t>(CodePoint1252(Upper1252(*byte))) : c;
-}
-
-std::u16string Capitals(std::u16string_view text) {
-    std::u16string capitals(text);
-    std::transform(capitals.begin(), capitals.end(), capitals.begin(), Capital);
-    return capitals;
-}
 
 std::u16string_view Trimmed16(std::u16string_view text) {
     std::size_t const first = text.find_first_not_of(blanks);
@@ -48,8 +38,8 @@ void Append(std::u16string& text, char32_t codePoint) {
 }
 
 std::u16string Decoded(std::string_view bytes) {
-    if (bytes.starts_with("\xFF\xFE")) {
-        return FromBytes(bytes.substr(2));
+    if (bytes.starts_with(utf16Mark)) {
+        return FromBytes(bytes.substr(utf16Mark.size()));
     }
     std::string_view utf8 = bytes.substr(bytes.starts_with("\xEF\xBB\xBF") ? 3 : 0);
     std::u16string text;
@@ -222,40 +212,6 @@ std::u16string ValueLine(RegValue const& value) {
 
 } // namespace
 
-std::u16string ToUtf16(std::string_view text) {
-    std::u16string utf16;
-    for (char const c : text) {
-        utf16 += static_cast<char16_t>(CodePoint1252(c));
-    }
-    return utf16;
-}
-
-std::string FromUtf16(std::u16string_view text) {
-    std::string bytes;
-    for (char16_t const c : text) {
-        bytes += Byte1252(c).value_or('?');
-    }
-    return bytes;
-}
-
-std::string ToBytes(std::u16string_view text) {
-    std::string bytes;
-    for (char16_t const c : text) {
-        bytes += static_cast<char>(c & 0xFFU);
-        bytes += static_cast<char>(c >> 8U);
-    }
-    return bytes;
-}
-
-std::u16string FromBytes(std::string_view bytes) {
-    std::u16string text;
-    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        text += static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) |
-                                      static_cast<unsigned char>(bytes[i + 1]) << 8U);
-    }
-    return text;
-}
-
 RegValue* RegKey::Find(std::u16string_view name) {
     auto const found = std::find_if(values.begin(), values.end(), [&](RegValue const& value) {
         return Capitals(value.name) == Capitals(name);
@@ -370,7 +326,7 @@ std::string RegStore::Bytes() const {
         }
     }
     text.append(m_comment.empty() ? u"" : lineEnd).append(m_comment);
-    return "\xFF\xFE" + ToBytes(text);
+    return std::string(utf16Mark) + ToBytes(text);
 }
 
 RegKey* RegStore::Find(std::u16string_view path) {

@@ -57,12 +57,4 @@ class RegStore {
     std::u16string m_comment;    // not yet attached; at last those at the end
 };
 
-// Between code page 1252 and UTF-16; letters that the code page lacks become question marks.
-std::u16string ToUtf16(std::string_view text);
-std::string FromUtf16(std::u16string_view text);
-
-// UTF-16 as the bytes that are stored, and back; an odd last byte is dropped.
-std::string ToBytes(std::u16string_view text);
-std::u16string FromBytes(std::string_view bytes);
-
 } // namespace kvarn

@@ -54,6 +54,8 @@ constexpr char dosMark = '>';
 constexpr char dosDot = '"';
 
 std::string Translated(std::string_view pattern) {
+    bool const endsInDot = pattern.ends_with('.');
+    pattern = pattern.substr(0, pattern.find_last_not_of(" .") + 1); // no name ends in them
     if (pattern == "*.*") {
         return "*";
     }
@@ -69,22 +71,23 @@ std::string Translated(std::string_view pattern) {
             }
         }
     }
-    if (text.ends_with(std::string{dosStar, '.'})) {
-        text.pop_back(); // a name does not end in a dot
+    if (endsInDot && text.ends_with('*')) {
+        text.back() = dosStar;
     }
     return text;
 }
 
 // Whether a pattern from some character on matches a name from some character on: rest[j] tells it
-// of the pattern's next character and the name from j on.
-std::vector<char> Matches(char c, std::string_view name, std::vector<char> const& rest) {
+// of the pattern's next character and the name from j on, and passed[j] where c stands for nothing.
+std::vector<char> Matches(char c, std::string_view name, std::vector<char> const& rest,
+                          std::vector<char> const& passed) {
     std::size_t const end = name.size();
     std::size_t const lastDot = name.rfind('.');
     std::vector<char> matches(end + 1);
     for (std::size_t j = end + 1; j-- > 0;) {
         bool const atDot = j < end && name[j] == '.';
         bool const one = j < end && rest[j + 1] != 0;
-        bool const none = rest[j] != 0;
+        bool const none = passed[j] != 0;
         switch (c) {
         case '*':
             matches[j] = none || (j < end && matches[j + 1] != 0);
@@ -165,12 +168,19 @@ namespace kvarn {
 bool MatchesWildcards(char const* pattern, char const* name) {
     std::string const translated = Translated(pattern);
     std::string_view const text = name;
-    std::vector<char> matches(text.size() + 1);
-    matches.back() = 1;
-    for (std::size_t i = translated.size(); i-- > 0;) {
-        matches = Matches(translated[i], text, matches);
+    std::vector<char> rest(text.size() + 1);
+    rest.back() = 1;
+    // A pattern whose last wildcards stand for nothing before a dot that ends the name takes that
+    // dot along. So "?" finds ".", and "*." finds "." and "..".
+    std::vector<char> passed = rest;
+    if (text.ends_with('.')) {
+        passed[text.size() - 1] = 1;
     }
-    return matches.front() != 0;
+    for (std::size_t i = translated.size(); i-- > 0;) {
+        rest = Matches(translated[i], text, rest, passed);
+        passed = rest;
+    }
+    return rest.front() != 0;
 }
 
 } // namespace kvarn

@@ -35,8 +35,9 @@ constexpr DWORD ERROR_NO_MORE_FILES = 18;
 // whose names are not in code page 1252 are left out.
 //
 // The wildcards of the pattern's last part are those that Windows documents for
-// FsRtlIsNameInExpression, after the translation that FindFirstFile makes: "*.*" matches every
-// name, "?" also the end of a part, "*." names without an extension.
+// FsRtlIsNameInExpression, after the translation that FindFirstFile makes: blanks and dots at its
+// end are dropped; "*.*" matches every name, "?" also the end of a part, "*." names without an
+// extension, and "." and "..".
 HANDLE FindFirstFileA(LPCSTR pattern, WIN32_FIND_DATAA* entry);
 BOOL FindNextFileA(HANDLE search, WIN32_FIND_DATAA* entry);
 BOOL FindClose(HANDLE search);
