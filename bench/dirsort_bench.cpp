@@ -17,7 +17,7 @@
 #include <sys/stat.h>
 #include <vector>
 
-#include "project/dirsort.h"
+#include "core/dirsort.h"
 #include "support/folder.h"
 
 namespace {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "check.h"
-#include "core/format.h"
+#include "text/format.h"
 
 namespace {
 

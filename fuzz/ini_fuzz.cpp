@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "check.h"
-#include "compat/win32/initext.h"
-#include "compat/win32/utf16.h"
+#include "host/win32/initext.h"
+#include "text/utf16.h"
 
 using kvarn::IniText;
 using kvarn::IniValue;

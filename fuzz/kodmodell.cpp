@@ -7,7 +7,7 @@
 #include <cstring>
 
 #include "check.h"
-#include "compat/codepage.h"
+#include "text/codepage.h"
 #include "support/boxes.h"
 
 // --- The library's calls -------------------------------------------------------------------------

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/textfil.h"
+#include "files/textfil.h"
 #include "kodmappar.h"
 #include "kvarnfiles/kvarninst.h"
 

@@ -16,7 +16,7 @@
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "check.h"
-#include "compat/codepage.h"
+#include "text/codepage.h"
 #include "kodmodell.h"
 #include "support/boxes.h"
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "check.h"
-#include "core/text.h"
+#include "text/text.h"
 #include "geodata/bergormatelista.h"
 #include "kodmappar.h"
 

@@ -5,9 +5,9 @@
 #include <string>
 
 #include "check.h"
-#include "compat/win32/registry.h"
-#include "compat/win32/regstore.h"
-#include "compat/win32/utf16.h"
+#include "host/win32/registry.h"
+#include "host/win32/regstore.h"
+#include "text/utf16.h"
 
 namespace {
 

@@ -17,7 +17,7 @@
 #include <variant>
 
 #include "check.h"
-#include "core/scan.h"
+#include "text/scan.h"
 
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
 

@@ -7,7 +7,8 @@
 
 #include "check.h"
 #include "core/message.h"
-#include "core/text.h"
+#include "text/text.h"
+#include "text/letters.h"
 #include "geodata/stodpunkt.h"
 #include "kodmappar.h"
 

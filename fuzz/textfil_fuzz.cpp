@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "check.h"
-#include "core/textfil.h"
+#include "files/textfil.h"
 
 namespace {
 

@@ -19,7 +19,7 @@
 
 #include "check.h"
 #include "core/message.h"
-#include "core/textfil.h"
+#include "files/textfil.h"
 #include "geodata/vag2.h"
 #include "support/folder.h"
 

@@ -16,7 +16,7 @@
 #include <vector>
 
 #include "check.h"
-#include "core/textfil.h"
+#include "files/textfil.h"
 #include "geodata/vagfil.h"
 #include "vagmodell.h"
 

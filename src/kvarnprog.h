@@ -12,7 +12,7 @@
 #include "kvarnfiles/kvarncfg.h"
 #include "kvarnfiles/kvarninst.h"
 #include "kvarnfiles/kvarnpar.h"
-#include "project/dirsort.h"
+#include "core/dirsort.h"
 #include "project/projektstatus.h"
 #include "project/projpath.h"
 #include "project/ritningsformat.h"

@@ -3,7 +3,8 @@
 #include <string>
 
 #include "messageout.h"
-#include "text.h"
+#include "../text/text.h"
+#include "../host/calls.h"
 
 namespace {
 
@@ -95,10 +96,6 @@ void StatusText(char const* text) {
         constexpr int pane = 0;
         statusBar->SetPaneText(pane, text, TRUE);
     }
-}
-
-void StatusText(CString text) {
-    StatusText(text.GetString());
 }
 
 namespace kvarn {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "../compat/calls.h"
+#include "../host/host.h"
 
 // Shows a message box over the client's main window, brought to the foreground, or one owned by the
 // desktop where there is no live main window. Buttons and icon are styles of MessageBox. Without a
@@ -19,7 +19,6 @@ int MessageOut(CString text, unsigned buttons, unsigned icon, CString const* cap
 
 // Shows a text in pane 0 of the host's status bar at once; dropped where there is none.
 void StatusText(char const* text);
-void StatusText(CString text);
 
 namespace kvarn {
 

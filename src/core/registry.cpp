@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstring>
 
-#include "../compat/calls.h"
+#include "../host/calls.h"
 
 namespace {
 

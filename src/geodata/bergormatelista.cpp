@@ -4,10 +4,10 @@
 #include <iterator>
 #include <span>
 
-#include "../core/format.h"
-#include "../core/scan.h"
-#include "../core/text.h"
-#include "../core/textfil.h"
+#include "../text/format.h"
+#include "../text/scan.h"
+#include "../text/text.h"
+#include "../files/textfil.h"
 #include "../project/sokordning.h"
 #include "datafil.h"
 

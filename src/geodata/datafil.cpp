@@ -1,7 +1,8 @@
 #include "datafil.h"
 
-#include "../core/text.h"
-#include "../core/textfil.h"
+#include "../files/pathparts.h"
+#include "../files/existence.h"
+#include "../files/textfil.h"
 
 namespace kvarn {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "../compat/calls.h"
-#include "../compat/filerewrite.h"
+#include "../host/host.h"
+#include "../files/filerewrite.h"
 
 namespace kvarn {
 

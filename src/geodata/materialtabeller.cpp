@@ -1,6 +1,6 @@
 // CBergOrMateLista: the built-in materials. Their spellings are those of the files and drawings
 // there are, and differ on purpose where they do.
-#include "../compat/codepage.h"
+#include "../text/codepage.h"
 #include "bergormatelista.h"
 
 char const* const CBergOrMateLista::FILNAMN = "Stenkod.dat";

@@ -1,11 +1,13 @@
 // The area file of a project: which road, and how much of it is drawn.
-#include "../compat/codepage.h"
-#include "../compat/filerewrite.h"
-#include "../core/format.h"
-#include "../core/scan.h"
-#include "../core/textfil.h"
+#include "../text/codepage.h"
+#include "../files/filerewrite.h"
+#include "../text/format.h"
+#include "../text/scan.h"
+#include "../files/textfil.h"
 #include "vag2.h"
 #include "vagfil.h"
+#include "../text/text.h"
+#include "../files/pathparts.h"
 
 namespace {
 

@@ -4,13 +4,14 @@
 #include <cmath>
 #include <cstring>
 
-#include "../compat/codepage.h"
-#include "../core/format.h"
+#include "../text/codepage.h"
+#include "../text/format.h"
 #include "../core/message.h"
 #include "../core/messageout.h"
-#include "../core/scan.h"
-#include "../core/text.h"
-#include "../core/textfil.h"
+#include "../text/scan.h"
+#include "../text/text.h"
+#include "../text/letters.h"
+#include "../files/textfil.h"
 #include "datafil.h"
 
 template class KVARNPROG_LIST_DEFINE list0<stdpkttype>;

@@ -2,11 +2,12 @@
 
 #include <cmath>
 
-#include "../core/format.h"
+#include "../text/format.h"
 #include "../core/message.h"
-#include "../core/scan.h"
-#include "../core/textfil.h"
+#include "../text/scan.h"
+#include "../files/textfil.h"
 #include "vagfil.h"
+#include "../text/text.h"
 
 namespace {
 
@@ -106,9 +107,9 @@ int CVag2::Uppdat(char const* path) {
     std::string text;
     if (baraProfil) {
         kvarn::CopyText(profil.namn, sizeof profil.namn, kvarn::FieldText(namn));
-        kvarn::SkrivVaglinje(text, profil, kvarn::FieldText(namn));
+        kvarn::AppendLine(text, profil, kvarn::FieldText(namn));
     } else {
-        kvarn::SkrivVaglinje(text, plan, kvarn::FieldText(namn));
+        kvarn::AppendLine(text, plan, kvarn::FieldText(namn));
         SkrivProfildel(text, profil);
     }
     return kvarn::SkrivVagfil(path != nullptr ? path : "", text, m_ejLast);

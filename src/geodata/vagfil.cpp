@@ -1,11 +1,12 @@
 #include "vagfil.h"
 
-#include "../compat/codepage.h"
-#include "../core/format.h"
+#include "../text/codepage.h"
+#include "../text/format.h"
 #include "../core/messageout.h"
-#include "../core/scan.h"
-#include "../core/textfil.h"
+#include "../text/scan.h"
+#include "../files/textfil.h"
 #include "datafil.h"
+#include "../text/letters.h"
 
 namespace kvarn {
 namespace {
@@ -33,15 +34,13 @@ bool LasVertex(std::string_view rad, kovltype& vertex) {
     return Scan(rad, vertex.x, vertex.y, vertex.bulge, vertex.sektion) == alla;
 }
 
-void SkrivVaglinje(std::string& ut, CVaglinje& linje, std::string_view namn) {
-    std::string const huvud = Format(" %d $%s\n", linje.typ, namn); // ends the first line
-    std::string_view slut = huvud;
-    for (bool finns = linje.Home() == 0; finns; finns = linje++ != nullptr) {
-        kovltype const& v = *linje.Get_aktel();
-        ut += Format("%.4lf %.4lf %.4lf %.4lf", v.x, v.y, v.bulge, v.sektion);
-        AppendTextMode(ut, slut);
-        slut = "\n";
-    }
+std::string Header(std::int32_t typ, std::string_view namn) {
+    return Format(" %d $%s\n", typ, namn);
+}
+
+void AppendVertex(std::string& out, kovltype const& vertex, std::string_view end) {
+    out += Format("%.4lf %.4lf %.4lf %.4lf", vertex.x, vertex.y, vertex.bulge, vertex.sektion);
+    AppendTextMode(out, end);
 }
 
 bool LasVagfil(char const* path, std::string& text, CString& ejLast) {

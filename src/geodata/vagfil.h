@@ -6,8 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "../core/text.h"
-#include "vaglinje.h"
+#include "../text/text.h"
+#include "../host/host.h"
+#include "vertex.h"
 
 namespace kvarn {
 
@@ -31,9 +32,21 @@ Vaghuvud LasVaghuvud(std::string_view rad);
 // A vertex; false for a line without its four numbers.
 bool LasVertex(std::string_view rad, kovltype& vertex);
 
+// What the first line ends with: the type, and the name after a dollar sign.
+std::string Header(std::int32_t typ, std::string_view namn);
+
+// Appends a vertex, and what its line ends with.
+void AppendVertex(std::string& out, kovltype const& vertex, std::string_view end);
+
 // Appends the lines of a line's vertices, the first being the header; nothing for an empty line.
 // Walks the line to its end.
-void SkrivVaglinje(std::string& ut, CVaglinje& linje, std::string_view namn);
+template <class Line> void AppendLine(std::string& out, Line& line, std::string_view namn) {
+    std::string end = Header(line.typ, namn);
+    for (bool finns = line.Home() == 0; finns; finns = line++ != nullptr) {
+        AppendVertex(out, *line.Get_aktel(), end);
+        end = "\n";
+    }
+}
 
 // As LasDatafil; the user is told when that failed.
 bool LasVagfil(char const* path, std::string& text, CString& ejLast);

@@ -1,5 +1,5 @@
 // A road line's single elements: straight, arc, vertical curve, and the points on them.
-#include "../core/format.h"
+#include "../text/format.h"
 #include "../core/messageout.h"
 #include "cirkelbage.h"
 #include "vaglinje.h"

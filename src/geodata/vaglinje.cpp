@@ -1,7 +1,8 @@
 #include "vaglinje.h"
 
-#include "../core/textfil.h"
+#include "../files/textfil.h"
 #include "vagfil.h"
+#include "../text/text.h"
 
 template class KVARNPROG_LIST_DEFINE list0<kovltype>;
 
@@ -54,7 +55,7 @@ int CVaglinje::Init(CString path) {
 
 int CVaglinje::Uppdat(char const* path) {
     std::string text;
-    kvarn::SkrivVaglinje(text, *this, kvarn::FieldText(namn));
+    kvarn::AppendLine(text, *this, kvarn::FieldText(namn));
     return kvarn::SkrivVagfil(path != nullptr ? path : "", text, m_ejLast);
 }
 

@@ -22,34 +22,12 @@
 
 #include <cstdint>
 
-#include "../compat/host.h"
+#include "../host/host.h"
+#include "vertex.h"
 #include "../core/list0.h"
-#include "../library/export.h"
-
-// A vertex. In a profile x is the height, y the station and so is sektion.
-struct kovltype {
-    double x;
-    double y;
-    double bulge; // of the segment from this vertex to the next
-    double sektion;
-};
-
-// A vertex without its station.
-struct kokotype {
-    double x;
-    double y;
-    double bulge;
-};
+#include "../export.h"
 
 extern template class KVARNPROG_LIST_DECLARE list0<kovltype>;
-
-namespace kvarn {
-
-// Types of road lines; 0 is not stated, and counts as a plan or as a profile as it is used.
-constexpr std::int32_t vagtypPlan = 1;
-constexpr std::int32_t vagtypProfil = 10;
-
-} // namespace kvarn
 
 // A list of vertices in the order of travel. Its stations increase or decrease: the first two
 // vertices tell which (equal stations, and a line of one vertex, count as increasing).

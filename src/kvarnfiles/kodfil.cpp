@@ -1,14 +1,16 @@
 // CKvarnInst: the code file, a header and then a code and a word of text a line.
-#include "../compat/codepage.h"
-#include "../compat/filerewrite.h"
-#include "../compat/wholefile.h"
-#include "../core/format.h"
+#include "../text/codepage.h"
+#include "../files/filerewrite.h"
+#include "../files/wholefile.h"
+#include "../text/format.h"
 #include "../core/messageout.h"
-#include "../core/scan.h"
+#include "../text/scan.h"
 #include "../project/sokordning.h"
 #include "klienttext.h"
 #include "kvarninst.h"
 #include "passfil.h"
+#include "../files/pathparts.h"
+#include "../host/calls.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "kvarncfg.h"
 
-#include "../compat/codepage.h"
-#include "../core/format.h"
+#include "../text/codepage.h"
+#include "../text/format.h"
 #include "../core/messageout.h"
-#include "../core/text.h"
+#include "../files/pathparts.h"
 #include "../project/projpath.h"
 #include "nyckelfil.h"
 

@@ -4,8 +4,8 @@
 
 #include <type_traits>
 
-#include "../compat/host.h"
-#include "../library/export.h"
+#include "../host/host.h"
+#include "../export.h"
 #include "../project/projpath.h"
 #include "../settings/autoini.h"
 

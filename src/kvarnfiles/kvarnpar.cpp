@@ -1,7 +1,7 @@
 #include "kvarnpar.h"
 
-#include "../compat/codepage.h"
-#include "../core/format.h"
+#include "../text/codepage.h"
+#include "../text/format.h"
 #include "../core/messageout.h"
 #include "../project/sokordning.h"
 #include "nyckelfil.h"

@@ -2,9 +2,9 @@
 // shared.
 #pragma once
 
-#include "../compat/host.h"
+#include "../host/host.h"
 #include "../core/list0.h"
-#include "../library/export.h"
+#include "../export.h"
 #include "../project/projpath.h"
 #include "../settings/autoini.h"
 

@@ -1,14 +1,15 @@
 // CKvarnInst: the line codes, whose free text begins at a column.
 #include <algorithm>
 
-#include "../compat/codepage.h"
-#include "../core/format.h"
-#include "../core/scan.h"
+#include "../text/codepage.h"
+#include "../text/format.h"
+#include "../text/scan.h"
 #include "../project/sokordning.h"
 #include "klienttext.h"
 #include "kvarninst.h"
 #include "oppningsfel.h"
 #include "passfil.h"
+#include "../text/letters.h"
 
 namespace {
 

@@ -3,16 +3,17 @@
 #include <iterator>
 #include <optional>
 
-#include "../compat/codepage.h"
-#include "../compat/filerewrite.h"
-#include "../core/format.h"
+#include "../text/codepage.h"
+#include "../files/filerewrite.h"
+#include "../text/format.h"
 #include "../core/messageout.h"
-#include "../core/scan.h"
+#include "../text/scan.h"
 #include "../project/sokordning.h"
 #include "klienttext.h"
 #include "kvarninst.h"
 #include "oppningsfel.h"
 #include "passfil.h"
+#include "../text/letters.h"
 
 namespace {
 

@@ -5,9 +5,10 @@
 #include <string>
 #include <string_view>
 
-#include "../compat/filerewrite.h"
-#include "../core/text.h"
-#include "../core/textfil.h"
+#include "../files/filerewrite.h"
+#include "../text/text.h"
+#include "../files/existence.h"
+#include "../files/textfil.h"
 
 namespace kvarn {
 

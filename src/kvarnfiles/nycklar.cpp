@@ -3,9 +3,9 @@
 #include <cstring>
 
 #include "../compat/englishlocale.h"
-#include "../core/format.h"
-#include "../core/scan.h"
-#include "../core/text.h"
+#include "../text/format.h"
+#include "../text/scan.h"
+#include "../text/text.h"
 #include "jb23.h"
 #include "kvarninst.h"
 #include "kvarnpar.h"

@@ -5,7 +5,7 @@
 #include <utility>
 #include <variant>
 
-#include "../core/text.h"
+#include "../files/pathparts.h"
 #include "oppningsfel.h"
 
 namespace kvarn {

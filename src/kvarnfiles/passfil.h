@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "../core/textfil.h"
+#include "../files/textfil.h"
 
 namespace kvarn {
 

@@ -5,8 +5,8 @@
 #include <span>
 #include <string_view>
 
-#include "../compat/codepage.h"
-#include "../core/text.h"
+#include "../text/codepage.h"
+#include "../text/text.h"
 #include "../project/projpath.h"
 
 namespace kvarn {

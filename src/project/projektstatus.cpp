@@ -1,7 +1,7 @@
 #include "projektstatus.h"
 
 #include "../core/messageout.h"
-#include "../core/text.h"
+#include "../text/text.h"
 
 template class KVARNPROG_LIST_DEFINE list0<projektstatustype>;
 

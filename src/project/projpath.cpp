@@ -1,8 +1,9 @@
 #include "projpath.h"
 
-#include "../core/format.h"
+#include "../text/format.h"
 #include "../core/messageout.h"
-#include "../core/text.h"
+#include "../files/pathparts.h"
+#include "../files/existence.h"
 
 namespace {
 

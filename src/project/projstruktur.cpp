@@ -2,13 +2,15 @@
 #include <cstring>
 #include <vector>
 
-#include "../compat/filerewrite.h"
-#include "../compat/shell.h"
-#include "../core/format.h"
+#include "../files/filerewrite.h"
+#include "../host/shell.h"
+#include "../text/format.h"
 #include "../core/message.h"
 #include "../core/messageout.h"
-#include "../core/text.h"
-#include "../core/textfil.h"
+#include "../text/text.h"
+#include "../files/pathparts.h"
+#include "../files/existence.h"
+#include "../files/textfil.h"
 #include "../settings/autoini.h"
 #include "projpath.h"
 

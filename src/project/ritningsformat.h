@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "../library/export.h"
+#include "../export.h"
 
 // Sizes in millimetres.
 struct ritningsformattype {

@@ -1,6 +1,7 @@
 #include "sokordning.h"
 
-#include "../core/text.h"
+#include "../files/pathparts.h"
+#include "../files/existence.h"
 
 namespace kvarn {
 

@@ -1,11 +1,12 @@
 #include "anvandarmiljo.h"
 
-#include "../compat/codepage.h"
-#include "../compat/filecopy.h"
-#include "../compat/shell.h"
-#include "../core/format.h"
+#include "../text/codepage.h"
+#include "../files/filecopy.h"
+#include "../host/shell.h"
+#include "../text/format.h"
 #include "../core/messageout.h"
-#include "../core/text.h"
+#include "../files/pathparts.h"
+#include "../files/existence.h"
 #include "installation.h"
 
 namespace kvarn {

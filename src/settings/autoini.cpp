@@ -3,8 +3,10 @@
 #include <ctime>
 #include <string>
 
-#include "../core/format.h"
-#include "../core/text.h"
+#include "../text/format.h"
+#include "../text/text.h"
+#include "../text/letters.h"
+#include "../host/calls.h"
 
 namespace {
 
@@ -23,6 +25,11 @@ std::string Today() {
                          local->tm_mday);
 }
 
+void FromDos(CString& text) {
+    OemToAnsiNordic(text.GetBuffer());
+    text.ReleaseBuffer();
+}
+
 } // namespace
 
 CAutoIni::CAutoIni() : m_idag(Today().c_str()) {}
@@ -31,8 +38,8 @@ CAutoIni& CAutoIni::operator=(CAutoIni const&) = default;
 CAutoIni::~CAutoIni() = default;
 
 CString CAutoIni::ReadKey(CString section, CString key) {
-    OemToAnsiNordic(section);
-    OemToAnsiNordic(key);
+    FromDos(section);
+    FromDos(key);
     CString value;
     if (m_lage != 0) {
         char buffer[valueSize] = "";
@@ -41,7 +48,7 @@ CString CAutoIni::ReadKey(CString section, CString key) {
     } else if (CWinApp* const application = AfxGetApp()) {
         value = application->GetProfileString(section, key);
     }
-    OemToAnsiNordic(value);
+    FromDos(value);
     return value;
 }
 

@@ -5,12 +5,15 @@
 #include <string>
 #include <vector>
 
-#include "../compat/codepage.h"
-#include "../compat/shell.h"
-#include "../core/format.h"
+#include "../text/codepage.h"
+#include "../host/shell.h"
+#include "../text/format.h"
 #include "../core/messageout.h"
-#include "../core/scan.h"
-#include "../core/text.h"
+#include "../text/scan.h"
+#include "../text/text.h"
+#include "../text/letters.h"
+#include "../files/pathparts.h"
+#include "../files/existence.h"
 #include "anvandarmiljo.h"
 #include "autoini.h"
 #include "bootstrap.h"

@@ -3,8 +3,9 @@
 #include <algorithm>
 
 #include "../core/registry.h"
-#include "../core/text.h"
-#include "../project/dirsort.h"
+#include "../text/text.h"
+#include "../files/pathparts.h"
+#include "../core/dirsort.h"
 
 namespace kvarn {
 namespace {

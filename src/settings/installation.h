@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "../compat/calls.h"
+#include "../host/host.h"
 
 namespace kvarn {
 

@@ -5,12 +5,15 @@
 #include <optional>
 #include <string>
 
-#include "../compat/filecopy.h"
+#include "../files/filecopy.h"
 #include "../core/registry.h"
-#include "../core/text.h"
+#include "../text/letters.h"
+#include "../files/pathparts.h"
+#include "../files/existence.h"
 #include "autoini.h"
 #include "installation.h"
 #include "systemnycklar.h"
+#include "../host/calls.h"
 
 namespace {
 

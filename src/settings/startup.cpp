@@ -3,10 +3,12 @@
 #include <optional>
 #include <string>
 
-#include "../core/text.h"
+#include "../files/pathparts.h"
+#include "../files/existence.h"
 #include "autoini.h"
 #include "installation.h"
 #include "systemnycklar.h"
+#include "../host/calls.h"
 
 namespace {
 

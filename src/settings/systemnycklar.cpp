@@ -3,8 +3,11 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "../core/scan.h"
-#include "../core/text.h"
+#include "../text/scan.h"
+#include "../text/text.h"
+#include "../files/pathparts.h"
+#include "../files/existence.h"
+#include "../host/calls.h"
 
 namespace kvarn {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "compat/codepage.h"
+#include "text/codepage.h"
 #include "support/testfiles.h"
 
 using kvarn::HostPath;

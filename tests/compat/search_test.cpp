@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "compat/host.h"
+#include "host/host.h"
 #include "support/testfiles.h"
 
 namespace {

@@ -3,8 +3,8 @@
 #if CASE == 9 // texts of another kind
 #define UNICODE
 #endif
-#include "compat/codepage.h"
-#include "core/format.h"
+#include "text/codepage.h"
+#include "text/format.h"
 #include "kvarnprog.h"
 
 void Cases(CKvarnInst& inst) {

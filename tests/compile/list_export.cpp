@@ -1,6 +1,6 @@
 // The lists' export macros in the pattern of their headers, without a standard library: another
 // compiler's rules are checked where only its front end is at hand.
-#include "../../src/library/export.h"
+#include "../../src/export.h"
 
 struct post {
     int kod;

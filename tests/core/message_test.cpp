@@ -56,7 +56,7 @@ TEST(Message, StatusTextGoesToALiveBarAlone) {
     StatusText("Fel rad");
     EXPECT_EQ(bar.GetPaneText(0), "Fel rad");
     SetStatusBar(nullptr);
-    StatusText(CString("dropped again"));
+    StatusText("dropped again");
     EXPECT_EQ(bar.GetPaneText(0), "Fel rad");
 }
 

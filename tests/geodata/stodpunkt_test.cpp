@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "compat/codepage.h"
+#include "text/codepage.h"
 #include "core/message.h"
 #include "support/boxes.h"
 #include "support/fulldisk.h"

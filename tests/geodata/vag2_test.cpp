@@ -1,7 +1,7 @@
 // The road: plan and profile in one file, and the area file of a project.
 #include <gtest/gtest.h>
 
-#include "compat/codepage.h"
+#include "text/codepage.h"
 #include "geodata/vag2.h"
 #include "support/boxes.h"
 #include "support/statusbar.h"

@@ -1,7 +1,7 @@
 // The road line's file.
 #include <gtest/gtest.h>
 
-#include "compat/codepage.h"
+#include "text/codepage.h"
 #include "geodata/vaglinje.h"
 #include "support/boxes.h"
 #include "support/commalocale.h"

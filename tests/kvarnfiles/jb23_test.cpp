@@ -1,4 +1,4 @@
-#include "compat/codepage.h"
+#include "text/codepage.h"
 #include "support/projekt.h"
 
 namespace {

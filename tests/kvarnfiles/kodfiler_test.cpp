@@ -3,7 +3,7 @@
 #include <cstring>
 #include <sstream>
 
-#include "compat/codepage.h"
+#include "text/codepage.h"
 #include "support/commalocale.h"
 #include "support/projekt.h"
 

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "compat/codepage.h"
+#include "text/codepage.h"
 #include "support/boxes.h"
 #include "support/commalocale.h"
 #include "support/testfiles.h"

@@ -1,7 +1,7 @@
 // The key file, through both of the classes that share it.
 #include <gtest/gtest.h>
 
-#include "compat/codepage.h"
+#include "text/codepage.h"
 #include "kvarnfiles/kvarncfg.h"
 #include "kvarnfiles/kvarnpar.h"
 #include "support/boxes.h"

@@ -1,5 +1,5 @@
 // What becomes of a pass that another call meets, that fails, or that is left unfinished.
-#include "compat/codepage.h"
+#include "text/codepage.h"
 #include "support/fulldisk.h"
 #include "support/projekt.h"
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "compat/codepage.h"
+#include "text/codepage.h"
 #include "core/message.h"
 #include "support/statusmodul.h"
 

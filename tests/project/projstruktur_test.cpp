@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "compat/codepage.h"
+#include "text/codepage.h"
 #include "project/projpath.h"
 #include "settings/autoini.h"
 #include "support/boxes.h"

@@ -1,7 +1,7 @@
 // A module whose string resources are a host program's: states in another language.
 #pragma once
 
-#include "compat/host.h"
+#include "host/host.h"
 
 #if defined(_WIN32)
 

@@ -1,7 +1,7 @@
 // A live window to own message boxes: a real one on Windows, elsewhere the handle alone.
 #pragma once
 
-#include "compat/host.h"
+#include "host/host.h"
 
 class TestWindow : public CWnd {
   public:

@@ -1,7 +1,7 @@
 // codes: the code files, changed through the library's passes.
 #include "kvarnio.h"
 
-#include "compat/codepage.h"
+#include "text/codepage.h"
 
 namespace {
 

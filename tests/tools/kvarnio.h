@@ -12,7 +12,7 @@
 #include "support/testfiles.h"
 
 #if defined(_WIN32)
-#include "compat/host.h" // windows.h
+#include "host/host.h" // windows.h
 #else
 #include <sys/wait.h>
 #endif

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "compat/codepage.h"
+#include "text/codepage.h"
 
 namespace {
 

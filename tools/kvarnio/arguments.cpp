@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cmath>
 
-#include <compat/codepage.h>
+#include <text/codepage.h>
 
 #include "failure.h"
 

@@ -2,7 +2,7 @@
 #include <memory>
 
 #include <CLI/CLI.hpp>
-#include <core/text.h>
+#include <files/pathparts.h>
 
 #include "backup.h"
 #include "commandline.h"

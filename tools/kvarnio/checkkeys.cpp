@@ -1,6 +1,6 @@
 #include <map>
 
-#include <core/text.h>
+#include <text/text.h>
 
 #include "filechecks.h"
 #include "linechecker.h"

@@ -1,5 +1,5 @@
-#include <core/scan.h>
-#include <core/text.h>
+#include <text/scan.h>
+#include <text/text.h>
 
 #include "filechecks.h"
 #include "linechecker.h"

@@ -1,7 +1,7 @@
 #include <algorithm>
 
-#include <core/scan.h>
-#include <core/text.h>
+#include <text/scan.h>
+#include <text/text.h>
 #include <geodata/stodpunkt.h>
 
 #include "filechecks.h"

@@ -1,4 +1,4 @@
-#include <core/scan.h>
+#include <text/scan.h>
 
 #include "filechecks.h"
 #include "linechecker.h"

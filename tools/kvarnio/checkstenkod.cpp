@@ -1,8 +1,8 @@
 #include <map>
 
-#include <core/format.h>
-#include <core/scan.h>
-#include <core/text.h>
+#include <text/format.h>
+#include <text/scan.h>
+#include <text/text.h>
 
 #include "filechecks.h"
 #include "linechecker.h"

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include <compat/codepage.h>
-#include <core/text.h>
+#include <text/codepage.h>
+#include <text/text.h>
 
 #include "arguments.h"
 #include "failure.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include <compat/filerewrite.h>
+#include <files/filerewrite.h>
 
 #include "backup.h"
 #include "copies.h"

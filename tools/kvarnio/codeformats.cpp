@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <utility>
 
-#include <core/text.h>
 
 #include "failure.h"
 #include "filechecks.h"

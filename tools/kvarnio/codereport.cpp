@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include <compat/codepage.h>
+#include <text/codepage.h>
 
 #include "codearguments.h"
 

@@ -1,6 +1,6 @@
 #include "context.h"
 
-#include <compat/codepage.h>
+#include <text/codepage.h>
 
 #include "failure.h"
 #include "messages.h"

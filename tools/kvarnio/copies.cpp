@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include <core/text.h>
+#include <files/pathparts.h>
 
 #include "output.h"
 #include "platform.h"

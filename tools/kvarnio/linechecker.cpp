@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <utility>
 
-#include <core/scan.h>
+#include <text/scan.h>
 
 #include "letters.h"
 

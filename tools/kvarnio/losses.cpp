@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include <compat/codepage.h>
+#include <text/codepage.h>
 
 #include "backup.h"
 #include "failure.h"

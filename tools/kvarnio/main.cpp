@@ -2,7 +2,7 @@
 #include <exception>
 #include <iostream>
 
-#include <compat/codepage.h>
+#include <text/codepage.h>
 #include <kvarnprog.h>
 
 #include "commandline.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include <core/scan.h>
+#include <text/scan.h>
 
 namespace kvarnio {
 namespace {

@@ -5,8 +5,8 @@
 #include <numbers>
 
 #include <CLI/CLI.hpp>
-#include <compat/codepage.h>
-#include <core/text.h>
+#include <text/codepage.h>
+#include <text/text.h>
 
 #include "arguments.h"
 #include "backup.h"

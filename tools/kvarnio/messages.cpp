@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include <compat/codepage.h>
+#include <text/codepage.h>
 #include <kvarnprog.h>
 
 namespace kvarnio {

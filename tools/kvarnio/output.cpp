@@ -4,7 +4,7 @@
 #include <charconv>
 #include <iostream>
 
-#include <compat/codepage.h>
+#include <text/codepage.h>
 
 #include "platform.h"
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <cmath>
 
-#include <core/format.h>
+#include <text/format.h>
 
 namespace kvarnio {
 namespace {

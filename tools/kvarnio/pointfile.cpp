@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include <core/scan.h>
-#include <core/text.h>
+#include <text/scan.h>
+#include <text/text.h>
 
 namespace kvarnio {
 namespace {

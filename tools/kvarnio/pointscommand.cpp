@@ -4,8 +4,8 @@
 #include <memory>
 
 #include <CLI/CLI.hpp>
-#include <compat/codepage.h>
-#include <core/text.h>
+#include <text/codepage.h>
+#include <text/text.h>
 
 #include "backup.h"
 #include "commandline.h"

@@ -1,7 +1,7 @@
 // The profile: its axes, the line with its vertical curves, grades and heights.
 #include <cmath>
 
-#include <core/format.h>
+#include <text/format.h>
 
 #include "labels.h"
 #include "plotparts.h"

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include <CLI/CLI.hpp>
-#include <compat/codepage.h>
-#include <core/format.h>
+#include <text/codepage.h>
+#include <text/format.h>
 
 #include "arguments.h"
 #include "commandline.h"

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <string>
 
-#include <core/format.h>
+#include <text/format.h>
 
 #include "roadgeometry.h"
 

@@ -2,7 +2,7 @@
 #include <memory>
 
 #include <CLI/CLI.hpp>
-#include <core/format.h>
+#include <text/format.h>
 
 #include "commandline.h"
 #include "output.h"

@@ -1,6 +1,6 @@
 #include "roadlines.h"
 
-#include <core/scan.h>
+#include <text/scan.h>
 #include <geodata/vaglinje.h>
 
 #include "output.h"

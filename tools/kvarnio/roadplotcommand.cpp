@@ -4,7 +4,7 @@
 #include <memory>
 
 #include <CLI/CLI.hpp>
-#include <compat/codepage.h>
+#include <text/codepage.h>
 
 #include "commandline.h"
 #include "messages.h"

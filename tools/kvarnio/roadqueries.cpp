@@ -6,7 +6,7 @@
 #include <optional>
 
 #include <CLI/CLI.hpp>
-#include <core/format.h>
+#include <text/format.h>
 
 #include "arguments.h"
 #include "commandline.h"

@@ -2,8 +2,8 @@
 
 #include <system_error>
 
-#include <compat/filerewrite.h>
-#include <core/text.h>
+#include <files/filerewrite.h>
+#include <files/pathparts.h>
 
 #include "backup.h"
 #include "failure.h"

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include <CLI/CLI.hpp>
-#include <compat/codepage.h>
+#include <text/codepage.h>
 
 #include "arguments.h"
 #include "backup.h"

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include <compat/codepage.h>
+#include <text/codepage.h>
 
 #include "copies.h"
 #include "filechecks.h"

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "../../src/compat/codepage.h"
+#include "../../src/text/codepage.h"
 #include "layout.h"
 #include "names.h"
 

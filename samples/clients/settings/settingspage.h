@@ -6,7 +6,7 @@
 #include <vector>
 
 #include <kvarnprog.h>
-#include <library/settingspages.h>
+#include <resources/settingspages.h>
 
 // An entry that a page's resources have for a control.
 struct InitialEntry {

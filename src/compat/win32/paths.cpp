@@ -7,7 +7,7 @@
 #include <memory>
 #include <unistd.h>
 
-#include "../codepage.h"
+#include "../../text/codepage.h"
 
 namespace kvarn {
 namespace {

@@ -12,7 +12,7 @@
 #include <unistd.h>
 #include <vector>
 
-#include "../codepage.h"
+#include "../../text/codepage.h"
 #include "files.h"
 #include "hostfile.h"
 #include "paths.h"

@@ -1,0 +1,108 @@
+// MFC's windows, application object and message box, for toolchains without MFC: names, signatures
+// and behaviour are those that MFC documents, for the part of it that the library and its clients
+// meet. The objects' state lives in the library, so that client and library see the same
+// application.
+#pragma once
+
+#include "../../compat/types.h"
+
+#include "../../export.h"
+#include "cstring.h"
+
+// The Windows headers turn these names into their ANSI forms, as they do with MFC's own members;
+// elsewhere the same is done here, so that both hosts agree on one spelling.
+#if !defined(_WIN32)
+#define GetProfileString GetProfileStringA
+#define WriteProfileString WriteProfileStringA
+#define MessageBox MessageBoxA
+#endif
+
+#if !defined(AFX_IDS_APP_TITLE)
+#define AFX_IDS_APP_TITLE 0xE000
+#endif
+
+// There are no message maps without MFC: nothing is dispatched.
+#if !defined(DECLARE_MESSAGE_MAP)
+#define DECLARE_MESSAGE_MAP()
+#define BEGIN_MESSAGE_MAP(theClass, baseClass)
+#define END_MESSAGE_MAP()
+#endif
+
+// A window that the client made. The object does not own the handle.
+class KVARNPROG_API CWnd {
+  public:
+    CWnd() = default;
+    CWnd(CWnd const&) = delete;
+    CWnd& operator=(CWnd const&) = delete;
+    virtual ~CWnd();
+
+    HWND GetSafeHwnd() const { return m_hWnd; }
+    bool Attach(HWND window);
+    HWND Detach();
+    int MessageBox(char const* text, char const* caption = nullptr, UINT style = 0);
+    void UpdateWindow();
+
+    HWND m_hWnd = nullptr;
+};
+
+class KVARNPROG_API CStatusBar : public CWnd {
+  public:
+    CStatusBar() = default;
+    ~CStatusBar() override;
+
+    // Sets the text of a pane, and repaints it at once when `update` is not 0. On hosts without
+    // windows the text is only kept.
+    BOOL SetPaneText(int pane, char const* text, BOOL update = TRUE);
+    CString GetPaneText(int pane) const;
+
+  private:
+    static constexpr int panes = 8;
+    CString m_texts[panes];
+};
+
+class KVARNPROG_API CWinThread {
+  public:
+    CWinThread() = default;
+    CWinThread(CWinThread const&) = delete;
+    CWinThread& operator=(CWinThread const&) = delete;
+    virtual ~CWinThread();
+
+    virtual CWnd* GetMainWnd();
+
+    CWnd* m_pMainWnd = nullptr;
+};
+
+// The client's application object. The first one that lives registers itself.
+class KVARNPROG_API CWinApp : public CWinThread {
+  public:
+    explicit CWinApp(char const* name = nullptr);
+    ~CWinApp() override; // frees both names
+
+    // A key of the profile file m_pszProfileName; the default (null: the empty text) when it is
+    // missing. Values are cut at 4,095 characters.
+    virtual CString GetProfileString(char const* section, char const* key,
+                                     char const* standard = nullptr);
+    // Writes a key, or removes it when the value is null. Nonzero on success.
+    virtual BOOL WriteProfileString(char const* section, char const* key, char const* value);
+
+    // Heap texts (malloc), owned by the object.
+    char const* m_pszAppName = nullptr;
+    char const* m_pszProfileName = nullptr;
+
+  protected:
+    // The library's own object, which is not the application.
+    enum LibraryObject { libraryObject };
+    explicit CWinApp(LibraryObject) {}
+};
+
+// The client's application object and its thread, or null.
+KVARNPROG_API CWinApp* AfxGetApp();
+KVARNPROG_API CWinThread* AfxGetThread();
+KVARNPROG_API CWnd* AfxGetMainWnd();
+
+// A box over the main window with the application's name, or its title where it has no name, as
+// the caption. Returns the button's id.
+KVARNPROG_API int AfxMessageBox(char const* text, UINT style = 0, UINT help = 0);
+
+// A string resource of the program, else of the library. Returns its length, 0 when neither has it.
+KVARNPROG_API int AfxLoadString(UINT id, char* buffer, UINT size = 256);

@@ -1,0 +1,13 @@
+// Everything that the library's own code meets of the host: what clients meet too, the plain calls,
+// and those of settings, the registry, modules and windows.
+#pragma once
+
+#include "../compat/calls.h"
+#include "host.h"
+
+#if !defined(_WIN32)
+#include "win32/modules.h"
+#include "win32/profile.h"
+#include "win32/registry.h"
+#include "win32/window.h"
+#endif

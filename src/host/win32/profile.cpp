@@ -1,0 +1,82 @@
+#include "profile.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "../../files/filerewrite.h"
+#include "../../files/wholefile.h"
+#include "../../compat/win32/files.h"
+#include "initext.h"
+#include "../../compat/win32/paths.h"
+#include "../../text/utf16.h"
+
+namespace {
+
+constexpr char const* windowsFolder = "C:\\Windows";
+
+bool IsBare(std::string_view path) {
+    return path.find_first_of("\\/:") == std::string_view::npos;
+}
+
+// As Windows looks for the file: a bare name lies in its own folder.
+std::string FullPath(LPCSTR path) {
+    std::string const name = path != nullptr ? path : "WIN.INI";
+    return IsBare(name) ? std::string(windowsFolder) + "\\" + name : name;
+}
+
+std::u16string Changed(std::u16string_view ini, LPCSTR section, LPCSTR key, LPCSTR value) {
+    std::u16string const name = kvarn::ToUtf16(section);
+    if (key == nullptr) {
+        return kvarn::WithoutIniSection(ini, name);
+    }
+    std::optional<std::u16string> const newValue =
+        value != nullptr ? std::optional(kvarn::ToUtf16(value)) : std::nullopt;
+    return kvarn::WithIniValue(ini, name, kvarn::ToUtf16(key), newValue);
+}
+
+} // namespace
+
+DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR standard, LPSTR buffer,
+                               DWORD size, LPCSTR path) {
+    if (size == 0) {
+        return 0;
+    }
+    kvarn::IniText const ini(kvarn::WholeFile(FullPath(path).c_str()).value_or(""));
+    std::optional<std::u16string_view> found;
+    if (section != nullptr && key != nullptr) {
+        found = kvarn::IniValue(ini.text, kvarn::ToUtf16(section), kvarn::ToUtf16(key));
+    }
+    std::string const value = found                 ? kvarn::FromUtf16(*found)
+                              : standard != nullptr ? standard
+                                                    : "";
+    std::size_t const length = std::min<std::size_t>(value.size(), size - 1);
+    value.copy(buffer, length);
+    buffer[length] = '\0';
+    return static_cast<DWORD>(length);
+}
+
+BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR path) {
+    if (section == nullptr) {
+        return FALSE;
+    }
+    std::string const target = FullPath(path);
+    bool const exists = GetFileAttributesA(target.c_str()) != INVALID_FILE_ATTRIBUTES;
+    auto const old = kvarn::WholeFile(target.c_str());
+    kvarn::IniText ini(old.value_or(""));
+    if ((exists && !old) || !ini.whole) {
+        return FALSE; // what cannot be read is not replaced
+    }
+    std::u16string text = Changed(ini.text, section, key, value);
+    if (text == ini.text) {
+        return TRUE;
+    }
+    ini.text = std::move(text);
+    if (IsBare(path != nullptr ? path : "")) {
+        std::error_code unwritable; // the write tells
+        std::filesystem::create_directories(kvarn::HostPath(windowsFolder), unwritable);
+    }
+    return kvarn::RewriteFile(target.c_str(), ini.Bytes()) == kvarn::Rewritten::done ? TRUE : FALSE;
+}

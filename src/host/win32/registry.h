@@ -1,0 +1,34 @@
+// The registry by the Windows calls that the library uses, for hosts that are not Windows. It is
+// kept in a text file (see regstore.h): $KVARNPROG_REGISTRY, by default kvarnprog/registry.reg in
+// the user's configuration folder. Every call reads the file, and one that changes something
+// replaces it in one step; programs take turns. A file that cannot be read, or with a line that is
+// not understood, is never written.
+//
+// There are no access rights and there is one view: access masks are taken and not looked at.
+#pragma once
+
+#include "../../compat/win32/files.h"
+#include "registrytypes.h"
+
+using LSTATUS = LONG;
+
+constexpr LSTATUS ERROR_MORE_DATA = 234;
+constexpr LSTATUS ERROR_BADDB = 1009; // the store is not understood
+
+LSTATUS RegOpenKeyExA(HKEY parent, LPCSTR path, DWORD options, REGSAM access, HKEY* key);
+LSTATUS RegCreateKeyExA(HKEY parent, LPCSTR path, DWORD reserved, LPSTR keyClass, DWORD options,
+                        REGSAM access, SECURITY_ATTRIBUTES const* security, HKEY* key,
+                        DWORD* disposition);
+LSTATUS RegCloseKey(HKEY key);
+LSTATUS RegFlushKey(HKEY key);
+// Refuses a key with keys below it.
+LSTATUS RegDeleteKeyA(HKEY parent, LPCSTR path);
+LSTATUS RegQueryInfoKeyA(HKEY key, LPSTR keyClass, DWORD* classSize, DWORD* reserved, DWORD* keys,
+                         DWORD* longestKey, DWORD* longestClass, DWORD* values, DWORD* longestName,
+                         DWORD* longestData, DWORD* security, FILETIME* written);
+
+LSTATUS RegQueryValueExA(HKEY key, LPCSTR name, DWORD* reserved, DWORD* type, std::uint8_t* data,
+                         DWORD* size);
+LSTATUS RegSetValueExA(HKEY key, LPCSTR name, DWORD reserved, DWORD type, std::uint8_t const* data,
+                       DWORD size);
+LSTATUS RegDeleteValueA(HKEY key, LPCSTR name);

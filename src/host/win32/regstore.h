@@ -1,0 +1,60 @@
+// The registry's content as text, for hosts that are not Windows: the export form of the Windows
+// registry editor, version 5, which it can import.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "../../compat/win32/types.h"
+
+namespace kvarn {
+
+struct RegValue {
+    std::u16string name; // empty: the key's default value
+    DWORD type = 0;
+    std::string data; // texts are UTF-16, as stored by Windows
+    std::u16string comment;
+};
+
+struct RegKey {
+    std::u16string path; // with the root's full name
+    std::vector<RegValue> values;
+    std::u16string comment;
+
+    RegValue* Find(std::u16string_view name);
+};
+
+// Names of keys and values are compared without regard to case, for the letters of code page 1252.
+class RegStore {
+  public:
+    RegStore() = default;
+    // Reads UTF-16 with its mark, UTF-8, or code page 1252. A line that is not understood is passed
+    // over.
+    explicit RegStore(std::string_view bytes);
+
+    // Whether every line was understood: otherwise writing the store loses something.
+    bool Whole() const { return m_whole; }
+    // UTF-16 with its mark, lines ended by CR LF. Comments (lines that begin with a semicolon) stay
+    // before the key or value that they stood before.
+    std::string Bytes() const;
+
+    RegKey* Find(std::u16string_view path);
+    // The key, made with those above it where it is missing.
+    RegKey& Make(std::u16string_view path);
+    void Delete(std::u16string_view path);
+    std::size_t CountKeysBelow(std::u16string_view path) const;
+
+  private:
+    void Read(std::u16string_view text);
+    bool ReadKeyLine(std::u16string_view line);
+    bool ReadValueLine(std::u16string_view line);
+
+    std::map<std::u16string, RegKey> m_keys; // by their paths in capitals
+    bool m_whole = true;
+    RegKey* m_current = nullptr; // while reading
+    std::u16string m_comment;    // not yet attached; at last those at the end
+};
+
+} // namespace kvarn

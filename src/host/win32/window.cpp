@@ -1,0 +1,28 @@
+#include "window.h"
+
+#include <array>
+#include <cstdio>
+
+#include "../../text/codepage.h"
+
+namespace {
+
+constexpr std::array<std::array<int, 3>, 6> buttonsOf = {{{IDOK, IDOK, IDOK},
+                                                          {IDOK, IDCANCEL, IDOK},
+                                                          {IDABORT, IDRETRY, IDIGNORE},
+                                                          {IDYES, IDNO, IDCANCEL},
+                                                          {IDYES, IDNO, IDYES},
+                                                          {IDRETRY, IDCANCEL, IDRETRY}}};
+
+} // namespace
+
+BOOL IsWindow(HWND window) {
+    return window != nullptr ? TRUE : FALSE;
+}
+
+int MessageBoxA(HWND, LPCSTR text, LPCSTR caption, UINT style) {
+    std::fprintf(stderr, "%s: %s\n", kvarn::ToUtf8(caption).c_str(), kvarn::ToUtf8(text).c_str());
+    UINT const buttons = style & MB_TYPEMASK;
+    UINT const standard = (style & MB_DEFMASK) / MB_DEFBUTTON2;
+    return buttons < buttonsOf.size() && standard < 3 ? buttonsOf[buttons][standard] : IDOK;
+}

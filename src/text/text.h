@@ -1,0 +1,29 @@
+// Text routines that every class shares: comparison without regard to case, trimming, and fields of
+// records. Text is in code page 1252.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace kvarn {
+
+inline constexpr std::string_view whiteSpace = "\t\n\v\f\r ";
+
+// Without the white space, or whatever the set holds, at both ends.
+std::string_view Trimmed(std::string_view text, std::string_view set = whiteSpace);
+// Without that at its end alone.
+std::string_view TrimmedRight(std::string_view text);
+
+// Equal when the letters of code page 1252 are folded.
+bool SameText(std::string_view a, std::string_view b);
+
+// Copies a text into a buffer of `size` bytes, cut to fit, with a zero at its end.
+void CopyText(char* buffer, std::size_t size, std::string_view text);
+
+// The text of a field that clients fill as well, with or without a zero at its end.
+template <std::size_t N> std::string_view FieldText(char const (&field)[N]) {
+    std::string_view const all(field, N - 1);
+    return all.substr(0, all.find('\0'));
+}
+
+} // namespace kvarn

@@ -1,0 +1,132 @@
+#include "text/scan.h"
+
+#include <cmath>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include "support/commalocale.h"
+
+using kvarn::Scan;
+
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+TEST(Scan, DoublesAsTheRuntimeLibraryReadsThem) {
+    struct {
+        char const* text;
+        int count;
+        double value;
+    } const cases[] = {
+        {"2.5", 1, 2.5},
+        {" \t\n\v\f\r-1.25e2x", 1, -125},
+        {"+.5", 1, 0.5},
+        {"5.", 1, 5},
+        {"1e", 1, 1}, // an exponent without digits is taken along
+        {"1e+", 1, 1},
+        {"1e5.5", 1, 1e5},
+        {"0x1.8p1", 1, 3},
+        {"0x.8", 1, 0.5},
+        {"0x.", 1, 0},
+        {"0x1p", 1, 1},
+        {"1e400", 1, infinity},
+        {"-1e400", 1, -infinity},
+        {"1e-400", 1, 0},
+        {"0e999999999999999999999", 1, 0},
+        {"1e999999999999999999999", 1, infinity},
+        {"0.000000000000000000001e320", 1, 1e299},
+        {"5e-324", 1, 5e-324},
+        {"2.2250738585072011e-308", 1, 2.2250738585072011e-308},
+        {"0x1p-1074", 1, 5e-324},
+        {"0x1p-1080", 1, 0},
+        {"0x1p1024", 1, infinity},
+        {"inf", 1, infinity},
+        {"-InFiNiTyx", 1, -infinity},
+        {"2,5", 1, 2},
+        {"infinit", 0, 0},
+        {"in", 0, 0},
+        {"na", 0, 0},
+        {"0x", 0, 0},
+        {"0xg", 0, 0},
+        {".", 0, 0},
+        {"-", 0, 0},
+        {"--1", 0, 0},
+        {"MAX", 0, 0},
+        {".e5", 0, 0},
+        {"\xA0"
+         "1",
+         0, 0}, // a hard blank is no white space
+        {"", -1, 0},
+        {" \t", -1, 0},
+    };
+    for (auto const& c : cases) {
+        double value = 0;
+        EXPECT_EQ(Scan(c.text, value), c.count) << c.text;
+        EXPECT_EQ(value, c.value) << c.text;
+    }
+    double nan = 0;
+    EXPECT_EQ(Scan("-nan(7)", nan), 1);
+    EXPECT_TRUE(std::isnan(nan) && std::signbit(nan));
+}
+
+TEST(Scan, IntegersSaturateAtTheirBits) {
+    struct {
+        char const* text;
+        int count;
+        std::int32_t wide;
+        std::int16_t narrow;
+    } const cases[] = {
+        {"2.5", 1, 2, 2},
+        {"-17 ", 1, -17, -17},
+        {"+0", 1, 0, 0},
+        {"007", 1, 7, 7},
+        {"0x10", 1, 0, 0},
+        {"32768", 1, 32768, 32767},
+        {"-32769", 1, -32769, -32768},
+        {"2147483648", 1, 2147483647, 32767},
+        {"-99999999999999999999999", 1, -2147483647 - 1, -32768},
+        {"+", 0, 5, 5},
+        {"x1", 0, 5, 5},
+        {" ", -1, 5, 5},
+    };
+    for (auto const& c : cases) {
+        std::int32_t wide = 5;
+        std::int16_t narrow = 5;
+        EXPECT_EQ(Scan(c.text, wide), c.count) << c.text;
+        EXPECT_EQ(wide, c.wide) << c.text;
+        EXPECT_EQ(Scan(c.text, narrow), c.count) << c.text;
+        EXPECT_EQ(narrow, c.narrow) << c.text;
+    }
+}
+
+TEST(Scan, SeveralValuesStopAtTheFirstThatIsNotThere) {
+    double x = 0;
+    double y = 0;
+    std::int32_t typ = 0;
+    char word[5] = "";
+    EXPECT_EQ(Scan("6.5 -3e1 7 $Väg", x, y, typ, word), 4);
+    EXPECT_EQ(x, 6.5);
+    EXPECT_EQ(y, -30);
+    EXPECT_EQ(typ, 7);
+    EXPECT_STREQ(word, "$V\xC3\xA4");
+    EXPECT_EQ(Scan("1 x 3", x, y, typ), 1);
+    EXPECT_EQ(Scan("1 2", x, y, typ), 2);
+    EXPECT_EQ(Scan("1e 2", x, y), 2);
+
+    // A word longer than its buffer is cut; the rest is the next word.
+    char rest[5] = "";
+    EXPECT_EQ(Scan(" abcdefg", word, rest), 2);
+    EXPECT_STREQ(word, "abcd");
+    EXPECT_STREQ(rest, "efg");
+    EXPECT_EQ(Scan(std::string_view("1\0 2", 4), x, y), 1); // a zero ends the text
+}
+
+TEST(Scan, TheLocaleOfTheProcessDoesNotMatter) {
+    CommaLocale const comma;
+    double value = 0;
+    EXPECT_EQ(Scan("2.5", value), 1);
+    EXPECT_EQ(value, 2.5);
+}
+
+} // namespace
