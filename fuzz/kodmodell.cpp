@@ -7,8 +7,8 @@
 #include <cstring>
 
 #include "check.h"
-#include "text/codepage.h"
 #include "support/boxes.h"
+#include "text/codepage.h"
 
 // --- The library's calls -------------------------------------------------------------------------
 

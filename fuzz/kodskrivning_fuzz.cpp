@@ -16,9 +16,9 @@
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "check.h"
-#include "text/codepage.h"
 #include "kodmodell.h"
 #include "support/boxes.h"
+#include "text/codepage.h"
 
 namespace {
 

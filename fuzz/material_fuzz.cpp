@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "check.h"
-#include "text/text.h"
 #include "geodata/bergormatelista.h"
 #include "kodmappar.h"
+#include "text/text.h"
 
 namespace {
 

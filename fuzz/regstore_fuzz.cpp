@@ -32,15 +32,11 @@ void CheckSetting(kvarn::RegStore& store, FuzzedDataProvider& provider) {
     std::u16string const name = Name(provider);
     auto const type = provider.ConsumeIntegralInRange<DWORD>(0, 12);
     std::string const data = provider.ConsumeRandomLengthString(longest);
-    kvarn::RegKey& key = store.Make(path);
-    if (kvarn::RegValue* const value = key.Find(name)) {
-        value->type = type;
-        value->data = data;
-    } else {
-        key.values.push_back({name, type, data, {}});
-    }
-    kvarn::RegStore again(store.Bytes());
-    kvarn::RegKey* const found = again.Find(path);
+    kvarn::RegValue& made = store.Make(path).Make(name);
+    made.type = type;
+    made.data = data;
+    kvarn::RegStore const again(store.Bytes());
+    kvarn::RegKey const* const found = again.Find(path);
     Check(found != nullptr, "the key is found");
     kvarn::RegValue const* const value = found->Find(name);
     Check(value != nullptr, "the value is found");

@@ -7,10 +7,10 @@
 
 #include "check.h"
 #include "core/message.h"
-#include "text/text.h"
-#include "text/letters.h"
 #include "geodata/stodpunkt.h"
 #include "kodmappar.h"
+#include "text/letters.h"
+#include "text/text.h"
 
 namespace {
 

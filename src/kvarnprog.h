@@ -2,6 +2,7 @@
 // drawing programs.
 #pragma once
 
+#include "core/dirsort.h"
 #include "core/list0.h"
 #include "core/message.h"
 #include "core/registry.h"
@@ -12,7 +13,6 @@
 #include "kvarnfiles/kvarncfg.h"
 #include "kvarnfiles/kvarninst.h"
 #include "kvarnfiles/kvarnpar.h"
-#include "core/dirsort.h"
 #include "project/projektstatus.h"
 #include "project/projpath.h"
 #include "project/ritningsformat.h"

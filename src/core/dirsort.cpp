@@ -4,13 +4,13 @@
 #include <string>
 #include <string_view>
 
+#include "../host/calls.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
-#include "messageout.h"
+#include "../text/letters.h"
 #include "../text/scan.h"
 #include "../text/text.h"
-#include "../text/letters.h"
-#include "../host/calls.h"
+#include "messageout.h"
 
 template class KVARNPROG_LIST_DEFINE list0<dirsorttype>;
 

@@ -3,9 +3,9 @@
 
 #include <cstdint>
 
+#include "../export.h"
 #include "../host/host.h"
 #include "list0.h"
-#include "../export.h"
 
 struct dirsorttype {
     char namn[260];       // long name

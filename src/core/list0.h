@@ -9,8 +9,8 @@
 #include <stdexcept>
 #include <type_traits>
 
-#include "../host/host.h"
 #include "../export.h"
+#include "../host/host.h"
 
 // Thrown by the lists: out of memory and internal errors. what() is the exact text to show.
 class KVARNPROG_API ListFel : public std::runtime_error {

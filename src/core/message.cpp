@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "messageout.h"
-#include "../text/text.h"
 #include "../host/calls.h"
+#include "../text/text.h"
+#include "messageout.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 // message box, and the texts that the library keeps.
 #pragma once
 
-#include "../host/host.h"
 #include "../export.h"
+#include "../host/host.h"
 
 // Hands the host's status bar to the library, which shows bad lines of data files in its pane 0.
 // Null, as at load, or a bar whose window is gone: such texts are dropped. The bar stays the

@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "../host/host.h"
 #include "../export.h"
+#include "../host/host.h"
 
 // A root key and the path of a key below it. Every read and write opens the key, does one thing and
 // closes it: no key stays open between calls.

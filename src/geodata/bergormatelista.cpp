@@ -4,11 +4,11 @@
 #include <iterator>
 #include <span>
 
+#include "../files/textfil.h"
+#include "../project/sokordning.h"
 #include "../text/format.h"
 #include "../text/scan.h"
 #include "../text/text.h"
-#include "../files/textfil.h"
-#include "../project/sokordning.h"
 #include "datafil.h"
 
 template class KVARNPROG_LIST_DEFINE list0<bergmattype>;

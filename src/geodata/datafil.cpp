@@ -1,7 +1,7 @@
 #include "datafil.h"
 
-#include "../files/pathparts.h"
 #include "../files/existence.h"
+#include "../files/pathparts.h"
 #include "../files/textfil.h"
 
 namespace kvarn {

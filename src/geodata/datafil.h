@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "../host/host.h"
 #include "../files/filerewrite.h"
+#include "../host/host.h"
 
 namespace kvarn {
 

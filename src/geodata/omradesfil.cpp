@@ -1,13 +1,13 @@
 // The area file of a project: which road, and how much of it is drawn.
-#include "../text/codepage.h"
 #include "../files/filerewrite.h"
+#include "../files/pathparts.h"
+#include "../files/textfil.h"
+#include "../text/codepage.h"
 #include "../text/format.h"
 #include "../text/scan.h"
-#include "../files/textfil.h"
+#include "../text/text.h"
 #include "vag2.h"
 #include "vagfil.h"
-#include "../text/text.h"
-#include "../files/pathparts.h"
 
 namespace {
 

@@ -4,14 +4,14 @@
 #include <cmath>
 #include <cstring>
 
-#include "../text/codepage.h"
-#include "../text/format.h"
 #include "../core/message.h"
 #include "../core/messageout.h"
+#include "../files/textfil.h"
+#include "../text/codepage.h"
+#include "../text/format.h"
+#include "../text/letters.h"
 #include "../text/scan.h"
 #include "../text/text.h"
-#include "../text/letters.h"
-#include "../files/textfil.h"
 #include "datafil.h"
 
 template class KVARNPROG_LIST_DEFINE list0<stdpkttype>;

@@ -3,9 +3,9 @@
 
 #include <cstdint>
 
-#include "../host/host.h"
 #include "../core/list0.h"
 #include "../export.h"
+#include "../host/host.h"
 
 struct stdpkttype {
     char namn[12]; // at most 11 characters

@@ -2,12 +2,12 @@
 
 #include <cmath>
 
-#include "../text/format.h"
 #include "../core/message.h"
-#include "../text/scan.h"
 #include "../files/textfil.h"
-#include "vagfil.h"
+#include "../text/format.h"
+#include "../text/scan.h"
 #include "../text/text.h"
+#include "vagfil.h"
 
 namespace {
 

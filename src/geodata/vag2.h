@@ -1,8 +1,8 @@
 // A road: its plan and its profile, kept in one road file, and the project's area file.
 #pragma once
 
-#include "../host/host.h"
 #include "../export.h"
+#include "../host/host.h"
 #include "../project/projpath.h"
 #include "vaglinje.h"
 

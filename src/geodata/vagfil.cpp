@@ -1,12 +1,12 @@
 #include "vagfil.h"
 
+#include "../core/messageout.h"
+#include "../files/textfil.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
-#include "../core/messageout.h"
-#include "../text/scan.h"
-#include "../files/textfil.h"
-#include "datafil.h"
 #include "../text/letters.h"
+#include "../text/scan.h"
+#include "datafil.h"
 
 namespace kvarn {
 namespace {

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "../text/text.h"
 #include "../host/host.h"
+#include "../text/text.h"
 #include "vertex.h"
 
 namespace kvarn {

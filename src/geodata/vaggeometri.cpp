@@ -1,6 +1,6 @@
 // A road line's single elements: straight, arc, vertical curve, and the points on them.
-#include "../text/format.h"
 #include "../core/messageout.h"
+#include "../text/format.h"
 #include "cirkelbage.h"
 #include "vaglinje.h"
 

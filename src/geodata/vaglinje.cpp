@@ -1,8 +1,8 @@
 #include "vaglinje.h"
 
 #include "../files/textfil.h"
-#include "vagfil.h"
 #include "../text/text.h"
+#include "vagfil.h"
 
 template class KVARNPROG_LIST_DEFINE list0<kovltype>;
 

@@ -22,10 +22,10 @@
 
 #include <cstdint>
 
-#include "../host/host.h"
-#include "vertex.h"
 #include "../core/list0.h"
 #include "../export.h"
+#include "../host/host.h"
+#include "vertex.h"
 
 extern template class KVARNPROG_LIST_DECLARE list0<kovltype>;
 

@@ -1,12 +1,12 @@
 #include "jb23.h"
 
-#include "../text/codepage.h"
 #include "../files/filerewrite.h"
-#include "../text/format.h"
-#include "../text/scan.h"
 #include "../files/pathparts.h"
 #include "../files/textfil.h"
 #include "../project/sokordning.h"
+#include "../text/codepage.h"
+#include "../text/format.h"
+#include "../text/scan.h"
 #include "kvarninst.h"
 #include "oppningsfel.h"
 

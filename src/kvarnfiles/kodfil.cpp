@@ -1,16 +1,16 @@
 // CKvarnInst: the code file, a header and then a code and a word of text a line.
-#include "../text/codepage.h"
-#include "../files/filerewrite.h"
-#include "../files/wholefile.h"
-#include "../text/format.h"
 #include "../core/messageout.h"
-#include "../text/scan.h"
+#include "../files/filerewrite.h"
+#include "../files/pathparts.h"
+#include "../files/wholefile.h"
+#include "../host/calls.h"
 #include "../project/sokordning.h"
+#include "../text/codepage.h"
+#include "../text/format.h"
+#include "../text/scan.h"
 #include "klienttext.h"
 #include "kvarninst.h"
 #include "passfil.h"
-#include "../files/pathparts.h"
-#include "../host/calls.h"
 
 namespace {
 

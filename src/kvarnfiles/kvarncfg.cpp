@@ -1,10 +1,10 @@
 #include "kvarncfg.h"
 
-#include "../text/codepage.h"
-#include "../text/format.h"
 #include "../core/messageout.h"
 #include "../files/pathparts.h"
 #include "../project/projpath.h"
+#include "../text/codepage.h"
+#include "../text/format.h"
 #include "nyckelfil.h"
 
 template class KVARNPROG_LIST_DEFINE list0<cfgtype>;

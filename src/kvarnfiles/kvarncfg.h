@@ -1,9 +1,9 @@
 // The drawing program's configuration file "KVARNBOK.CFG": lines of key=value.
 #pragma once
 
-#include "../host/host.h"
 #include "../core/list0.h"
 #include "../export.h"
+#include "../host/host.h"
 #include "../settings/autoini.h"
 
 struct cfgtype {

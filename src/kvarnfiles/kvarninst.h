@@ -4,8 +4,8 @@
 
 #include <type_traits>
 
-#include "../host/host.h"
 #include "../export.h"
+#include "../host/host.h"
 #include "../project/projpath.h"
 #include "../settings/autoini.h"
 

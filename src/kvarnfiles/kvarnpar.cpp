@@ -1,9 +1,9 @@
 #include "kvarnpar.h"
 
-#include "../text/codepage.h"
-#include "../text/format.h"
 #include "../core/messageout.h"
 #include "../project/sokordning.h"
+#include "../text/codepage.h"
+#include "../text/format.h"
 #include "nyckelfil.h"
 #include "oppningsfel.h"
 

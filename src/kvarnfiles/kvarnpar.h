@@ -2,9 +2,9 @@
 // shared.
 #pragma once
 
-#include "../host/host.h"
 #include "../core/list0.h"
 #include "../export.h"
+#include "../host/host.h"
 #include "../project/projpath.h"
 #include "../settings/autoini.h"
 

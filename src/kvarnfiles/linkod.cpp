@@ -1,15 +1,15 @@
 // CKvarnInst: the line codes, whose free text begins at a column.
 #include <algorithm>
 
+#include "../project/sokordning.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
+#include "../text/letters.h"
 #include "../text/scan.h"
-#include "../project/sokordning.h"
 #include "klienttext.h"
 #include "kvarninst.h"
 #include "oppningsfel.h"
 #include "passfil.h"
-#include "../text/letters.h"
 
 namespace {
 

@@ -1,14 +1,14 @@
 // CKvarnInst: a project's own copies of the settings and code files.
 #include <array>
 
+#include "../files/existence.h"
 #include "../files/filecopy.h"
 #include "../files/filerewrite.h"
-#include "../files/existence.h"
 #include "../files/textfil.h"
+#include "../host/calls.h"
 #include "../project/sokordning.h"
 #include "kvarninst.h"
 #include "passfil.h"
-#include "../host/calls.h"
 
 namespace {
 

@@ -3,17 +3,17 @@
 #include <iterator>
 #include <optional>
 
-#include "../text/codepage.h"
-#include "../files/filerewrite.h"
-#include "../text/format.h"
 #include "../core/messageout.h"
-#include "../text/scan.h"
+#include "../files/filerewrite.h"
 #include "../project/sokordning.h"
+#include "../text/codepage.h"
+#include "../text/format.h"
+#include "../text/letters.h"
+#include "../text/scan.h"
 #include "klienttext.h"
 #include "kvarninst.h"
 #include "oppningsfel.h"
 #include "passfil.h"
-#include "../text/letters.h"
 
 namespace {
 

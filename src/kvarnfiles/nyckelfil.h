@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
-#include "../files/filerewrite.h"
-#include "../text/text.h"
 #include "../files/existence.h"
+#include "../files/filerewrite.h"
 #include "../files/textfil.h"
+#include "../text/text.h"
 
 namespace kvarn {
 

@@ -1,8 +1,8 @@
 #include "oppningsfel.h"
 
+#include "../core/messageout.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
-#include "../core/messageout.h"
 
 namespace kvarn {
 

@@ -1,12 +1,12 @@
 // CKvarnInst: the title block's parameters, in a file that the caller names.
 #include "../text/codepage.h"
 #include "../text/format.h"
+#include "../text/letters.h"
 #include "../text/scan.h"
 #include "klienttext.h"
 #include "kvarninst.h"
 #include "oppningsfel.h"
 #include "passfil.h"
-#include "../text/letters.h"
 
 int CKvarnInst::StampParRead(char const* path, char* word1, char* word2, double* num1, double* num2,
                              double* num3) {

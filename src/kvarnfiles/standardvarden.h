@@ -5,9 +5,9 @@
 #include <span>
 #include <string_view>
 
+#include "../project/projpath.h"
 #include "../text/codepage.h"
 #include "../text/text.h"
-#include "../project/projpath.h"
 
 namespace kvarn {
 

@@ -3,9 +3,9 @@
 
 #include <cstdint>
 
-#include "../host/host.h"
 #include "../core/list0.h"
 #include "../export.h"
+#include "../host/host.h"
 
 struct projektstatustype {
     std::int32_t kod;

@@ -1,9 +1,9 @@
 #include "projpath.h"
 
-#include "../text/format.h"
 #include "../core/messageout.h"
-#include "../files/pathparts.h"
 #include "../files/existence.h"
+#include "../files/pathparts.h"
+#include "../text/format.h"
 
 namespace {
 

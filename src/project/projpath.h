@@ -1,8 +1,8 @@
 // The layout of a project on disk: the names of its files and folders, and their full paths.
 #pragma once
 
-#include "../host/host.h"
 #include "../export.h"
+#include "../host/host.h"
 
 class CAutoIni;
 

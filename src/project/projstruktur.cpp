@@ -2,16 +2,16 @@
 #include <cstring>
 #include <vector>
 
-#include "../files/filerewrite.h"
-#include "../host/shell.h"
-#include "../text/format.h"
 #include "../core/message.h"
 #include "../core/messageout.h"
-#include "../text/text.h"
-#include "../files/pathparts.h"
 #include "../files/existence.h"
+#include "../files/filerewrite.h"
+#include "../files/pathparts.h"
 #include "../files/textfil.h"
+#include "../host/shell.h"
 #include "../settings/autoini.h"
+#include "../text/format.h"
+#include "../text/text.h"
 #include "projpath.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include "sokordning.h"
 
-#include "../files/pathparts.h"
 #include "../files/existence.h"
+#include "../files/pathparts.h"
 
 namespace kvarn {
 

@@ -1,6 +1,6 @@
 // The library's string table, for hosts without resources.
-#include "../text/codepage.h"
 #include "../host/host.h"
+#include "../text/codepage.h"
 
 namespace {
 

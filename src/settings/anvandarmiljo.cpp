@@ -1,12 +1,12 @@
 #include "anvandarmiljo.h"
 
-#include "../text/codepage.h"
-#include "../files/filecopy.h"
-#include "../host/shell.h"
-#include "../text/format.h"
 #include "../core/messageout.h"
-#include "../files/pathparts.h"
 #include "../files/existence.h"
+#include "../files/filecopy.h"
+#include "../files/pathparts.h"
+#include "../host/shell.h"
+#include "../text/codepage.h"
+#include "../text/format.h"
 #include "installation.h"
 
 namespace kvarn {

@@ -3,10 +3,10 @@
 #include <ctime>
 #include <string>
 
-#include "../text/format.h"
-#include "../text/text.h"
-#include "../text/letters.h"
 #include "../host/calls.h"
+#include "../text/format.h"
+#include "../text/letters.h"
+#include "../text/text.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-#include "../host/host.h"
 #include "../export.h"
+#include "../host/host.h"
 
 // Construct one, call Init once, then, where users have settings folders of their own, InitXPWay,
 // and hand it to the data-file objects. Text is in code page 1252. Nothing but InitXPWay shows a

@@ -5,15 +5,15 @@
 #include <string>
 #include <vector>
 
-#include "../text/codepage.h"
-#include "../host/shell.h"
-#include "../text/format.h"
 #include "../core/messageout.h"
+#include "../files/existence.h"
+#include "../files/pathparts.h"
+#include "../host/shell.h"
+#include "../text/codepage.h"
+#include "../text/format.h"
+#include "../text/letters.h"
 #include "../text/scan.h"
 #include "../text/text.h"
-#include "../text/letters.h"
-#include "../files/pathparts.h"
-#include "../files/existence.h"
 #include "anvandarmiljo.h"
 #include "autoini.h"
 #include "bootstrap.h"

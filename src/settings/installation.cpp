@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "../core/registry.h"
-#include "../text/text.h"
-#include "../files/pathparts.h"
 #include "../core/dirsort.h"
+#include "../core/registry.h"
+#include "../files/pathparts.h"
+#include "../text/text.h"
 
 namespace kvarn {
 namespace {

@@ -5,15 +5,15 @@
 #include <optional>
 #include <string>
 
-#include "../files/filecopy.h"
 #include "../core/registry.h"
-#include "../text/letters.h"
-#include "../files/pathparts.h"
 #include "../files/existence.h"
+#include "../files/filecopy.h"
+#include "../files/pathparts.h"
+#include "../host/calls.h"
+#include "../text/letters.h"
 #include "autoini.h"
 #include "installation.h"
 #include "systemnycklar.h"
-#include "../host/calls.h"
 
 namespace {
 

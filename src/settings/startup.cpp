@@ -3,12 +3,12 @@
 #include <optional>
 #include <string>
 
-#include "../files/pathparts.h"
 #include "../files/existence.h"
+#include "../files/pathparts.h"
+#include "../host/calls.h"
 #include "autoini.h"
 #include "installation.h"
 #include "systemnycklar.h"
-#include "../host/calls.h"
 
 namespace {
 

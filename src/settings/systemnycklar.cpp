@@ -3,11 +3,11 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "../files/existence.h"
+#include "../files/pathparts.h"
+#include "../host/calls.h"
 #include "../text/scan.h"
 #include "../text/text.h"
-#include "../files/pathparts.h"
-#include "../files/existence.h"
-#include "../host/calls.h"
 
 namespace kvarn {
 namespace {

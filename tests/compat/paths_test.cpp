@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "text/codepage.h"
 #include "support/testfiles.h"
+#include "text/codepage.h"
 
 using kvarn::HostPath;
 

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/host.h"
+#include "host/calls.h"
 #include "support/testfiles.h"
 
 namespace {

@@ -3,9 +3,9 @@
 #if CASE == 9 // texts of another kind
 #define UNICODE
 #endif
+#include "kvarnprog.h"
 #include "text/codepage.h"
 #include "text/format.h"
-#include "kvarnprog.h"
 
 void Cases(CKvarnInst& inst) {
 #if CASE == 0

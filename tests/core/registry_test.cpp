@@ -1,7 +1,7 @@
 // The registry class, on the host's registry.
 #include <gtest/gtest.h>
 
-#include "compat/calls.h"
+#include "host/calls.h"
 
 #include "core/registry.h"
 #include "support/child.h"

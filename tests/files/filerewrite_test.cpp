@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "compat/calls.h"
+#include "host/calls.h"
 #include "files/filecopy.h"
 #include "support/child.h"
 #include "support/testfiles.h"

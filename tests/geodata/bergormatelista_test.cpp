@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include "text/codepage.h"
 #include "support/fulldisk.h"
 #include "support/projekt.h"
+#include "text/codepage.h"
 
 namespace {
 

@@ -5,11 +5,11 @@
 
 #include <gtest/gtest.h>
 
-#include "text/codepage.h"
 #include "core/message.h"
 #include "support/boxes.h"
 #include "support/fulldisk.h"
 #include "support/testfiles.h"
+#include "text/codepage.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 // The road: plan and profile in one file, and the area file of a project.
 #include <gtest/gtest.h>
 
-#include "text/codepage.h"
 #include "geodata/vag2.h"
 #include "support/boxes.h"
 #include "support/statusbar.h"
 #include "support/testfiles.h"
 #include "support/vertices.h"
+#include "text/codepage.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 // The road line's file.
 #include <gtest/gtest.h>
 
-#include "text/codepage.h"
 #include "geodata/vaglinje.h"
 #include "support/boxes.h"
 #include "support/commalocale.h"
 #include "support/statusbar.h"
 #include "support/testfiles.h"
 #include "support/vertices.h"
+#include "text/codepage.h"
 
 namespace {
 

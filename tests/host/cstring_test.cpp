@@ -1,8 +1,8 @@
 // What MFC documents of its string, on the stand-in for it.
 #include <gtest/gtest.h>
 
-#include "text/codepage.h"
 #include "host/host.h"
+#include "text/codepage.h"
 
 namespace {
 

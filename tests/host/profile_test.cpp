@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/host.h"
+#include "host/calls.h"
 #include "support/testfiles.h"
 
 using std::string_literals::operator""s;

@@ -1,5 +1,5 @@
-#include "text/codepage.h"
 #include "support/projekt.h"
+#include "text/codepage.h"
 
 namespace {
 

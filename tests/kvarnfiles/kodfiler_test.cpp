@@ -3,9 +3,9 @@
 #include <cstring>
 #include <sstream>
 
-#include "text/codepage.h"
 #include "support/commalocale.h"
 #include "support/projekt.h"
+#include "text/codepage.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 
 #include <gtest/gtest.h>
 
-#include "text/codepage.h"
 #include "support/boxes.h"
 #include "support/commalocale.h"
 #include "support/testfiles.h"
+#include "text/codepage.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 // The key file, through both of the classes that share it.
 #include <gtest/gtest.h>
 
-#include "text/codepage.h"
 #include "kvarnfiles/kvarncfg.h"
 #include "kvarnfiles/kvarnpar.h"
 #include "support/boxes.h"
 #include "support/testfiles.h"
+#include "text/codepage.h"
 
 #if !defined(_WIN32)
 #include <csignal>

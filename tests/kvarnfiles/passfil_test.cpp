@@ -1,7 +1,7 @@
 // What becomes of a pass that another call meets, that fails, or that is left unfinished.
-#include "text/codepage.h"
 #include "support/fulldisk.h"
 #include "support/projekt.h"
+#include "text/codepage.h"
 
 namespace {
 

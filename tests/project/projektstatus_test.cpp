@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "text/codepage.h"
 #include "core/message.h"
 #include "support/statusmodul.h"
+#include "text/codepage.h"
 
 namespace {
 

@@ -3,13 +3,13 @@
 
 #include <gtest/gtest.h>
 
-#include "text/codepage.h"
 #include "project/projpath.h"
 #include "settings/autoini.h"
 #include "support/boxes.h"
 #include "support/child.h"
 #include "support/installation.h"
 #include "support/testfiles.h"
+#include "text/codepage.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
-#include "text/text.h"
 #include "text/letters.h"
+#include "files/pathparts.h"
+#include "text/text.h"
 
 #include <map>
 

@@ -1,8 +1,8 @@
 #include <algorithm>
 
+#include <geodata/stodpunkt.h>
 #include <text/scan.h>
 #include <text/text.h>
-#include <geodata/stodpunkt.h>
 
 #include "filechecks.h"
 #include "linechecker.h"

@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <utility>
 
-
 #include "failure.h"
 #include "filechecks.h"
 #include "textlines.h"

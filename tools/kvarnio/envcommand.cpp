@@ -3,8 +3,8 @@
 #include <memory>
 
 #include <CLI/CLI.hpp>
-#include <text/codepage.h>
 #include <settings/bootstrap.h>
+#include <text/codepage.h>
 
 #include "arguments.h"
 #include "commandline.h"

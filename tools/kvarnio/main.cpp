@@ -2,8 +2,8 @@
 #include <exception>
 #include <iostream>
 
-#include <text/codepage.h>
 #include <kvarnprog.h>
+#include <text/codepage.h>
 
 #include "commandline.h"
 #include "failure.h"

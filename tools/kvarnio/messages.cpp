@@ -6,8 +6,8 @@
 #include <string>
 #include <utility>
 
-#include <text/codepage.h>
 #include <kvarnprog.h>
+#include <text/codepage.h>
 
 namespace kvarnio {
 namespace {

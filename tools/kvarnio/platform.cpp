@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <iostream>
 
-#include <text/codepage.h>
 #include <host/host.h>
+#include <text/codepage.h>
 
 #if defined(_WIN32)
 #include <shellapi.h>

@@ -1,7 +1,7 @@
 #include "roadlines.h"
 
-#include <text/scan.h>
 #include <geodata/vaglinje.h>
+#include <text/scan.h>
 
 #include "output.h"
 #include "textlines.h"

@@ -2,8 +2,8 @@
 // description that it was made from.
 #pragma once
 
-#include "../../export.h"
 #include "../../compat/win32/types.h"
+#include "../../export.h"
 
 struct POINT {
     LONG x;

@@ -6,12 +6,12 @@
 #include <string>
 #include <string_view>
 
+#include "../../compat/win32/files.h"
+#include "../../compat/win32/paths.h"
 #include "../../files/filerewrite.h"
 #include "../../files/wholefile.h"
-#include "../../compat/win32/files.h"
-#include "initext.h"
-#include "../../compat/win32/paths.h"
 #include "../../text/utf16.h"
+#include "initext.h"
 
 namespace {
 

@@ -1,19 +1,14 @@
 // The registry by the Windows calls that the library uses, for hosts that are not Windows. It is
 // kept in a text file (see regstore.h): $KVARNPROG_REGISTRY, by default kvarnprog/registry.reg in
-// the user's configuration folder. Every call reads the file, and one that changes something
-// replaces it in one step; programs take turns. A file that cannot be read, or with a line that is
-// not understood, is never written.
+// the user's configuration folder. Every call sees the file as it is then, and one that changes
+// something replaces it in one step; programs take turns. A file that cannot be read, or with a
+// line that is not understood, is never written.
 //
 // There are no access rights and there is one view: access masks are taken and not looked at.
 #pragma once
 
 #include "../../compat/win32/files.h"
 #include "registrytypes.h"
-
-using LSTATUS = LONG;
-
-constexpr LSTATUS ERROR_MORE_DATA = 234;
-constexpr LSTATUS ERROR_BADDB = 1009; // the store is not understood
 
 LSTATUS RegOpenKeyExA(HKEY parent, LPCSTR path, DWORD options, REGSAM access, HKEY* key);
 LSTATUS RegCreateKeyExA(HKEY parent, LPCSTR path, DWORD reserved, LPSTR keyClass, DWORD options,

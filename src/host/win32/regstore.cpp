@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "../../text/codepage.h"
-#include "registrytypes.h"
 #include "../../text/utf16.h"
+#include "registrytypes.h"
 
 namespace kvarn {
 namespace {
@@ -212,11 +212,27 @@ std::u16string ValueLine(RegValue const& value) {
 
 } // namespace
 
-RegValue* RegKey::Find(std::u16string_view name) {
-    auto const found = std::find_if(values.begin(), values.end(), [&](RegValue const& value) {
-        return Capitals(value.name) == Capitals(name);
-    });
-    return found != values.end() ? &*found : nullptr;
+RegValue const* RegKey::Find(std::u16string_view name) const {
+    auto const number = m_numbers.find(Capitals(name));
+    return number != m_numbers.end() ? &m_values.at(number->second) : nullptr;
+}
+
+RegValue& RegKey::Make(std::u16string_view name) {
+    std::size_t const next = m_values.empty() ? 0 : m_values.rbegin()->first + 1;
+    auto const [number, isNew] = m_numbers.try_emplace(Capitals(name), next);
+    RegValue& value = m_values[number->second];
+    if (isNew) {
+        value.name = name;
+    }
+    return value;
+}
+
+void RegKey::Delete(std::u16string_view name) {
+    auto const number = m_numbers.find(Capitals(name));
+    if (number != m_numbers.end()) {
+        m_values.erase(number->second);
+        m_numbers.erase(number);
+    }
 }
 
 RegStore::RegStore(std::string_view bytes) {
@@ -295,24 +311,20 @@ bool RegStore::ReadValueLine(std::u16string_view line) {
         return false;
     }
     line = Trimmed16(line.substr(1));
-    RegValue* const there = m_current->Find(value.name);
     if (line == u"-") {
-        if (there != nullptr) {
+        if (RegValue const* const there = m_current->Find(value.name)) {
             m_comment.insert(0, there->comment);
-            m_current->values.erase(m_current->values.begin() + (there - m_current->values.data()));
+            m_current->Delete(value.name);
         }
         return true;
     }
     if (!ReadData(line, value)) {
         return false;
     }
-    value.comment.swap(m_comment);
-    if (there != nullptr) {
-        value.comment.insert(0, there->comment);
-        *there = std::move(value);
-    } else {
-        m_current->values.push_back(std::move(value));
-    }
+    RegValue& there = m_current->Make(value.name);
+    value.comment = there.comment + m_comment;
+    m_comment.clear();
+    there = std::move(value);
     return true;
 }
 
@@ -321,7 +333,7 @@ std::string RegStore::Bytes() const {
     text += lineEnd;
     for (auto const& [capitals, key] : m_keys) {
         text.append(lineEnd).append(key.comment).append(u"[").append(key.path).append(u"]\r\n");
-        for (RegValue const& value : key.values) {
+        for (auto const& [number, value] : key.Values()) {
             text.append(value.comment).append(ValueLine(value)).append(lineEnd);
         }
     }
@@ -329,7 +341,7 @@ std::string RegStore::Bytes() const {
     return std::string(utf16Mark) + ToBytes(text);
 }
 
-RegKey* RegStore::Find(std::u16string_view path) {
+RegKey const* RegStore::Find(std::u16string_view path) const {
     auto const found = m_keys.find(Capitals(path));
     return found != m_keys.end() ? &found->second : nullptr;
 }

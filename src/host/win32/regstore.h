@@ -5,7 +5,6 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "../../compat/win32/types.h"
 
@@ -18,12 +17,21 @@ struct RegValue {
     std::u16string comment;
 };
 
-struct RegKey {
+class RegKey {
+  public:
+    RegValue const* Find(std::u16string_view name) const;
+    // The value, after the others where it is missing.
+    RegValue& Make(std::u16string_view name);
+    void Delete(std::u16string_view name);
+    // In the order in which they were made, by numbers.
+    std::map<std::size_t, RegValue> const& Values() const { return m_values; }
+
     std::u16string path; // with the root's full name
-    std::vector<RegValue> values;
     std::u16string comment;
 
-    RegValue* Find(std::u16string_view name);
+  private:
+    std::map<std::size_t, RegValue> m_values;
+    std::map<std::u16string, std::size_t> m_numbers; // by the names in capitals
 };
 
 // Names of keys and values are compared without regard to case, for the letters of code page 1252.
@@ -40,7 +48,7 @@ class RegStore {
     // before the key or value that they stood before.
     std::string Bytes() const;
 
-    RegKey* Find(std::u16string_view path);
+    RegKey const* Find(std::u16string_view path) const;
     // The key, made with those above it where it is missing.
     RegKey& Make(std::u16string_view path);
     void Delete(std::u16string_view path);

@@ -4,8 +4,8 @@
 
 #include <cstddef>
 
-#include "../../export.h"
 #include "../../compat/win32/types.h"
+#include "../../export.h"
 
 namespace kvarn {
 

@@ -11,9 +11,9 @@
 #include <unistd.h>
 #include <vector>
 
-#include "../../text/codepage.h"
 #include "../../compat/win32/hostfile.h"
 #include "../../compat/win32/paths.h"
+#include "../../text/codepage.h"
 
 namespace {
 

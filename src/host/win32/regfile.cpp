@@ -1,0 +1,163 @@
+#include "regfile.h"
+
+#include <cstdint>
+#include <ctime>
+#include <filesystem>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <sys/stat.h>
+
+#include "../../compat/win32/files.h"
+#include "../../compat/win32/hostfile.h"
+#include "../../compat/win32/paths.h"
+#include "../../compat/win32/process.h"
+#include "../../files/filerewrite.h"
+#include "../../files/wholefile.h"
+
+namespace kvarn {
+namespace {
+
+constexpr LSTATUS writeFault = 29;   // ERROR_WRITE_FAULT
+constexpr LSTATUS invalidName = 123; // ERROR_INVALID_NAME
+
+// The store's file as a path of the library; empty when its name is not in code page 1252.
+std::string StorePath() {
+    return FromHostPath(RegistryFile()).value_or("");
+}
+
+// By what a file is known to be the one that was read, unchanged. The time is that of the last
+// change of any kind, which no program can set back.
+struct Stamp {
+    bool operator==(Stamp const&) const = default;
+
+    dev_t device;
+    ino_t number;
+    off_t size;
+    std::int64_t changed;
+};
+
+std::int64_t Nanoseconds(timespec const& time) {
+    return time.tv_sec * std::int64_t{1'000'000'000} + time.tv_nsec;
+}
+
+// Nothing for a file that changed so short a time ago that a change that comes now may get the same
+// time: the coarsest file systems count in steps of two seconds.
+std::optional<Stamp> StampOf(std::string const& path) {
+    constexpr std::int64_t longestStep = 2'000'000'000;
+    timespec now{};
+    struct stat status {};
+    if (clock_gettime(CLOCK_REALTIME, &now) != 0 || !FileStatus(path.c_str(), status)) {
+        return std::nullopt;
+    }
+    Stamp const stamp{status.st_dev, status.st_ino, status.st_size, Nanoseconds(status.st_ctim)};
+    return Nanoseconds(now) - stamp.changed > longestStep ? std::optional(stamp) : std::nullopt;
+}
+
+// The file as it was read last.
+struct Memory {
+    std::mutex inUse;
+    std::optional<Stamp> stamp; // nothing: its bytes must be read to tell
+    std::string bytes;
+    RegStore store;
+};
+
+Memory& LastRead() {
+    static Memory memory;
+    return memory;
+}
+
+// Nothing for a file that is there and cannot be read.
+RegStore const* Load(std::string const& path, Memory& memory) {
+    std::optional<Stamp> const stamp = StampOf(path); // before the file is read: it may change
+    if (stamp && stamp == memory.stamp) {
+        return &memory.store;
+    }
+    std::optional<std::string> const read = WholeFile(path.c_str());
+    if (!read && GetLastError() != ERROR_FILE_NOT_FOUND && GetLastError() != ERROR_PATH_NOT_FOUND) {
+        return nullptr;
+    }
+    std::string bytes = read.value_or("");
+    if (bytes != memory.bytes) {
+        memory.store = RegStore(bytes);
+        memory.bytes = std::move(bytes);
+    }
+    memory.stamp = stamp;
+    return &memory.store;
+}
+
+// One program at a time changes the store: a file beside it, kept open, is the token.
+class Turn {
+  public:
+    explicit Turn(std::string const& path) {
+        constexpr int attempts = 250; // five seconds
+        constexpr DWORD pause = 20;
+        constexpr DWORD alone = FILE_SHARE_READ;
+        std::string const token = path + ".lock";
+        for (int i = 0; i < attempts; ++i) {
+            m_file = CreateFileA(token.c_str(), GENERIC_WRITE, alone, nullptr, OPEN_ALWAYS,
+                                 FILE_ATTRIBUTE_NORMAL, nullptr);
+            if (m_file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_SHARING_VIOLATION) {
+                return;
+            }
+            Sleep(pause);
+        }
+    }
+    ~Turn() {
+        if (m_file != INVALID_HANDLE_VALUE) {
+            CloseHandle(m_file);
+        }
+    }
+    Turn(Turn const&) = delete;
+    Turn& operator=(Turn const&) = delete;
+
+    bool Taken() const { return m_file != INVALID_HANDLE_VALUE; }
+
+  private:
+    HANDLE m_file = INVALID_HANDLE_VALUE;
+};
+
+} // namespace
+
+LSTATUS ReadStore(std::function<LSTATUS(RegStore const&)> const& look) {
+    Memory& memory = LastRead();
+    std::lock_guard const inUse(memory.inUse);
+    RegStore const* const store = Load(StorePath(), memory);
+    return store != nullptr ? look(*store) : ERROR_BADDB;
+}
+
+LSTATUS ChangeStore(std::function<LSTATUS(RegStore&)> const& change) {
+    std::error_code failed;
+    std::filesystem::create_directories(std::filesystem::path(RegistryFile()).parent_path(),
+                                        failed);
+    std::string const path = StorePath();
+    if (path.empty()) {
+        return writeFault;
+    }
+    Turn const turn(path);
+    Memory& memory = LastRead();
+    std::lock_guard const inUse(memory.inUse);
+    RegStore const* const before = Load(path, memory);
+    if (!turn.Taken() || before == nullptr || !before->Whole()) {
+        return ERROR_BADDB;
+    }
+    RegStore store = *before;
+    LSTATUS const result = change(store);
+    std::string after = store.Bytes();
+    if (result != ERROR_SUCCESS || after == before->Bytes()) {
+        return result;
+    }
+    RegStore written(after);
+    if (!written.Whole()) { // a name that no line can hold
+        return invalidName;
+    }
+    if (RewriteFile(path.c_str(), after) != Rewritten::done) {
+        return writeFault;
+    }
+    memory.stamp.reset();
+    memory.store = std::move(written);
+    memory.bytes = std::move(after);
+    return ERROR_SUCCESS;
+}
+
+} // namespace kvarn
