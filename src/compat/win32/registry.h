@@ -40,6 +40,7 @@ constexpr LSTATUS ERROR_BADDB = 1009; // the store is not understood
 
 struct SECURITY_ATTRIBUTES;
 
+// The names of keys have at most 255 characters.
 LSTATUS RegOpenKeyExA(HKEY parent, LPCSTR path, DWORD options, REGSAM access, HKEY* key);
 LSTATUS RegCreateKeyExA(HKEY parent, LPCSTR path, DWORD reserved, LPSTR keyClass, DWORD options,
                         REGSAM access, SECURITY_ATTRIBUTES const* security, HKEY* key,
