@@ -15,6 +15,7 @@ using LSTATUS = LONG;
 constexpr LSTATUS ERROR_MORE_DATA = 234;
 constexpr LSTATUS ERROR_BADDB = 1009; // the store is not understood
 
+// The names of keys have at most 255 characters.
 LSTATUS RegOpenKeyExA(HKEY parent, LPCSTR path, DWORD options, REGSAM access, HKEY* key);
 LSTATUS RegCreateKeyExA(HKEY parent, LPCSTR path, DWORD reserved, LPSTR keyClass, DWORD options,
                         REGSAM access, SECURITY_ATTRIBUTES const* security, HKEY* key,
