@@ -196,6 +196,33 @@ TEST_F(RegistryTest, KeysAreChosenMadeAndDeleted) {
     EXPECT_GE(copy.GetSubKeyCount(), 1); // the root's own
 }
 
+TEST_F(RegistryTest, NamesOfKeysHaveAtMost255Characters) {
+    std::string const longest(255, 'k');
+    CRegistry registry;
+    EXPECT_EQ(registry.SetKey(longest.c_str(), 0, KEY_READ), 0);
+    EXPECT_EQ(registry.CreateKey(longest.c_str()), 1);
+    EXPECT_EQ(registry.SetKey(longest.c_str(), 0, KEY_READ), 1);
+    EXPECT_EQ(registry.DeleteKey(longest.c_str()), 1);
+    std::string const tooLong = longest + "kk"; // Windows makes one with 256
+    EXPECT_EQ(registry.CreateKey(tooLong.c_str()), 0);
+    HKEY key = nullptr;
+    constexpr LSTATUS invalidParameter = 87;
+    EXPECT_EQ(RegOpenKeyExA(HKEY_CURRENT_USER, tooLong.c_str(), 0, KEY_READ, &key),
+              invalidParameter);
+    EXPECT_EQ(RegCreateKeyExA(HKEY_CURRENT_USER, tooLong.c_str(), 0, nullptr,
+                              REG_OPTION_NON_VOLATILE, KEY_READ, nullptr, &key, nullptr),
+              invalidParameter);
+#if !defined(_WIN32)
+    EXPECT_EQ(registry.CreateKey((longest + "k").c_str()), 0);
+    // Wine refuses longer paths by the functions for the code page.
+    std::string const below = longest + '\\' + longest;
+    EXPECT_EQ(registry.CreateKey(below.c_str()), 1);
+    EXPECT_EQ(registry.CreateKey((below + "\\x" + longest).c_str()), 0);
+    EXPECT_EQ(registry.DeleteKey(below.c_str()), 1);
+    EXPECT_EQ(registry.DeleteKey(longest.c_str()), 1);
+#endif
+}
+
 TEST_F(RegistryTest, AFontComesBackAsANewOne) {
     LOGFONTA description{};
     description.lfHeight = -17;

@@ -14,6 +14,8 @@ struct HKEY__ {
 
 namespace {
 
+constexpr LSTATUS invalidParameter = 87; // ERROR_INVALID_PARAMETER
+
 char16_t const* RootName(HKEY key) {
     return key == HKEY_CLASSES_ROOT     ? u"HKEY_CLASSES_ROOT"
            : key == HKEY_CURRENT_USER   ? u"HKEY_CURRENT_USER"
@@ -34,6 +36,18 @@ std::u16string PathOf(HKEY parent, LPCSTR path) {
         below.pop_back();
     }
     return below.empty() ? PathOf(parent) : PathOf(parent) + u'\\' + below;
+}
+
+bool HasTooLongName(std::u16string_view path) {
+    constexpr std::size_t longest = 255;
+    while (path.size() > longest) {
+        std::size_t const end = path.find(u'\\');
+        if (std::min(end, path.size()) > longest) {
+            return true;
+        }
+        path.remove_prefix(end + 1);
+    }
+    return false;
 }
 
 bool Exists(kvarn::RegStore const& store, std::u16string const& path) {
@@ -64,6 +78,9 @@ void Give(DWORD* out, std::size_t value) {
 
 LSTATUS RegOpenKeyExA(HKEY parent, LPCSTR path, DWORD, REGSAM, HKEY* key) {
     std::u16string const full = PathOf(parent, path);
+    if (HasTooLongName(full)) {
+        return invalidParameter;
+    }
     return kvarn::ReadStore([&](kvarn::RegStore const& store) {
         if (!Exists(store, full)) {
             return static_cast<LSTATUS>(ERROR_FILE_NOT_FOUND);
@@ -76,18 +93,19 @@ LSTATUS RegOpenKeyExA(HKEY parent, LPCSTR path, DWORD, REGSAM, HKEY* key) {
 LSTATUS RegCreateKeyExA(HKEY parent, LPCSTR path, DWORD, LPSTR, DWORD, REGSAM,
                         SECURITY_ATTRIBUTES const*, HKEY* key, DWORD*) {
     constexpr DWORD noOptions = 0;
-    if (RegOpenKeyExA(parent, path, noOptions, KEY_ALL_ACCESS, key) == ERROR_SUCCESS) {
-        return ERROR_SUCCESS;
+    LSTATUS const opened = RegOpenKeyExA(parent, path, noOptions, KEY_ALL_ACCESS, key);
+    if (opened != ERROR_FILE_NOT_FOUND) {
+        return opened;
     }
     std::u16string const full = PathOf(parent, path);
-    LSTATUS const result = kvarn::ChangeStore([&](kvarn::RegStore& store) {
+    LSTATUS const made = kvarn::ChangeStore([&](kvarn::RegStore& store) {
         store.Make(full);
         return static_cast<LSTATUS>(ERROR_SUCCESS);
     });
-    if (result == ERROR_SUCCESS) {
+    if (made == ERROR_SUCCESS) {
         *key = new HKEY__{full};
     }
-    return result;
+    return made;
 }
 
 LSTATUS RegCloseKey(HKEY key) {

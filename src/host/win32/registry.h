@@ -10,6 +10,7 @@
 #include "../../compat/win32/files.h"
 #include "registrytypes.h"
 
+// The names of keys have at most 255 characters.
 LSTATUS RegOpenKeyExA(HKEY parent, LPCSTR path, DWORD options, REGSAM access, HKEY* key);
 LSTATUS RegCreateKeyExA(HKEY parent, LPCSTR path, DWORD reserved, LPSTR keyClass, DWORD options,
                         REGSAM access, SECURITY_ATTRIBUTES const* security, HKEY* key,
