@@ -6,8 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include "host/calls.h"
 #include "files/filecopy.h"
+#include "host/calls.h"
 #include "support/child.h"
 #include "support/testfiles.h"
 

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "core/registry.h"
-#include "host/win32/registry.h"
+#include "host/calls.h"
 #include "host/win32/regstore.h"
 #include "support/child.h"
 #include "support/testfiles.h"

@@ -1,5 +1,5 @@
-#include "text/letters.h"
 #include "files/pathparts.h"
+#include "text/letters.h"
 #include "text/text.h"
 
 #include <map>

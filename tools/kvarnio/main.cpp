@@ -5,15 +5,17 @@
 #include <kvarnprog.h>
 #include <text/codepage.h>
 
-#include "commandline.h"
-#include "failure.h"
-#include "platform.h"
+#include "commands.h"
+#include "shared/failure.h"
+#include "shared/platform.h"
 
 int main(int argc, char** argv) {
     using namespace kvarnio;
     ShowUtf8();
     try {
-        int const status = CommandLine().Execute(Arguments(argc, argv));
+        CommandLine line;
+        AddCommands(line);
+        int const status = line.Execute(Arguments(argc, argv));
         if (!std::cout.flush()) {
             throw Failure("standard output cannot be written");
         }

@@ -1,0 +1,117 @@
+// kvarnio check.
+#include <memory>
+
+#include <CLI/CLI.hpp>
+#include <files/pathparts.h>
+
+#include "../commands.h"
+#include "../formats/filechecks.h"
+#include "../shared/backup.h"
+#include "../shared/copies.h"
+#include "../shared/platform.h"
+
+namespace kvarnio {
+namespace {
+
+struct CheckArguments {
+    std::string folder;
+    std::vector<std::string> stamps;
+    std::vector<std::string> points;
+};
+
+struct FileToCheck {
+    std::string path; // of the library
+    std::vector<Finding> (*check)(std::string_view content);
+};
+
+std::vector<FileToCheck> FilesIn(std::string const& folder) {
+    FileToCheck const known[] = {
+        {CProjPath::KvarnParNamn, [](auto text) { return CheckKeys(text, kvarn::kvarnStandard); }},
+        {CProjPath::StenParNamn, [](auto text) { return CheckKeys(text, kvarn::stenStandard); }},
+        {CProjPath::KvarnCfgNamn, [](auto text) { return CheckKeys(text, {}); }},
+        {CProjPath::Jb23ParNamn, [](auto text) { return CheckJb23(text); }},
+        {CProjPath::Kodfil, CheckKodfil},
+        {CProjPath::Miljkod, CheckMiljkod},
+        {CProjPath::Linkod, CheckLinkod},
+        {CBergOrMateLista::FILNAMN, [](auto text) { return CheckStenkod(text, false); }},
+        {CBergOrMateLista::FILNAMNN, [](auto text) { return CheckStenkod(text, true); }},
+    };
+    std::vector<FileToCheck> files;
+    for (FileToCheck const& file : known) {
+        std::string path = kvarn::PathOf(folder, file.path);
+        if (Exists(path)) {
+            files.push_back({std::move(path), file.check});
+        }
+    }
+    return files;
+}
+
+// Programs give support points any name: without an option those with this extension are checked.
+void AddPointsIn(std::string const& folder, std::vector<FileToCheck>& files) {
+    CDirSort list;
+    list.Init(kvarn::PathOf(folder, "*.STP").c_str(), 1, 1, 0, 0); // by name
+    for (bool there = list.Home() == 0; there; there = list++ != nullptr) {
+        files.push_back({kvarn::PathOf(folder, list.Get_aktel()->namn), CheckPoints});
+    }
+}
+
+std::vector<FileToCheck> FilesToCheck(CheckArguments const& arguments) {
+    std::string const folder = LibraryFolder(arguments.folder);
+    if (!IsFolder(folder + '\\')) {
+        throw Failure("there is no folder " + arguments.folder);
+    }
+    std::vector<FileToCheck> files = FilesIn(folder);
+    AddPointsIn(folder, files);
+    for (std::string const& points : arguments.points) {
+        files.push_back({LibraryPath(points), CheckPoints});
+    }
+    for (std::string const& stamp : arguments.stamps) {
+        files.push_back({LibraryPath(stamp), CheckStamp});
+    }
+    if (files.empty()) {
+        throw Failure("there is nothing to check in " + arguments.folder);
+    }
+    return files;
+}
+
+ExitStatus Check(Context& context, CheckArguments const& arguments) {
+    bool sound = true;
+    Json json = Json::array();
+    for (FileToCheck const& file : FilesToCheck(arguments)) {
+        std::vector<Finding> const findings = file.check(ReadWhole(file.path));
+        sound = sound && IsSound(findings);
+        if (context.json) {
+            AppendFindings(json, Shown(file.path), findings);
+        } else {
+            PrintFindings(Shown(file.path), findings);
+        }
+    }
+    if (context.json) {
+        PrintJson(json);
+    }
+    return sound ? done : failed;
+}
+
+} // namespace
+
+void AddCheckCommand(CommandLine& line) {
+    auto const arguments = std::make_shared<CheckArguments>();
+    CLI::App& check = line.AddCommand(
+        "check", "Name what is wrong with the files of a project, as file:line: problem",
+        "Its settings, code and material files, and its support points (*.STP): lines that are not "
+        "read, or lost\nwhen a program writes the file; text that is cut or read as something "
+        "else; "
+        "numbers that are none, or out\nof their limits. Any other folder with such files can be "
+        "checked too.\n"
+        "Exit status: 0 no problems, 1 problems.");
+    check.add_option("PROJECT", arguments->folder, "Project folder")->required();
+    check.add_option("--stamp", arguments->stamps, "A title block's file, to be checked too")
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+    check.add_option("--points", arguments->points, "A file of support points, to be checked too")
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+    line.Run(check, [arguments](Context& context) { return Check(context, *arguments); });
+}
+
+} // namespace kvarnio

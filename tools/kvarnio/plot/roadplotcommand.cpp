@@ -1,0 +1,93 @@
+// kvarnio road plot.
+#include <fstream>
+#include <iostream>
+#include <memory>
+
+#include <CLI/CLI.hpp>
+#include <text/codepage.h>
+
+#include "../commands.h"
+#include "../shared/messages.h"
+#include "../shared/output.h"
+#include "../shared/platform.h"
+#include "../shared/road/roadfile.h"
+#include "roadplot.h"
+
+namespace kvarnio {
+namespace {
+
+struct PlotArguments {
+    std::string file;
+    std::string picture;
+};
+
+std::string NameOf(std::string const& path) {
+    return path.substr(path.find_last_of("\\/") + 1);
+}
+
+// That of the project's area file where it names this road, otherwise the usual band.
+std::optional<Area> AreaOf(Context& context, RoadFile& file) {
+    if (file.Plan().empty()) {
+        return std::nullopt;
+    }
+    if (!context.project.m_projKat.IsEmpty()) {
+        CVag2 drawn;
+        bool const read = drawn.ReadOmr(&context.project) == 0;
+        MessageWasShown();
+        if (read && kvarn::CompareNoCase1252(drawn.filnamn, NameOf(file.Path())) == 0) {
+            return Area{drawn.omrSekFran, drawn.omrSekTill, drawn.omrAvstMin, drawn.omrAvstMax};
+        }
+    }
+    CVaglinje const& plan = file.Road().plan;
+    return Area{plan.omrSekFran, plan.omrSekTill, plan.omrAvstMin, plan.omrAvstMax};
+}
+
+void Write(std::filesystem::path const& path, std::string const& typed, std::string const& text) {
+    std::ofstream file(path, std::ios::binary);
+    file << text;
+    file.close();
+    if (!file) {
+        throw Failure(typed + " cannot be written");
+    }
+}
+
+ExitStatus PlotFile(Context& context, PlotArguments const& arguments) {
+    RoadFile file(arguments.file);
+    file.WarnOfSkippedLines();
+    std::filesystem::path const picture = UserPath(arguments.picture);
+    std::error_code notThere;
+    if (std::filesystem::equivalent(picture, HostPath(file.Path()), notThere)) {
+        throw UsageError("the picture would take the place of the road file");
+    }
+    Plot const plot = PlotRoad(file.Plan(), file.Profile(), AreaOf(context, file),
+                               {file.Name(), OneLine(NameOf(file.Path()))});
+    if (plot.leftOut > 0) {
+        std::cerr << "kvarnio: not drawn, being no numbers or too large: " << plot.leftOut
+                  << " of the vertices and segments\n";
+    }
+    Write(picture, arguments.picture, plot.svg);
+    if (context.json) {
+        PrintJson({{"file", Shown(file.Path())}, {"picture", arguments.picture}});
+    } else {
+        std::cout << arguments.picture << '\n';
+    }
+    return done;
+}
+
+} // namespace
+
+void AddRoadPlot(CommandLine& line, CLI::App& road) {
+    auto const arguments = std::make_shared<PlotArguments>();
+    CLI::App& plot = CommandLine::AddCommand(
+        road, "plot", "Draw the plan and the profile of a road as an SVG picture",
+        "North is up. The shaded area is that of the project's area file where it names the road, "
+        "otherwise\n30 m to either side.\n"
+        "Example: kvarnio road plot KVARNBOK.DBF/VAG27.VL -o road.svg --project .");
+    AddRoadFile(plot, arguments->file);
+    plot.add_option("-o,--output", arguments->picture, "Picture to write")
+        ->type_name("SVG")
+        ->required();
+    line.Run(plot, [arguments](Context& context) { return PlotFile(context, *arguments); });
+}
+
+} // namespace kvarnio

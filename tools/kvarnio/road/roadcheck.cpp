@@ -1,0 +1,221 @@
+#include "roadcheck.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include <text/format.h>
+
+#include "../shared/road/roadgeometry.h"
+
+namespace kvarnio {
+namespace {
+
+using kvarn::Format;
+
+// A vertex and the line that it stands on.
+struct Place {
+    kovltype const& vertex;
+    std::size_t line;
+};
+
+class Checker {
+  public:
+    Checker(std::vector<kovltype> const& vertices, std::vector<std::size_t> const& lines,
+            std::vector<Finding>& findings)
+        : m_vertices(vertices), m_lines(lines), m_findings(findings) {}
+
+    void Plan(double tolerance) {
+        Alone("plan", "coordinates");
+        Finiteness();
+        bool const decreasing =
+            m_vertices.size() > 1 && m_vertices[1].sektion < m_vertices[0].sektion;
+        if (decreasing) {
+            Add(m_lines[0], "the stations decrease along the line: a search for the station of a "
+                            "point gives the offset with the opposite sign");
+        }
+        EachSegment([&](Place p, Place q) {
+            bool const coincident = Coincidence(p, q);
+            bool const ordered = Order(p, q, decreasing ? -1 : 1);
+            Bulge(p);
+            if (!coincident) {
+                QuadrantAxes(p, q);
+            }
+            if (!coincident && ordered) {
+                Gap(p, q, tolerance);
+            }
+        });
+    }
+
+    void Profile() {
+        Alone("profile", "heights");
+        Finiteness();
+        for (std::size_t i = 0; i < m_vertices.size(); ++i) {
+            StationTwice({m_vertices[i], m_lines[i]});
+        }
+        EachSegment([&](Place p, Place q) {
+            bool const ordered = Order(p, q, 1);
+            Bulge(p);
+            if (ordered) {
+                Steepness(p, q);
+            }
+        });
+    }
+
+  private:
+    void Add(std::size_t line, std::string what) { m_findings.push_back({line, std::move(what)}); }
+
+    // Those whose ends are numbers.
+    template <class Look> void EachSegment(Look look) {
+        for (std::size_t i = 1; i < m_vertices.size(); ++i) {
+            if (IsFinite(m_vertices[i - 1]) && IsFinite(m_vertices[i])) {
+                look(Place{m_vertices[i - 1], m_lines[i - 1]}, Place{m_vertices[i], m_lines[i]});
+            }
+        }
+    }
+
+    void Alone(char const* part, char const* what) {
+        if (m_vertices.size() == 1) {
+            Add(m_lines[0],
+                std::string("the ") + part + " has one vertex alone: it gives no " + what);
+        }
+    }
+
+    void Finiteness() {
+        for (std::size_t i = 0; i < m_vertices.size(); ++i) {
+            if (!IsFinite(m_vertices[i])) {
+                Add(m_lines[i], "the vertex holds a value that is not a number or is infinite");
+            }
+        }
+    }
+
+    // Below that distance the station search passes a straight over.
+    bool Coincidence(Place p, Place q) {
+        constexpr double shortest = 0.01;
+        double const distance = kvarn::Langd({q.vertex.x - p.vertex.x, q.vertex.y - p.vertex.y});
+        if (distance >= shortest) {
+            return false;
+        }
+        Add(q.line, "the vertex coincides with that of line " + std::to_string(p.line) +
+                        Format(": they are %.4lf m apart", distance));
+        return true;
+    }
+
+    bool Order(Place p, Place q, double direction) {
+        double const step = direction * (q.vertex.sektion - p.vertex.sektion);
+        if (step > 0) {
+            return true;
+        }
+        Add(q.line, Format("station %.4lf ", q.vertex.sektion) +
+                        (step == 0       ? "equals that"
+                         : direction > 0 ? "is smaller than that"
+                                         : "is greater than that") +
+                        " of line " + std::to_string(p.line) +
+                        (step == 0 ? "" : Format(", %.4lf", p.vertex.sektion)));
+        return false;
+    }
+
+    void Bulge(Place p) {
+        double const size = std::fabs(p.vertex.bulge);
+        if (size >= 1) {
+            Add(p.line,
+                Format("bulge %.4lf: ", p.vertex.bulge) +
+                    (size > 1 ? "beyond a half circle the other arc is followed"
+                              : "a half circle that does not cross the bearing zero is followed "
+                                "the other way round"));
+        }
+    }
+
+    void Gap(Place p, Place q, double tolerance) {
+        double const length = Segment(p.vertex, q.vertex).Length();
+        double const stations = std::fabs(q.vertex.sektion - p.vertex.sektion);
+        if (!(std::fabs(length - stations) <= tolerance)) {
+            Add(p.line, Format("the segment is %.4lf m long, its stations differ by %.4lf", length,
+                               stations));
+        }
+    }
+
+    // The station search compares directions by quadrants, and takes one along a quadrant's edge
+    // for the quadrant's first.
+    void QuadrantAxes(Place p, Place q) {
+        constexpr double edge = 1e-5;
+        Segment const arc(p.vertex, q.vertex);
+        if (!arc.IsArc()) {
+            return;
+        }
+        auto const onAxis = [&](Punkt end) {
+            Punkt const out = end - arc.Centre();
+            return std::fabs(out.x) <= edge || std::fabs(out.y) <= edge;
+        };
+        bool const start = onAxis(arc.From());
+        bool const end = onAxis(arc.To());
+        if (start || end) {
+            Add(p.line, std::string("the arc ") +
+                            (start && end ? "starts and ends"
+                             : start      ? "starts"
+                                          : "ends") +
+                            " straight north, east, south or west of its centre: a search for the "
+                            "station of a point may miss points beside it, and accept others");
+        }
+    }
+
+    // A profile has its stations in two columns, and each is used.
+    void StationTwice(Place p) {
+        constexpr double printed = 0.0001;
+        if (std::fabs(p.vertex.y - p.vertex.sektion) > printed) {
+            Add(p.line, Format("the second column, %.4lf, and the fourth, %.4lf, are both the "
+                               "station and differ",
+                               p.vertex.y, p.vertex.sektion));
+        }
+    }
+
+    // How far the heights between the ends of a vertical curve are from the circle.
+    void Steepness(Place p, Place q) {
+        constexpr double worthTelling = 0.001;
+        Segment const curve(p.vertex, q.vertex);
+        if (!curve.IsArc()) {
+            return;
+        }
+        CVaglinje profile; // of the curve alone
+        profile.typ = kvarn::vagtypProfil;
+        for (kovltype end : {p.vertex, q.vertex}) {
+            profile.Ny(1, &end);
+        }
+        constexpr int steps = 32;
+        double most = 0;
+        for (int i = 1; i < steps; ++i) {
+            Punkt const on = curve.At(static_cast<double>(i) / steps);
+            double z = 0;
+            if (profile.Vagprofz(on.y, &z) == 0) {
+                most = std::max(most, std::fabs(z - on.x));
+            }
+        }
+        if (most > worthTelling) {
+            Add(p.line, Format("the vertical curve is steep: heights differ from its circle by up "
+                               "to %.4lf m between its ends",
+                               most));
+        }
+    }
+
+    std::vector<kovltype> const& m_vertices;
+    std::vector<std::size_t> const& m_lines;
+    std::vector<Finding>& m_findings;
+};
+
+} // namespace
+
+std::vector<Finding> CheckRoad(RoadFile const& file, double tolerance) {
+    RoadLines const& lines = file.Lines();
+    std::vector<Finding> findings = lines.skipped;
+    findings.insert(findings.end(), lines.cut.begin(), lines.cut.end());
+    Checker(file.Plan(), lines.plan, findings).Plan(tolerance);
+    Checker(file.Profile(), lines.profile, findings).Profile();
+    if (file.Plan().empty() && file.Profile().empty()) {
+        findings.push_back({1, "the file holds no vertex"});
+    }
+    std::stable_sort(findings.begin(), findings.end(),
+                     [](Finding const& a, Finding const& b) { return a.line < b.line; });
+    return findings;
+}
+
+} // namespace kvarnio

@@ -1,0 +1,102 @@
+// One of the settings files, as the library read it at one moment: which file was taken, what
+// stands in it, and what a key's value is. Texts are in code page 1252.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include <kvarnfiles/standardvarden.h>
+
+#include "../shared/context.h"
+#include "../shared/failure.h"
+#include "../shared/finding.h"
+#include "../shared/output.h"
+
+namespace kvarnio {
+
+struct Entry {
+    std::string key;
+    std::string value;
+    std::string file; // where the value stands; empty for a built-in default
+};
+
+struct Decimal {
+    double value;
+    int decimals;
+};
+
+using NewValue = std::variant<std::string, int, Decimal>;
+
+class SettingsFile {
+  public:
+    // The file of that name, in any case. Throws UsageError for a name that is none of them, and
+    // Failure for a file that cannot be read.
+    SettingsFile(Context& context, std::string const& name);
+
+    // Every settings file that can be named, and what a help text says of that.
+    static std::vector<std::string> Names();
+    static std::string Help();
+
+    std::string const& Name() const { return m_name; }
+    // Empty where no file was found.
+    std::string const& Path() const { return m_path; }
+    bool IsCfg() const;
+    bool IsJb23() const;
+
+    // The key, spelt as the file or else the table of defaults does, with its value; nothing when
+    // it has neither a value in the file nor a default.
+    std::optional<Entry> Find(std::string const& key) const;
+    // Every key: those with a default first, then the others that stand in the file.
+    std::vector<Entry> Entries() const;
+    // The value as programs read it through the library.
+    std::string Text(Entry const& entry) const;
+    // -1 for "MAX"; nothing when the value does not begin with a number.
+    std::optional<int> Int(Entry const& entry) const;
+    std::optional<double> Double(Entry const& entry) const;
+
+    // What is wrong with the file, when it has this content and the key is about to be written.
+    std::vector<Finding> Check(std::string_view content, std::string const& key) const;
+
+    // Writes the key into the file, as the library does, with its result; -1 too where it is seen
+    // not to stand there afterwards.
+    int Write(std::string const& key, NewValue const& value) const;
+
+    // Of the file of the scales, whose keys have lines of two words. The library appends a missing
+    // line after the last, whichever it is, and takes a step alone for a scale: FillScales first
+    // writes the defaults of what is missing up to the key's line. Returns how many lines the file
+    // got. Throws Failure.
+    std::size_t ScaleLine(std::string const& key) const;
+    std::size_t FillScales(std::string const& key, std::size_t lines) const;
+
+  private:
+    struct Record {
+        std::string key;
+        std::string value;
+    };
+    template <class List> static std::vector<Record> Records(List& list);
+    std::vector<Record> ScaleRecords() const;
+    int WriteThroughFacade(std::string const& key, NewValue const& value) const;
+    Record const* Stored(std::string const& key) const;
+    kvarn::Standardvarde const* Standard(std::string const& key) const;
+
+    Context* m_context;
+    std::string m_name;
+    std::string m_path;
+    std::span<kvarn::Standardvarde const> m_standard;
+    std::vector<Record> m_records; // of each line that is read, in their order
+};
+
+// Why there is no CFG file to look into.
+std::string NoCfg();
+// Why a key has no value, and what can be done.
+std::string NoValue(SettingsFile const& file, std::string const& key);
+
+// File, key, value and source; the source "default" is a built-in one.
+Json ToJson(SettingsFile const& file, Entry const& entry);
+std::string Source(Entry const& entry);
+
+} // namespace kvarnio

@@ -1,0 +1,78 @@
+#include "roadfile.h"
+
+#include <iostream>
+
+#include <CLI/CLI.hpp>
+
+#include "../backup.h"
+#include "../failure.h"
+#include "../messages.h"
+#include "../output.h"
+#include "../platform.h"
+
+namespace kvarnio {
+namespace {
+
+std::vector<kovltype> Vertices(CVaglinje& line) {
+    std::vector<kovltype> vertices;
+    for (bool more = line.Home() == 0; more; more = line++ != nullptr) {
+        vertices.push_back(*line.Get_aktel());
+    }
+    return vertices;
+}
+
+void RequireSegment(std::string const& path, std::vector<kovltype> const& vertices,
+                    char const* part) {
+    if (vertices.size() < 2) {
+        throw Failure(Shown(path) + " has " +
+                      (vertices.empty() ? "no " : "only one vertex in its ") + part);
+    }
+}
+
+} // namespace
+
+RoadFile::RoadFile(std::string const& typed) : m_path(LibraryPath(typed)) {
+    int const result = m_road.Init(m_path.c_str());
+    if (MessageWasShown() || result != 0) {
+        throw Failure(Shown(m_path) + " cannot be read");
+    }
+    m_plan = Vertices(m_road.plan);
+    m_profile = Vertices(m_road.profil);
+    m_lines = ReadRoadLines(ContentOf(HostPath(m_path)), !m_plan.empty());
+    if (m_lines.plan.size() != m_plan.size() || m_lines.profile.size() != m_profile.size()) {
+        throw Failure(Shown(m_path) + " has changed while it was read");
+    }
+}
+
+std::string RoadFile::Name() const {
+    return OneLine(m_road.namn);
+}
+
+CVaglinje& RoadFile::PlanToAsk() {
+    RequireSegment(m_path, m_plan, "plan");
+    return m_road.plan;
+}
+
+CVaglinje& RoadFile::ProfileToAsk() {
+    RequireSegment(m_path, m_profile, "profile");
+    return m_road.profil;
+}
+
+void RoadFile::WarnOfSkippedLines() const {
+    std::size_t const count = m_lines.skipped.size();
+    if (count > 0) {
+        std::cerr << "kvarnio: " << count << (count == 1 ? " line was" : " lines were")
+                  << " skipped in " << Shown(m_path) << "; kvarnio road check names "
+                  << (count == 1 ? "it" : "them") << '\n';
+    }
+}
+
+void AddRoadFile(CLI::App& command, std::string& file) {
+    CLI::Validator const named(
+        [](std::string& typed) { return typed.empty() ? "FILE is empty" : std::string(); }, "");
+    command.add_option("FILE", file, "Road file: a plan, a profile, or both")
+        ->required()
+        ->check(named);
+}
+
+} // namespace kvarnio
