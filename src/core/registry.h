@@ -26,7 +26,8 @@
 // The readers of numbers do not look at the type: a REG_DWORD is read as well. Data that is shorter
 // than the value fills its first bytes.
 //
-// On hosts other than Windows the registry is a text file: see compat/win32/registry.h.
+// On hosts other than Windows the registry is a text file in the registry editor's export form:
+// $KVARNPROG_REGISTRY, by default kvarnprog/registry.reg in the user's configuration folder.
 class KVARNPROG_API CRegistry {
   public:
     // HKEY_CURRENT_USER and no path.

@@ -41,7 +41,8 @@ void AppendVertex(std::string& out, kovltype const& vertex, std::string_view end
 // Appends the lines of a line's vertices, the first being the header; nothing for an empty line.
 // Walks the line to its end.
 template <class Line> void AppendLine(std::string& out, Line& line, std::string_view namn) {
-    std::string end = Header(line.typ, namn);
+    std::string const header = Header(line.typ, namn);
+    std::string_view end = header;
     for (bool finns = line.Home() == 0; finns; finns = line++ != nullptr) {
         AppendVertex(out, *line.Get_aktel(), end);
         end = "\n";

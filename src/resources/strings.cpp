@@ -12,6 +12,6 @@ constexpr kvarn::StringResource strings[] = {
 
 } // namespace
 
-// NOLINTNEXTLINE(misc-use-internal-linkage): compat/win32/resources looks for it by name.
+// NOLINTNEXTLINE(misc-use-internal-linkage): host/win32/resources looks for it by name.
 extern kvarn::ModuleResources const kvarnprogResources;
 kvarn::ModuleResources const kvarnprogResources = {strings, sizeof strings / sizeof strings[0]};

@@ -1,6 +1,6 @@
 // MFC's CStdioFile, for toolchains without MFC. Clients meet it only as a member of the key files,
 // which never leave it open between calls; the files themselves are read and written by
-// core/textfil.
+// files/textfil.
 #pragma once
 
 class CStdioFile {

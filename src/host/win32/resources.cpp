@@ -5,7 +5,7 @@
 
 #include "modules.h"
 
-// Defined by library/; absent where its objects are not linked.
+// Defined by resources/; absent where its objects are not linked.
 extern kvarn::ModuleResources const kvarnprogResources __attribute__((weak));
 
 HMODULE GetModuleHandleA(LPCSTR) {
