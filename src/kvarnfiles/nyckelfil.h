@@ -8,6 +8,7 @@
 #include "../files/existence.h"
 #include "../files/filerewrite.h"
 #include "../files/textfil.h"
+#include "../host/host.h"
 #include "../text/text.h"
 
 namespace kvarn {
