@@ -245,9 +245,8 @@ Rewritten Rewrite(Job const& job) {
     if (beside.TakePlace()) {
         return Rewritten::done;
     }
-    if (!target.exists && Look(job).exists) {
-        return Rewrite({job.path, job.content, nullptr, job.existing,
-                        job.waiting}); // another program has made it in the meantime
+    if (!target.exists && Look(job).exists) { // another program has made it in the meantime
+        return Rewrite({job.path, job.content, nullptr, job.existing, job.waiting});
     }
     Rewritten const inPlace = WriteInPlace(job);
     if (inPlace == Rewritten::failed) {
