@@ -1,5 +1,6 @@
 // INI files by Windows' own functions and by what stands in for them: what is in the file after a
 // write, and what is read from it.
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -8,7 +9,7 @@
 #include "host/calls.h"
 #include "support/testfiles.h"
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 namespace {
 
@@ -80,9 +81,10 @@ TEST_F(ProfileTest, LettersOutsideTheCodePageAreReadAsQuestionMarksAndKept) {
 }
 
 TEST_F(ProfileTest, BlanksAroundTheNamesAndValuesOfAFileDoNotCount) {
-    for (std::string const blank : {" ", "\t", "\v", "\f"}) {
-        File(blank + "[" + blank + "S" + blank + "]" + blank + "\r\n" + blank + "\r\n" + //
-             blank + "A" + blank + "=" + blank + "1" + blank + "\r\n");
+    for (char const blank : {' ', '\t', '\v', '\f'}) {
+        std::string text = "_[_S_]_\r\n_\r\n_A_=_1_\r\n";
+        std::replace(text.begin(), text.end(), '_', blank);
+        File(text);
         EXPECT_EQ(Value("S", "A"), "1") << testing::PrintToString(blank);
         EXPECT_EQ(Value(" S ", " A "), "1");
         EXPECT_TRUE(Write("S", "A", nullptr));
