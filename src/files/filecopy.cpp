@@ -15,7 +15,6 @@ class FileContent : public Content {
                              FILE_ATTRIBUTE_NORMAL, nullptr)) {
         m_known = m_file != INVALID_HANDLE_VALUE &&
                   GetFileInformationByHandle(m_file, &m_status) != FALSE;
-        m_looks = {m_status.dwFileAttributes, m_status.ftLastWriteTime};
     }
     ~FileContent() override {
         if (m_file != INVALID_HANDLE_VALUE) {
@@ -29,7 +28,9 @@ class FileContent : public Content {
     std::uint64_t Size() const override {
         return std::uint64_t{m_status.nFileSizeHigh} << 32U | m_status.nFileSizeLow;
     }
-    Looks const* Look() const override { return &m_looks; }
+    std::optional<Looks> Look() const override {
+        return Looks{m_status.dwFileAttributes, m_status.ftLastWriteTime};
+    }
 
     bool WriteTo(OutFile& file) override {
         constexpr DWORD bufferSize = 1U << 16U;
@@ -61,7 +62,6 @@ class FileContent : public Content {
     HANDLE m_file;
     BY_HANDLE_FILE_INFORMATION m_status{};
     bool m_known = false;
-    Looks m_looks{};
 };
 
 } // namespace

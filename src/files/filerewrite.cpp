@@ -50,8 +50,8 @@ OutFile Open(Job const& job, DWORD disposition, DWORD share) {
 
 // The content with its time.
 bool Fill(OutFile& file, Content& content) {
-    Looks const* const looks = content.Look();
-    return content.WriteTo(file) && (looks == nullptr || file.SetTime(looks->written));
+    std::optional<Looks> const looks = content.Look();
+    return content.WriteTo(file) && (!looks || file.SetTime(looks->written));
 }
 
 // Plain attributes, read-only and hidden for two. A new file has none of them.
@@ -66,10 +66,10 @@ Rewritten WriteInPlace(Job const& job) {
     if (!file.IsOpen()) {
         return Rewritten::cannotOpen;
     }
-    Looks const* const looks = job.content.Look();
+    std::optional<Looks> const looks = job.content.Look();
     bool const written = file.Reserve(job.content.Size()) && Fill(file, job.content) &&
                          file.Cut() && file.Finish() &&
-                         (looks == nullptr || SetAttributes(job.path, looks->attributes));
+                         (!looks || SetAttributes(job.path, looks->attributes));
     return written ? Rewritten::done : Rewritten::failed;
 }
 
@@ -167,7 +167,9 @@ class Beside {
     bool TakePlace() {
         // A scanner or another reader often lets go of the file at once.
         constexpr int mostAttempts = 3;
-        bool const ready = m_rights && SetAttributes(m_path.c_str(), Attributes());
+        DWORD const attributes = Attributes();
+        bool const ready = m_rights && attributes != INVALID_FILE_ATTRIBUTES &&
+                           SetAttributes(m_path.c_str(), attributes);
         for (int i = 0; i < m_job.Attempts(mostAttempts) && ready && !m_kept; ++i) {
             if (i > 0) {
                 Sleep(pause);
@@ -207,13 +209,12 @@ class Beside {
             Make(m_job.besidePath);
         }
     }
+    // INVALID_FILE_ATTRIBUTES where the target's cannot be told.
     DWORD Attributes() const {
-        Looks const* const looks = m_job.content.Look();
-        DWORD const before =
-            m_target.exists ? GetFileAttributesA(m_target.path.c_str()) : FILE_ATTRIBUTE_NORMAL;
-        return looks != nullptr                    ? looks->attributes
-               : before != INVALID_FILE_ATTRIBUTES ? before
-                                                   : FILE_ATTRIBUTE_NORMAL;
+        std::optional<Looks> const looks = m_job.content.Look();
+        return looks             ? looks->attributes
+               : m_target.exists ? GetFileAttributesA(m_target.path.c_str())
+                                 : FILE_ATTRIBUTE_NORMAL;
     }
 
     Job const& m_job;

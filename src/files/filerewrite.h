@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "../compat/calls.h"
@@ -53,8 +54,8 @@ class Content {
     // Writes all of it from its beginning; false when it cannot be had whole. Asked for once more
     // where the file is written in place after all.
     virtual bool WriteTo(OutFile& file) = 0;
-    // Null: as the file looked before, and changed now.
-    virtual Looks const* Look() const { return nullptr; }
+    // Nothing: as the file looked before, and changed now.
+    virtual std::optional<Looks> Look() const { return std::nullopt; }
 };
 
 enum class Existing { replaced, kept }; // kept: cannotOpen for a file that is there
