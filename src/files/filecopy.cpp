@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "infile.h"
 #include "outfile.h"
 
 namespace kvarn {
@@ -10,58 +11,43 @@ namespace {
 // A file's content as it was at its opening.
 class FileContent : public Content {
   public:
-    explicit FileContent(char const* path)
-        : m_file(CreateFileA(path, GENERIC_READ, shareAll, nullptr, OPEN_EXISTING,
-                             FILE_ATTRIBUTE_NORMAL, nullptr)) {
-        m_known = m_file != INVALID_HANDLE_VALUE &&
-                  GetFileInformationByHandle(m_file, &m_status) != FALSE;
-    }
-    ~FileContent() override {
-        if (m_file != INVALID_HANDLE_VALUE) {
-            CloseHandle(m_file);
-        }
-    }
-    FileContent(FileContent const&) = delete;
-    FileContent& operator=(FileContent const&) = delete;
+    explicit FileContent(char const* path) : m_file(path), m_status(m_file.Status()) {}
 
-    bool IsKnown() const { return m_known; }
-    std::uint64_t Size() const override {
-        return std::uint64_t{m_status.nFileSizeHigh} << 32U | m_status.nFileSizeLow;
-    }
+    bool IsKnown() const { return m_status.has_value(); }
+    std::uint64_t Size() const override { return SizeIn(*m_status); }
     std::optional<Looks> Look() const override {
-        return Looks{m_status.dwFileAttributes, m_status.ftLastWriteTime};
+        return Looks{m_status->dwFileAttributes, m_status->ftLastWriteTime};
     }
 
     bool WriteTo(OutFile& file) override {
-        constexpr DWORD bufferSize = 1U << 16U;
-        LARGE_INTEGER const beginning{};
-        if (SetFilePointerEx(m_file, beginning, nullptr, FILE_BEGIN) == FALSE) {
+        constexpr std::size_t bufferSize = 1U << 16U;
+        if (!m_file.ToBeginning()) {
             return false;
         }
         std::unique_ptr<char[]> const buffer(new char[bufferSize]);
-        DWORD count = 0;
-        do {
-            if (ReadFile(m_file, buffer.get(), bufferSize, &count, nullptr) == FALSE ||
-                !file.Write({buffer.get(), count})) {
+        auto part = m_file.Read(buffer.get(), bufferSize);
+        for (; part && !part->empty(); part = m_file.Read(buffer.get(), bufferSize)) {
+            if (!file.Write(*part)) {
                 return false;
             }
-        } while (count > 0);
-        return IsUnchanged();
+        }
+        return part && IsUnchanged();
     }
 
   private:
-    // Otherwise the copy would have another content than its time tells.
-    bool IsUnchanged() const {
-        BY_HANDLE_FILE_INFORMATION now{};
-        return GetFileInformationByHandle(m_file, &now) != FALSE &&
-               CompareFileTime(&now.ftLastWriteTime, &m_status.ftLastWriteTime) == 0 &&
-               now.nFileSizeLow == m_status.nFileSizeLow &&
-               now.nFileSizeHigh == m_status.nFileSizeHigh;
+    static std::uint64_t SizeIn(BY_HANDLE_FILE_INFORMATION const& status) {
+        return std::uint64_t{status.nFileSizeHigh} << 32U | status.nFileSizeLow;
     }
 
-    HANDLE m_file;
-    BY_HANDLE_FILE_INFORMATION m_status{};
-    bool m_known = false;
+    // Otherwise the copy would have another content than its time tells.
+    bool IsUnchanged() const {
+        auto const now = m_file.Status();
+        return now && SizeIn(*now) == Size() &&
+               CompareFileTime(&now->ftLastWriteTime, &m_status->ftLastWriteTime) == 0;
+    }
+
+    InFile m_file;
+    std::optional<BY_HANDLE_FILE_INFORMATION> m_status;
 };
 
 } // namespace

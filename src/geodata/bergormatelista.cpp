@@ -99,7 +99,7 @@ void TaOver(bergmattype& post, bergmattype const& rad, bool medNamn) {
 // counts too.
 void LasAvsnitt(CBergOrMateLista& lista, std::string_view text, int inbyggda) {
     constexpr int norskExtra = 31; // a number that the Norwegian table does not have
-    kvarn::TextReader fil(text);
+    kvarn::LineReader fil(text);
     kvarn::SkipStarLines(fil, StjarnorFore(lista.m_slag));
     int forskjutning = 0;
     std::string_view rad;

@@ -1,10 +1,11 @@
 // CBergOrMateLista: the built-in materials. Their spellings are those of the files and drawings
 // there are, and differ on purpose where they do.
+#include "../formats/stenkod.h"
 #include "../text/codepage.h"
 #include "bergormatelista.h"
 
-char const* const CBergOrMateLista::FILNAMN = "Stenkod.dat";
-char const* const CBergOrMateLista::FILNAMNN = "StenkodN.dat";
+char const* const CBergOrMateLista::FILNAMN = kvarn::stenkodFile;
+char const* const CBergOrMateLista::FILNAMNN = kvarn::stenkodFileNorwegian;
 
 char const* const CBergOrMateLista::BERGARTER[] = {"Ss", "Ks", "Sk",      "Kv", "Kk", "Gs", "Gn",
                                                    "Lt", "Gg", "Gö"_1252, "Gr", "Pf", "Db", "My",

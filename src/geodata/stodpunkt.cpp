@@ -37,7 +37,7 @@ void LaggOver(stdhuvudtype& huvud, double tal) {
     std::memcpy(huvud.ovrigt, bytes + sizeof huvud.varde6, sizeof huvud.ovrigt);
 }
 
-void LasHuvud(stdhuvudtype& huvud, kvarn::TextReader& rader) {
+void LasHuvud(stdhuvudtype& huvud, kvarn::LineReader& rader) {
     auto const harTal = [](std::string_view rad) {
         return !rad.empty() && !kvarn::IsStarLine(rad);
     };
@@ -57,7 +57,7 @@ void LasHuvud(stdhuvudtype& huvud, kvarn::TextReader& rader) {
     }
 }
 
-stdpkttype LasPunkt(std::string_view namn, kvarn::TextReader& rader) {
+stdpkttype LasPunkt(std::string_view namn, kvarn::LineReader& rader) {
     stdpkttype punkt{};
     std::string_view ord;
     kvarn::Scan(namn, ord);
@@ -87,7 +87,7 @@ CStodPunkt::CStodPunkt(char const* path) : m_huvud(m_standardhuvud), m_gvy(0), m
     }
     m_filnamn = path;
     m_namn = NamnUr(path).c_str();
-    kvarn::TextReader rader{std::string_view(text)};
+    kvarn::LineReader rader{std::string_view(text)};
     LasHuvud(m_huvud, rader);
     std::string_view rad;
     while (rader.ReadLine(rad) && !kvarn::IsStarLine(rad)) {

@@ -27,7 +27,7 @@ std::int32_t Slag(kvarn::Vaghuvud const& huvud, std::string_view andraRaden) {
 }
 
 // What follows the stars: height, station and bulge a line.
-void LasProfildel(kvarn::TextReader& rader, CVaglinje& profil) {
+void LasProfildel(kvarn::LineReader& rader, CVaglinje& profil) {
     constexpr int alla = 3;
     std::string_view rad;
     kovltype vertex{}; // keeps the numbers of the line before where a bad line is kept
@@ -72,7 +72,7 @@ int CVag2::Init(char const* path) {
 
     std::int32_t slag = 0;
     std::string_view rad;
-    kvarn::TextReader borjan{std::string_view(text)};
+    kvarn::LineReader borjan{std::string_view(text)};
     if (borjan.ReadLine(rad)) {
         kvarn::Vaghuvud const huvud = kvarn::LasVaghuvud(rad);
         kvarn::CopyText(namn, sizeof namn, huvud.namn);
@@ -80,7 +80,7 @@ int CVag2::Init(char const* path) {
     }
 
     CVaglinje& linje = slag == kvarn::vagtypPlan ? plan : profil;
-    kvarn::TextReader rader{std::string_view(text)};
+    kvarn::LineReader rader{std::string_view(text)};
     while (rader.ReadLine(rad)) {
         kovltype vertex{};
         if (kvarn::LasVertex(rad, vertex)) {

@@ -31,7 +31,7 @@ int CVaglinje::Init(char const* path) {
         return -1;
     }
     kvarn::TaFilnamn(filnamn, path);
-    kvarn::TextReader rader{std::string_view(text)};
+    kvarn::LineReader rader{std::string_view(text)};
     std::string_view rad;
     for (bool forsta = true; rader.ReadLine(rad); forsta = false) {
         if (forsta) {

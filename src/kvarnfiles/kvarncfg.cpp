@@ -5,13 +5,13 @@
 #include "../project/projpath.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
-#include "nyckelfil.h"
+#include "keyrecords.h"
 
 template class KVARNPROG_LIST_DEFINE list0<cfgtype>;
 
 CKvarnCFG::CKvarnCFG(CAutoIni* ini) {
-    std::string_view const katalog = kvarn::FolderOf(ini->m_iniFil.GetString());
-    Init("Kvarnbok", kvarn::PathOf(katalog, CProjPath::KvarnCfgNamn).c_str());
+    std::string_view const folder = kvarn::FolderOf(ini->m_iniFil.GetString());
+    Init("Kvarnbok", kvarn::PathOf(folder, CProjPath::KvarnCfgNamn).c_str());
 }
 
 CKvarnCFG::CKvarnCFG(char const* program, char const* path) {
@@ -22,9 +22,9 @@ CKvarnCFG::~CKvarnCFG() = default;
 
 int CKvarnCFG::Init(char const* program, char const* path) {
     m_filnamn = path;
-    kvarn::Inlasning const resultat = kvarn::LasNyckelfil(*this, m_filnamn);
-    m_ofullstandig = resultat != kvarn::Inlasning::hel;
-    if (resultat == kvarn::Inlasning::gickEjAttOppna) {
+    kvarn::KeyFileRead const result = kvarn::ReadKeyFile(*this, m_filnamn);
+    m_incomplete = result != kvarn::KeyFileRead::whole;
+    if (result == kvarn::KeyFileRead::notOpened) {
         kvarn::DesktopMessage(kvarn::Format("Kan inte öppna CFG-filen\n%s\nAvbryter läsning!"_1252,
                                             m_filnamn.GetString())
                                   .c_str(),
@@ -34,25 +34,24 @@ int CKvarnCFG::Init(char const* program, char const* path) {
 }
 
 int CKvarnCFG::FindKey(CString key) {
-    return kvarn::SokNyckel(*this, key.GetString());
+    return kvarn::FindKeyRecord(*this, key.GetString());
 }
 int CKvarnCFG::FindKey(char const* key) {
     return FindKey(CString(key));
 }
 
 CString CKvarnCFG::ReadKey(CString key) {
-    return kvarn::LasNyckel(*this, key.GetString());
+    return kvarn::ReadKeyRecord(*this, key.GetString());
 }
 CString CKvarnCFG::ReadKey(char const* key) {
     return ReadKey(CString(key));
 }
 
 int CKvarnCFG::WriteKey(CString key, CString value) {
-    if (kvarn::SattNyckel(*this, key.GetString(), value.GetString()) != 0) {
+    if (kvarn::SetKeyRecord(*this, key.GetString(), value.GetString()) != 0) {
         return -1;
     }
-    return kvarn::SkrivNyckelfil(*this, m_filnamn, m_ofullstandig) == kvarn::Rewritten::done ? 0
-                                                                                             : -1;
+    return kvarn::WriteKeyFile(*this, m_filnamn, m_incomplete) == kvarn::Rewritten::done ? 0 : -1;
 }
 
 int CKvarnCFG::WriteKey(char const* key, char const* value) {

@@ -18,7 +18,7 @@ extern template class KVARNPROG_LIST_DECLARE list0<cfgtype>;
 // The format, which CKvarnPAR shares: text in code page 1252, lines ended by CR LF. A line is
 // stored when its first "=" stands at position 1 to 39; everything right of it is the value, and
 // nothing is trimmed. Keys are compared without regard to case; of several equal ones the first
-// counts. Surprising and meant so:
+// counts. Known quirks, kept on purpose:
 // - there are no comments: a line without "=", or beginning with it, is skipped, and lost when the
 //   file is rewritten; so is a key with an empty value;
 // - a line with its "=" further right, or with a value of more than 258 characters, leaves a record
@@ -67,5 +67,5 @@ class KVARNPROG_API CKvarnCFG : public list0<cfgtype> {
     int Init(char const* program, char const* path);
 
   private:
-    bool m_ofullstandig = false; // the file exists but was not read to its end
+    bool m_incomplete = false; // the file exists but was not read to its end
 };

@@ -8,6 +8,10 @@
 #include "../project/projpath.h"
 #include "../settings/autoini.h"
 
+namespace kvarn {
+struct ParFile;
+}
+
 struct partype {
     char nyckel[40]; // left of the first "=", at most 39 characters
     char varde[260]; // right of it
@@ -54,7 +58,7 @@ class KVARNPROG_API CKvarnPAR : public list0<partype> {
     CStdioFile m_fil;  // never open between calls
 
   private:
-    void Las(CString const& projektfil, CAutoIni const* ini, char const* namn, char const* program);
+    void Take(kvarn::ParFile const& file);
 
-    bool m_ofullstandig = false; // the file exists but was not read to its end
+    bool m_incomplete = false; // the file exists but was not read to its end
 };

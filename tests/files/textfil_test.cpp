@@ -11,7 +11,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-Lines AllLines(TextReader& reader) {
+Lines AllLines(kvarn::LineReader& reader) {
     Lines lines;
     std::string_view line;
     while (reader.ReadLine(line)) {
@@ -49,7 +49,7 @@ TEST(Textfil, LinesAreThoseOfTextMode) {
     };
     TestFolder const folder;
     for (auto const& c : cases) {
-        TextReader memory{std::string_view(c.bytes)};
+        kvarn::LineReader memory{std::string_view(c.bytes)};
         EXPECT_EQ(AllLines(memory), c.lines) << c.bytes.substr(0, 40);
         folder.Write("rader.txt", c.bytes);
         TextReader file(folder.Api("rader.txt").c_str());
@@ -60,7 +60,7 @@ TEST(Textfil, LinesAreThoseOfTextMode) {
 
 TEST(Textfil, ABoundedReadLeavesTheRestForTheNext) {
     // A piece that is full leaves no room for the line end, which then is a piece of its own.
-    TextReader reader(std::string_view("abcdefg\r\n\r\nhi\r\nabcd\r\nabcdefgh\nx\nijkl"));
+    kvarn::LineReader reader(std::string_view("abcdefg\r\n\r\nhi\r\nabcd\r\nabcdefgh\nx\nijkl"));
     Lines parts;
     char part[5];
     while (reader.ReadLine(part, sizeof part)) {
@@ -68,7 +68,7 @@ TEST(Textfil, ABoundedReadLeavesTheRestForTheNext) {
     }
     EXPECT_EQ(parts, (Lines{"abcd", "efg", "", "hi", "abcd", "", "abcd", "efgh", "", "x", "ijkl"}));
 
-    TextReader mixed(std::string_view("abcdefg\nhi\n"));
+    kvarn::LineReader mixed(std::string_view("abcdefg\nhi\n"));
     std::string_view rest;
     EXPECT_TRUE(mixed.ReadLine(part, sizeof part) && mixed.ReadLine(rest));
     EXPECT_EQ(rest, "efg");

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "kvarnfiles/standardvarden.h"
+#include "kvarnfiles/defaults.h"
 #include "resources/settingspages.h"
 
 namespace {
@@ -22,7 +22,7 @@ std::map<std::string, int> Controls(SettingsFile file) {
     return keys;
 }
 
-template <std::size_t N> std::map<std::string, int> Once(kvarn::Standardvarde const (&table)[N]) {
+template <std::size_t N> std::map<std::string, int> Once(kvarn::KeyDefault const (&table)[N]) {
     std::map<std::string, int> keys;
     for (auto const& row : table) {
         keys[row.nyckel] = 1;
@@ -31,13 +31,13 @@ template <std::size_t N> std::map<std::string, int> Once(kvarn::Standardvarde co
 }
 
 TEST(SettingsPages, EveryKeyHasOneControl) {
-    EXPECT_EQ(Controls(SettingsFile::kvarnPar), Once(kvarn::kvarnStandard));
-    EXPECT_EQ(Controls(SettingsFile::jb23Par), Once(kvarn::jb23Standard));
-    EXPECT_EQ(Controls(SettingsFile::stenPar), Once(kvarn::stenStandard));
+    EXPECT_EQ(Controls(SettingsFile::kvarnPar), Once(kvarn::kvarnDefaults));
+    EXPECT_EQ(Controls(SettingsFile::jb23Par), Once(kvarn::jb23Defaults));
+    EXPECT_EQ(Controls(SettingsFile::stenPar), Once(kvarn::stenDefaults));
 }
 
 TEST(SettingsPages, TheScalesOfJb23ComeInTheOrderOfTheirLines) {
-    auto const* row = kvarn::jb23Standard;
+    auto const* row = kvarn::jb23Defaults;
     for (auto const& control : kvarn::settingsControls) {
         if (kvarn::settingsPages[control.page].file == SettingsFile::jb23Par) {
             EXPECT_STREQ(control.key, row++->nyckel);

@@ -9,7 +9,7 @@
 #include "../../compat/win32/files.h"
 #include "../../compat/win32/paths.h"
 #include "../../files/filerewrite.h"
-#include "../../files/wholefile.h"
+#include "../../files/infile.h"
 #include "../../text/utf16.h"
 #include "initext.h"
 

@@ -13,7 +13,7 @@
 #include "../../compat/win32/paths.h"
 #include "../../compat/win32/process.h"
 #include "../../files/filerewrite.h"
-#include "../../files/wholefile.h"
+#include "../../files/infile.h"
 
 namespace kvarn {
 namespace {

@@ -3,9 +3,11 @@
 
 #include <CLI/CLI.hpp>
 #include <files/pathparts.h>
+#include <formats/checks/checks.h>
+#include <kvarnfiles/defaults.h>
 
 #include "../commands.h"
-#include "../formats/filechecks.h"
+#include "../formats/materialchecks.h"
 #include "../shared/backup.h"
 #include "../shared/copies.h"
 #include "../shared/platform.h"
@@ -26,13 +28,15 @@ struct FileToCheck {
 
 std::vector<FileToCheck> FilesIn(std::string const& folder) {
     FileToCheck const known[] = {
-        {CProjPath::KvarnParNamn, [](auto text) { return CheckKeys(text, kvarn::kvarnStandard); }},
-        {CProjPath::StenParNamn, [](auto text) { return CheckKeys(text, kvarn::stenStandard); }},
-        {CProjPath::KvarnCfgNamn, [](auto text) { return CheckKeys(text, {}); }},
-        {CProjPath::Jb23ParNamn, [](auto text) { return CheckJb23(text); }},
-        {CProjPath::Kodfil, CheckKodfil},
-        {CProjPath::Miljkod, CheckMiljkod},
-        {CProjPath::Linkod, CheckLinkod},
+        {CProjPath::KvarnParNamn,
+         [](auto text) { return kvarn::CheckKeys(text, kvarn::kvarnDefaults); }},
+        {CProjPath::StenParNamn,
+         [](auto text) { return kvarn::CheckKeys(text, kvarn::stenDefaults); }},
+        {CProjPath::KvarnCfgNamn, [](auto text) { return kvarn::CheckKeys(text, {}); }},
+        {CProjPath::Jb23ParNamn, [](auto text) { return kvarn::CheckJb23(text); }},
+        {CProjPath::Kodfil, kvarn::CheckKodfil},
+        {CProjPath::Miljkod, kvarn::CheckMiljkod},
+        {CProjPath::Linkod, kvarn::CheckLinkod},
         {CBergOrMateLista::FILNAMN, [](auto text) { return CheckStenkod(text, false); }},
         {CBergOrMateLista::FILNAMNN, [](auto text) { return CheckStenkod(text, true); }},
     };
@@ -66,7 +70,7 @@ std::vector<FileToCheck> FilesToCheck(CheckArguments const& arguments) {
         files.push_back({LibraryPath(points), CheckPoints});
     }
     for (std::string const& stamp : arguments.stamps) {
-        files.push_back({LibraryPath(stamp), CheckStamp});
+        files.push_back({LibraryPath(stamp), kvarn::CheckStamp});
     }
     if (files.empty()) {
         throw Failure("there is nothing to check in " + arguments.folder);

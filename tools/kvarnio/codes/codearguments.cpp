@@ -2,17 +2,18 @@
 
 #include <algorithm>
 
+#include <formats/checks/doubtfulletters.h>
+#include <formats/kodtexts.h>
 #include <text/codepage.h>
 #include <text/text.h>
 
 #include "../shared/arguments.h"
 #include "../shared/failure.h"
-#include "../shared/letters.h"
 
 namespace kvarnio {
 namespace {
 
-constexpr std::size_t longest = 255; // what programs' buffers hold
+constexpr std::size_t longest = kvarn::longestKodtext;
 
 std::string WordCell(char const* what, std::string const& typed) {
     std::string word = Text(what, typed);
@@ -47,9 +48,9 @@ std::string Cell(Column const& column, std::string const& typed) {
                        : column.type == Column::Type::whole ? WholeCell(column, what, typed)
                        : column.type == Column::Type::word  ? WordCell(what, typed)
                                                             : TextCell(what, typed);
-    if (column.isConverted && Converted(cell) != cell) {
+    if (column.isConverted && kvarn::Converted(cell) != cell) {
         throw UsageError(name + " \"" + typed + "\" would be read as \"" +
-                         kvarn::ToUtf8(Converted(cell)) +
+                         kvarn::ToUtf8(kvarn::Converted(cell)) +
                          "\": the file's DOS letters are converted");
     }
     return cell;

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "../formats/codeformat.h"
+#include "codeformat.h"
 
 namespace kvarnio {
 

@@ -4,13 +4,12 @@
 #include <utility>
 
 #include <files/filerewrite.h>
+#include <formats/miljkod.h>
 
 #include "../shared/backup.h"
 #include "../shared/copies.h"
 #include "../shared/failure.h"
-#include "../shared/messages.h"
 #include "../shared/platform.h"
-#include "scratchcopy.h"
 
 namespace kvarnio {
 namespace {
@@ -24,8 +23,8 @@ void RequireFile(Context const& context, CodeFormat const& format) {
 
 } // namespace
 
-CodeFile::CodeFile(Context& context, CodeFormat const& format, std::string const& typedFile)
-    : m_context(&context), m_format(&format) {
+CodeFile::CodeFile(Context const& context, CodeFormat const& format, std::string const& typedFile)
+    : m_format(&format) {
     if (format.fileName == nullptr) {
         m_path = LibraryPath(typedFile);
     } else {
@@ -35,21 +34,13 @@ CodeFile::CodeFile(Context& context, CodeFormat const& format, std::string const
         m_place = copy.place;
     }
     m_content = ReadWhole(m_path);
-    {
-        MutedMessages const muted; // bad lines are told with their numbers
-        m_records = format.read(context.settings, m_path);
-    }
+    m_records = format.read(m_content);
     m_findings = format.check(m_content);
 }
 
 Losses CodeFile::Write(CodeRecords const& records) {
-    std::string written;
-    {
-        ScratchCopy copy(*m_context, *m_format, m_content);
-        m_format->write(copy.Settings(), copy.Path(), records);
-        written = m_format->carryOver(m_content, copy.Content());
-    }
-    CodeRecords read = RecordsOf(written);
+    std::string const written = m_format->write(m_content, records);
+    CodeRecords read = m_format->read(written);
     if (read != records) {
         throw Failure("nothing was written: the library would not read the same back from " +
                       Shown(m_path));
@@ -60,29 +51,20 @@ Losses CodeFile::Write(CodeRecords const& records) {
 }
 
 CodeRecords CodeFile::AddMissing(Losses& losses) {
-    std::string written;
-    {
-        MutedMessages const muted;
-        ScratchCopy copy(*m_context, *m_format, m_content);
-        copy.Settings().MiljkodUppdatX();
-        written = copy.Content();
-    }
+    kvarn::LineReader lines(m_content);
+    auto const sections = kvarn::WithObligatoryMiljkod(lines, nullptr);
     CodeRecords added;
-    if (written != m_content) {
-        for (CodeRecord const& record : RecordsOf(written)) {
+    if (sections) {
+        kvarn::LineReader again(m_content);
+        std::string const written = kvarn::InTextMode(kvarn::MiljkodBeginning(again) + *sections);
+        for (CodeRecord const& record : m_format->read(written)) {
             if (std::find(m_records.begin(), m_records.end(), record) == m_records.end()) {
                 added.push_back(record);
             }
         }
-        losses = Replace(m_format->carryOver(m_content, written));
+        losses = Replace(written);
     }
     return added;
-}
-
-CodeRecords CodeFile::RecordsOf(std::string const& content) const {
-    MutedMessages const muted;
-    ScratchCopy copy(*m_context, *m_format, content);
-    return m_format->read(copy.Settings(), copy.Path());
 }
 
 Losses CodeFile::Replace(std::string const& content) const {

@@ -4,12 +4,15 @@
 #include <text/scan.h>
 #include <text/text.h>
 
-#include "filechecks.h"
-#include "linechecker.h"
+#include <formats/checks/linechecker.h>
+
+#include "materialchecks.h"
 #include "pointfile.h"
 
 namespace kvarnio {
 namespace {
+
+using namespace kvarn;
 
 // A line that is read as one number.
 void LookAtNumber(LineChecker& checker, TextLine const& line) {

@@ -4,12 +4,15 @@
 #include <text/scan.h>
 #include <text/text.h>
 
-#include "filechecks.h"
-#include "linechecker.h"
+#include <formats/checks/linechecker.h>
+
+#include "materialchecks.h"
 #include "materialfile.h"
 
 namespace kvarnio {
 namespace {
+
+using namespace kvarn;
 
 // The words of a line.
 enum { number, name, text, scale, pattern, angle, flag, all };

@@ -9,9 +9,11 @@
 
 #include <kvarnprog.h>
 
-#include "../shared/textlines.h"
+#include <formats/checks/linechecker.h>
 
 namespace kvarnio {
+
+using kvarn::TextLine;
 
 enum class MaterialKind { rock = 0, fill = 1, soil = 2 }; // as the library numbers them
 

@@ -4,9 +4,11 @@
 #include <array>
 #include <vector>
 
-#include "../shared/textlines.h"
+#include <formats/checks/linechecker.h>
 
 namespace kvarnio {
+
+using kvarn::TextLine;
 
 // Three lines below each other; a file that ends inside a block has fewer.
 struct PointBlock {

@@ -39,8 +39,8 @@ void AddSources(List& list, Materials const& materials) {
     list.sources.assign(BuiltIn(materials).size(), {true});
     if (list.file && materials.HasSection()) {
         std::string const content = ReadWhole(list.file->path);
-        TextLines const text = SplitLines(content);
-        for (MaterialLine const& line : ReadMaterialLines(text.lines, materials)) {
+        std::vector<kvarn::TextLine> const text = kvarn::LinesOf(content);
+        for (MaterialLine const& line : ReadMaterialLines(text, materials)) {
             if (line.isNew) {
                 list.sources.push_back({false, line.line->number});
             } else if (line.entry) {

@@ -43,8 +43,8 @@ class Points {
             m_read.push_back(*m_points.Get_aktel());
         }
         m_content = ReadWhole(m_path);
-        m_text = SplitLines(m_content);
-        m_file = ReadPointFile(m_text.lines);
+        m_text = kvarn::LinesOf(m_content);
+        m_file = ReadPointFile(m_text);
         std::erase_if(m_file.blocks, [](PointBlock const& block) { return block.IsGvy(); });
         if (m_file.blocks.size() != m_read.size()) {
             throw Failure(Shown(m_path) + " has changed while it was read");
@@ -67,7 +67,7 @@ class Points {
     CStodPunkt m_points;
     std::vector<stdpkttype> m_read;
     std::string m_content;
-    TextLines m_text;
+    std::vector<kvarn::TextLine> m_text;
     PointFile m_file;
 };
 

@@ -3,6 +3,8 @@
 #include <memory>
 
 #include <CLI/CLI.hpp>
+#include <kvarnfiles/defaults.h>
+#include <kvarnfiles/localfiles.h>
 
 #include "../commands.h"
 #include "../shared/backup.h"
@@ -18,25 +20,14 @@ struct LocalArguments {
     bool overwrite = false;
 };
 
-// A file that a project may have of its own.
-struct LocalFile {
-    std::string name;
-    bool hasDefaults;   // built into the library
-    bool isMade;        // where there is nothing to copy
-    bool isOverwritten; // when that is asked for
-};
+using kvarn::LocalFile;
 
 std::vector<LocalFile> LocalFiles(LocalArguments const& arguments) {
-    if (arguments.rock) {
-        return {{CProjPath::StenParNamn, true, true, false}};
-    }
-    return {{CProjPath::KvarnParNamn, true, true, false},
-            {CProjPath::Linkod, false, true, true},
-            {CProjPath::Kodfil, false, true, true},
-            {CBergOrMateLista::FILNAMN, false, false, false},
-            {CBergOrMateLista::FILNAMNN, false, false, false},
-            {CProjPath::Jb23ParNamn, true, true, true},
-            {CProjPath::Miljkod, false, true, true}};
+    return arguments.rock ? kvarn::RockDrillingFiles() : kvarn::DrawingFiles();
+}
+
+bool IsMade(LocalFile const& file) { // where there is nothing to copy
+    return file.empty != nullptr;
 }
 
 std::string InProject(Context const& context, LocalFile const& file) {
@@ -57,16 +48,16 @@ std::optional<Copy> SourceOf(Context const& context, LocalFile const& file) {
 
 // A project's first file tells whether it has the others; programs then copy what it lacks.
 void PrintSummary(Context const& context, std::vector<LocalFile> const& files) {
-    std::string const& decisive = files.front().name;
+    char const* const decisive = files.front().name;
     if (!Exists(InProject(context, files.front()))) {
         std::cout << "The project has no settings of its own: it has no " << decisive << ".\n";
         return;
     }
     std::string missing;
     for (LocalFile const& file : files) {
-        bool const copied = file.isMade || SourceOf(context, file);
+        bool const copied = IsMade(file) || SourceOf(context, file);
         if (copied && !Exists(InProject(context, file))) {
-            missing += (missing.empty() ? "" : ", ") + file.name;
+            missing.append(missing.empty() ? "" : ", ").append(file.name);
         }
     }
     std::cout << "The project has settings of its own: it has " << decisive << ".\n"
@@ -79,7 +70,9 @@ ExitStatus Status(Context& context, LocalArguments const& arguments) {
     Json json = Json::array();
     for (LocalFile const& file : files) {
         auto const copy = InForce(context, file.name);
-        std::string const place = copy ? copy->place : file.hasDefaults ? "default" : "none";
+        std::string const place = copy                                    ? copy->place
+                                  : !kvarn::DefaultsOf(file.name).empty() ? "default"
+                                                                          : "none";
         json.push_back({{"file", file.name},
                         {"place", place},
                         {"path", copy ? Json(Shown(copy->path)) : Json()}});
@@ -138,11 +131,11 @@ std::vector<Before> StateOf(Context const& context, LocalArguments const& argume
 Outcome Created(Context const& context, Before const& before, bool overwrite) {
     auto const source = SourceOf(context, before.file);
     std::string const from = source ? source->path : "";
-    bool const replace = overwrite && before.file.isOverwritten;
+    bool const replace = overwrite && before.file.isReplaced;
     if (before.existed && !replace) {
         return {before.path, "kept", ""};
     }
-    if (!source && !before.file.isMade) {
+    if (!source && !IsMade(before.file)) {
         return {before.path, "none", ""};
     }
     bool const same = !source || ContentOf(HostPath(from)) == ContentOf(HostPath(before.path));

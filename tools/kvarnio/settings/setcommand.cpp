@@ -3,11 +3,10 @@
 #include <memory>
 
 #include <CLI/CLI.hpp>
+#include <formats/checks/linechecker.h>
 #include <text/codepage.h>
 
 #include "../commands.h"
-#include "../formats/filechecks.h"
-#include "../formats/linechecker.h"
 #include "../shared/arguments.h"
 #include "../shared/backup.h"
 #include "../shared/copies.h"
@@ -50,8 +49,8 @@ void RequireLengths(std::string const& key, NewValue const& value) {
                           std::to_string(longest));
         }
     };
-    require("KEY", key.size(), longestKey);
-    require("VALUE", text != nullptr ? text->size() : 0, longestValue);
+    require("KEY", key.size(), kvarn::longestKey);
+    require("VALUE", text != nullptr ? text->size() : 0, kvarn::longestValue);
 }
 
 std::string NowhereToWrite(Context const& context, std::string const& name) {
@@ -72,7 +71,7 @@ void RequireScale(SettingsFile const& file, std::string const& key, NewValue con
         throw Failure("nothing was written: " + NoValue(file, kvarn::ToUtf8(key)));
     }
     std::string const* const text = std::get_if<std::string>(&value);
-    if (text != nullptr && Words(*text).size() != 1) {
+    if (text != nullptr && kvarn::Words(*text).size() != 1) {
         throw UsageError("VALUE must be one word: a line of " + file.Name() +
                          " holds the scale and the step, and nothing is removed from it");
     }
@@ -90,7 +89,7 @@ void RequireAllowed(SettingsFile const& file, std::string const& typed, std::str
 }
 
 void FillScales(SettingsFile const& file, std::string const& key, std::string_view content) {
-    std::size_t const lines = SplitLines(content).lines.size();
+    std::size_t const lines = kvarn::LinesOf(content).size();
     std::size_t const added = file.FillScales(key, lines);
     if (lines > 0 && added > 0) {
         std::cerr << "kvarnio: the file had " << lines << " of eleven lines; " << added

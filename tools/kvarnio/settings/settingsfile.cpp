@@ -5,9 +5,10 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include <formats/checks/checks.h>
+#include <formats/jb23.h>
 #include <text/codepage.h>
 
-#include "../formats/filechecks.h"
 #include "../shared/copies.h"
 #include "../shared/messages.h"
 
@@ -67,15 +68,15 @@ SettingsFile::SettingsFile(Context& context, std::string const& name) : m_contex
         CKvarnPAR par(&context.ini, &context.project);
         m_path = par.GetParFilNamn();
         m_records = Records(par);
-        m_standard = kvarn::kvarnStandard;
+        m_standard = kvarn::kvarnDefaults;
     } else if (m_name == CProjPath::StenParNamn) {
         constexpr int rockDrilling = 1;
         CKvarnPAR par(&context.ini, &context.project, rockDrilling);
         m_path = par.GetParFilNamn();
         m_records = Records(par);
-        m_standard = kvarn::stenStandard;
+        m_standard = kvarn::stenDefaults;
     } else if (IsJb23()) {
-        m_standard = kvarn::jb23Standard;
+        m_standard = kvarn::jb23Defaults;
         m_path = InForce(context, m_name).value_or(Copy{}).path;
         m_records = ScaleRecords();
     } else if (context.ini.m_iniFil.ReverseFind('\\') >= 0) {
@@ -100,7 +101,7 @@ template <class List> std::vector<SettingsFile::Record> SettingsFile::Records(Li
 // The words that stand in the file of the scales.
 std::vector<SettingsFile::Record> SettingsFile::ScaleRecords() const {
     std::vector<Record> records;
-    for (kvarn::Standardvarde const& row : m_standard) {
+    for (kvarn::KeyDefault const& row : m_standard) {
         CString const word = m_context->settings.Jb23ReadKey(row.nyckel);
         if (MessageWasShown()) {
             throw Failure(m_name + " cannot be read");
@@ -126,10 +127,10 @@ SettingsFile::Record const* SettingsFile::Stored(std::string const& key) const {
     return found != m_records.end() && !found->value.empty() ? &*found : nullptr;
 }
 
-kvarn::Standardvarde const* SettingsFile::Standard(std::string const& key) const {
+kvarn::KeyDefault const* SettingsFile::Standard(std::string const& key) const {
     auto const found =
         std::find_if(m_standard.begin(), m_standard.end(),
-                     [&](kvarn::Standardvarde const& row) { return Same(row.nyckel, key); });
+                     [&](kvarn::KeyDefault const& row) { return Same(row.nyckel, key); });
     return found != m_standard.end() ? &*found : nullptr;
 }
 
@@ -137,13 +138,13 @@ std::optional<Entry> SettingsFile::Find(std::string const& key) const {
     if (Record const* const record = Stored(key)) {
         return Entry{record->key, record->value, m_path};
     }
-    kvarn::Standardvarde const* const row = Standard(key);
+    kvarn::KeyDefault const* const row = Standard(key);
     return row != nullptr ? std::optional(Entry{row->nyckel, row->varde, ""}) : std::nullopt;
 }
 
 std::vector<Entry> SettingsFile::Entries() const {
     std::vector<std::string> keys;
-    for (kvarn::Standardvarde const& row : m_standard) {
+    for (kvarn::KeyDefault const& row : m_standard) {
         keys.emplace_back(row.nyckel);
     }
     for (Record const& record : m_records) {
@@ -173,7 +174,8 @@ std::size_t SettingsFile::ScaleLine(std::string const& key) const {
 }
 
 std::vector<Finding> SettingsFile::Check(std::string_view content, std::string const& key) const {
-    return IsJb23() ? CheckJb23(content, ScaleLine(key)) : CheckKeys(content, m_standard, key);
+    return IsJb23() ? kvarn::CheckJb23(content, kvarn::ScalePlace(Standard(key)->nyckel).line)
+                    : kvarn::CheckKeys(content, m_standard, key);
 }
 
 std::optional<int> SettingsFile::Int(Entry const& entry) const {
@@ -226,7 +228,7 @@ int SettingsFile::WriteThroughFacade(std::string const& key, NewValue const& val
 std::size_t SettingsFile::FillScales(std::string const& key, std::size_t lines) const {
     constexpr std::size_t columns = 2;
     std::size_t const line = ScaleLine(key);
-    auto const write = [this](kvarn::Standardvarde const& row) {
+    auto const write = [this](kvarn::KeyDefault const& row) {
         if (Write(row.nyckel, std::string(row.varde)) != 0) {
             throw Failure(std::string(row.nyckel) + " could not be written to " + m_name);
         }
@@ -234,7 +236,7 @@ std::size_t SettingsFile::FillScales(std::string const& key, std::size_t lines) 
     for (std::size_t i = lines * columns; i < line * columns; ++i) {
         write(m_standard[i]);
     }
-    kvarn::Standardvarde const& scale = m_standard[(line - 1) * columns];
+    kvarn::KeyDefault const& scale = m_standard[(line - 1) * columns];
     if (m_context->settings.Jb23ReadKey(scale.nyckel).IsEmpty()) {
         write(scale);
     }

@@ -9,7 +9,7 @@
 #include <variant>
 #include <vector>
 
-#include <kvarnfiles/standardvarden.h>
+#include <kvarnfiles/defaults.h>
 
 #include "../shared/context.h"
 #include "../shared/failure.h"
@@ -81,12 +81,12 @@ class SettingsFile {
     std::vector<Record> ScaleRecords() const;
     int WriteThroughFacade(std::string const& key, NewValue const& value) const;
     Record const* Stored(std::string const& key) const;
-    kvarn::Standardvarde const* Standard(std::string const& key) const;
+    kvarn::KeyDefault const* Standard(std::string const& key) const;
 
     Context* m_context;
     std::string m_name;
     std::string m_path;
-    std::span<kvarn::Standardvarde const> m_standard;
+    std::span<kvarn::KeyDefault const> m_standard;
     std::vector<Record> m_records; // of each line that is read, in their order
 };
 

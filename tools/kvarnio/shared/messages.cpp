@@ -56,13 +56,4 @@ bool MessageWasShown() {
     return std::exchange(messageShown, false);
 }
 
-MutedMessages::MutedMessages() {
-    SetMessageBoxHandler(
-        [](MessageBoxRequest const& request) { return DefaultButton(request.style); });
-}
-
-MutedMessages::~MutedMessages() {
-    SetMessageBoxHandler(ShowMessage);
-}
-
 } // namespace kvarnio

@@ -14,14 +14,4 @@ void AnswerYes();
 // the answer: a file that cannot be opened reads as empty.
 bool MessageWasShown();
 
-// Keeps the messages from the terminal until its scope ends, where the tool tells the same, and
-// more.
-class MutedMessages {
-  public:
-    MutedMessages();
-    ~MutedMessages();
-    MutedMessages(MutedMessages const&) = delete;
-    MutedMessages& operator=(MutedMessages const&) = delete;
-};
-
 } // namespace kvarnio

@@ -1,10 +1,7 @@
 #include "output.h"
 
 #include <algorithm>
-#include <charconv>
 #include <iostream>
-
-#include <text/codepage.h>
 
 #include "platform.h"
 
@@ -15,17 +12,6 @@ std::size_t Width(std::string const& utf8) {
     return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), [](char c) {
         return (static_cast<unsigned char>(c) & 0xC0U) != 0x80;
     }));
-}
-
-bool IsControl(char c) {
-    char32_t const codePoint = kvarn::CodePoint1252(c);
-    return codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
-}
-
-std::string Escaped(char c) {
-    constexpr char const* digits = "0123456789ABCDEF";
-    auto const byte = static_cast<unsigned char>(c);
-    return {'\\', 'x', digits[byte / 16], digits[byte % 16]};
 }
 
 std::vector<std::size_t> ColumnWidths(std::vector<std::vector<std::string>> const& rows) {
@@ -45,22 +31,6 @@ std::vector<std::size_t> ColumnWidths(std::vector<std::vector<std::string>> cons
 std::string Shown(std::string_view path) {
     std::u8string const host = HostPath(path).u8string();
     return {host.begin(), host.end()};
-}
-
-std::string OneLine(std::string_view text) {
-    constexpr std::size_t longest = 80;
-    std::string line;
-    for (char const c : text.substr(0, longest)) {
-        line += IsControl(c) ? Escaped(c) : kvarn::ToUtf8({&c, 1});
-    }
-    return text.size() > longest ? line + "..." : line;
-}
-
-std::string Shortest(double number) {
-    std::string digits(32, '\0');
-    auto const end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
-    digits.resize(static_cast<std::size_t>(end.ptr - digits.data()));
-    return digits;
 }
 
 void PrintTable(std::vector<std::vector<std::string>> const& rows) {

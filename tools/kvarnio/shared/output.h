@@ -7,6 +7,7 @@
 #include <vector>
 
 #include <nlohmann/json.hpp>
+#include <text/shown.h>
 
 namespace kvarnio {
 
@@ -15,11 +16,8 @@ using Json = nlohmann::ordered_json;
 // A path of the library, as the host spells it.
 std::string Shown(std::string_view path);
 
-// A text on one line: control characters as \x0D, and "..." for what goes beyond 80 characters.
-std::string OneLine(std::string_view text);
-
-// A number in as few digits as give it again.
-std::string Shortest(double number);
+using kvarn::OneLine;
+using kvarn::Shortest;
 
 // Rows of UTF-8 cells in aligned columns, the first row being the heading. One long cell moves only
 // what stands after it on its own row.

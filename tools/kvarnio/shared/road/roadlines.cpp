@@ -4,10 +4,12 @@
 #include <text/scan.h>
 
 #include "../output.h"
-#include "../textlines.h"
+#include <formats/checks/linechecker.h>
 
 namespace kvarnio {
 namespace {
+
+using kvarn::TextLine;
 
 constexpr char star = '*';
 
@@ -127,13 +129,9 @@ class Reader {
 } // namespace
 
 RoadLines ReadRoadLines(std::string_view content, bool isPlan) {
-    TextLines const text = SplitLines(content);
     Reader reader(isPlan);
-    for (TextLine const& line : text.lines) {
+    for (TextLine const& line : kvarn::LinesOf(content)) {
         reader.Read(line);
-    }
-    if (text.beyondEnd) {
-        reader.ReadBeyondEnd(*text.beyondEnd);
     }
     return reader.Take();
 }

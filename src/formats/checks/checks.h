@@ -1,0 +1,28 @@
+// What is wrong with the content of each kind of file: lines that the library skips, cuts,
+// misreads, or loses when it writes the file. A file that the library wrote from sound values has
+// no findings. Not part of the library: the tool alone asks.
+#pragma once
+
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "../finding.h"
+#include "../keyfile.h"
+
+namespace kvarn {
+
+// A key file with these defaults. The first line of the key that is about to be written is none
+// that is lost: it takes the new value, or is removed as asked.
+std::vector<Finding> CheckKeys(std::string_view content, std::span<KeyDefault const> defaults,
+                               std::string_view writtenKey = {});
+
+// Only the line that is written loses what is not read of it; 0 for none.
+std::vector<Finding> CheckJb23(std::string_view content, int writtenLine = 0);
+
+std::vector<Finding> CheckKodfil(std::string_view content);
+std::vector<Finding> CheckMiljkod(std::string_view content);
+std::vector<Finding> CheckLinkod(std::string_view content);
+std::vector<Finding> CheckStamp(std::string_view content);
+
+} // namespace kvarn

@@ -1,0 +1,206 @@
+#include "linechecker.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+#include "../../text/lines.h"
+#include "../../text/scan.h"
+#include "../../text/shown.h"
+#include "../../text/text.h"
+#include "../kodtexts.h"
+
+#include "doubtfulletters.h"
+
+namespace kvarn {
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+bool IsUtf16(std::string_view content) {
+    return content.starts_with("\xFF\xFE") || content.starts_with("\xFE\xFF");
+}
+
+std::string Digits(double number) {
+    return Shortest(number);
+}
+std::string Digits(std::int32_t number) {
+    return std::to_string(number);
+}
+
+template <class T> std::string FaultOf(std::string_view word, char const* kind) {
+    T number{};
+    char rest[2] = "";
+    int const count = Scan(word, number, rest);
+    if (count == 1) {
+        return {};
+    }
+    std::string const shown = '"' + OneLine(word) + '"';
+    if (count < 1) {
+        return shown + " is no " + kind;
+    }
+    return shown + " is read as " + Digits(number) +
+           (word.find(',') != std::string_view::npos ? ", for the decimal sign is a point" : "");
+}
+
+} // namespace
+
+std::vector<TextLine> LinesOf(std::string_view content) {
+    std::vector<TextLine> lines;
+    LineReader reader(content);
+    for (std::string_view line; reader.ReadLine(line);) {
+        lines.push_back({reader.Number(), line, reader.AfterZero()});
+    }
+    return lines;
+}
+
+std::vector<Word> Words(std::string_view text) {
+    constexpr char const* blanks = " \t\v\f\r";
+    std::vector<Word> words;
+    for (std::size_t at = text.find_first_not_of(blanks); at != std::string_view::npos;) {
+        std::size_t const end = std::min(text.find_first_of(blanks, at), text.size());
+        words.push_back({at, text.substr(at, end - at)});
+        at = text.find_first_not_of(blanks, end);
+    }
+    return words;
+}
+
+std::string NumberFault(std::string_view word) {
+    return FaultOf<double>(word, "number");
+}
+
+std::string WholeNumberFault(std::string_view word) {
+    return FaultOf<std::int32_t>(word, "whole number");
+}
+
+LineChecker::LineChecker(std::string_view content) : m_lines(LinesOf(content)) {
+    if (IsUtf16(content)) {
+        m_lines = {};
+        Add(1, "saved as UTF-16: the file must be in code page 1252, and nothing of it is read");
+        return;
+    }
+    LookAtEncoding(content);
+    for (TextLine const& line : m_lines) {
+        if (line.afterZero) {
+            Add(line.number, "text after a zero byte", Loss::line, *line.afterZero);
+        }
+        LookAtControls(line);
+    }
+    LookBeyondEnd(content);
+}
+
+void LineChecker::LookBeyondEnd(std::string_view content) {
+    std::size_t const end = content.find(endOfText);
+    if (end == std::string_view::npos) {
+        return;
+    }
+    std::string_view const text = content.substr(0, end);
+    auto const ended = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+    constexpr std::string_view ignored = "\r\n \t\x1A";
+    std::string_view beyond = content.substr(end);
+    beyond.remove_prefix(std::min(beyond.find_first_not_of(ignored), beyond.size()));
+    if (!beyond.empty()) {
+        Add(ended + 1, "everything after the end-of-file character 0x1A", Loss::line,
+            LinesOf(beyond).front().text);
+    }
+}
+
+void LineChecker::LookAtEncoding(std::string_view content) {
+    if (content.starts_with(byteOrderMark)) {
+        Add(1, "a byte-order mark, which is read as the first three letters of the line");
+    }
+    for (TextLine const& line : m_lines) {
+        if (IsUtf8(line.text)) {
+            Add(line.number, "UTF-8, where code page 1252 is read", Loss::none, line.text);
+        }
+    }
+}
+
+void LineChecker::LookAtControls(TextLine const& line) {
+    bool const found = std::any_of(line.text.begin(), line.text.end(), [](char c) {
+        return static_cast<unsigned char>(c) < ' ' && c != '\t';
+    });
+    if (found) {
+        Add(line.number, "a control character, which is read as part of the line", Loss::none,
+            line.text);
+    }
+}
+
+void LineChecker::Add(std::size_t line, std::string what, Loss loss, std::string_view text) {
+    m_findings.push_back({line, std::move(what), loss, std::string(text)});
+}
+
+void LineChecker::LookAtLetters(std::size_t line, std::string_view text, Letters letters) {
+    if (IsUtf8(text)) {
+        return; // and said
+    }
+    if (letters == Letters::kept && HoldsDosLetters(text)) {
+        Add(line, "DOS letters, which are not converted here", Loss::none, text);
+    } else if (letters == Letters::converted && ConversionSpoils(text)) {
+        Add(line, "converted as if in DOS letters, and read as \"" + OneLine(Converted(text)) + '"',
+            Loss::none, text);
+    }
+}
+
+void LineChecker::LookAtLength(std::size_t line, char const* what, std::string_view text) {
+    if (text.size() > longestKodtext) {
+        Add(line,
+            std::string(what) + " has " + std::to_string(text.size()) + " characters, and " +
+                std::to_string(longestKodtext) + " are read",
+            Loss::line, text.substr(longestKodtext));
+    }
+}
+
+void LineChecker::AddOnce(std::vector<TextLine const*> const& lines, std::string what, Loss loss) {
+    if (lines.empty()) {
+        return;
+    }
+    if (lines.size() > 1) {
+        what += ", this line and " + std::to_string(lines.size() - 1) + " more";
+    }
+    Add(lines.front()->number, std::move(what), loss, lines.front()->text);
+}
+
+void LineChecker::AddUnread(std::size_t first, char const* why) {
+    std::vector<TextLine const*> unread;
+    for (TextLine const& line : m_lines) {
+        if (line.number > first && !IsBlank(line.text)) {
+            unread.push_back(&line);
+        }
+    }
+    AddOnce(unread, why, Loss::line);
+}
+
+void LineChecker::LookAtRecords(void (*look)(LineChecker&, TextLine const&,
+                                             std::vector<Word> const&)) {
+    constexpr char const* emptyLine =
+        "a blank line is a bad line here, after which programs may stop";
+    std::size_t blank = 0; // the last line, if it is blank
+    for (TextLine const& line : m_lines) {
+        bool const isEnd = IsStarLine(line.text);
+        auto const words = Words(line.text);
+        if (blank != 0 && !words.empty() && !isEnd) {
+            Add(blank, emptyLine);
+        }
+        blank = words.empty() ? line.number : 0;
+        if (words.empty()) {
+            Add(line.number, "", Loss::blank);
+        } else if (!isEnd) {
+            look(*this, line, words);
+        } else {
+            if (line.text.size() > 1) {
+                Add(line.number, "text on the end line \"*\"", Loss::line, line.text.substr(1));
+            }
+            AddUnread(line.number, "after the end line \"*\"");
+            return;
+        }
+    }
+}
+
+std::vector<Finding> LineChecker::Take() {
+    std::stable_sort(m_findings.begin(), m_findings.end(),
+                     [](Finding const& a, Finding const& b) { return a.line < b.line; });
+    return std::move(m_findings);
+}
+
+} // namespace kvarn

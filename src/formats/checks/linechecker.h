@@ -1,0 +1,78 @@
+// What can be wrong with the lines of any text file of the programs, and what the formats' checks
+// share.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "../finding.h"
+
+namespace kvarn {
+
+struct TextLine {
+    std::size_t number; // counted from 1
+    std::string_view text;
+    std::optional<std::string_view> afterZero; // what a zero cut off
+};
+
+// Of a file with this content, which the caller keeps.
+std::vector<TextLine> LinesOf(std::string_view content);
+
+struct Word {
+    std::size_t column; // counted from 0
+    std::string_view text;
+};
+
+// What stands between blanks.
+std::vector<Word> Words(std::string_view text);
+
+// What is wrong with a word where a number is read; empty for a number.
+std::string NumberFault(std::string_view word);
+// The same for a whole number.
+std::string WholeNumberFault(std::string_view word);
+
+inline bool IsBlank(std::string_view text) {
+    return text.find_first_not_of(" \t") == std::string_view::npos;
+}
+
+class LineChecker {
+  public:
+    // Of a file with this content, which the caller keeps. Finds what no format reads: text after a
+    // zero byte or the end-of-file character, other encodings, control characters.
+    explicit LineChecker(std::string_view content);
+
+    std::vector<TextLine> const& Lines() const { return m_lines; }
+    std::size_t LastLine() const { return m_lines.empty() ? 1 : m_lines.size(); }
+
+    void Add(std::size_t line, std::string what, Loss loss = Loss::none,
+             std::string_view text = {});
+
+    enum class Letters { kept, converted };
+    // Looks at the letters of a text that programs show.
+    void LookAtLetters(std::size_t line, std::string_view text, Letters letters);
+    // What becomes of a word that is longer than programs' buffers.
+    void LookAtLength(std::size_t line, char const* what, std::string_view text);
+    // What is to be said of all these lines, said once, at the first; nothing without any.
+    void AddOnce(std::vector<TextLine const*> const& lines, std::string what,
+                 Loss loss = Loss::none);
+    // The lines from an index on, which are not read.
+    void AddUnread(std::size_t first, char const* why);
+
+    // The records of a file that a line "*" ends: where one cannot be read, programs may stop.
+    void LookAtRecords(void (*look)(LineChecker&, TextLine const&, std::vector<Word> const&));
+
+    // In the order of the lines.
+    std::vector<Finding> Take();
+
+  private:
+    void LookAtEncoding(std::string_view content);
+    void LookAtControls(TextLine const& line);
+    void LookBeyondEnd(std::string_view content);
+
+    std::vector<TextLine> m_lines;
+    std::vector<Finding> m_findings;
+};
+
+} // namespace kvarn

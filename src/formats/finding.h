@@ -1,0 +1,25 @@
+// What is found wrong with a file, and what of it is lost when the file is written.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace kvarn {
+
+// What becomes of that part of the file when the library rewrites it.
+enum class Loss {
+    none,   // it is kept
+    line,   // it is not read, and gone then
+    header, // the same, but the tool puts it back
+    blank   // a blank line, gone then and not worth a name
+};
+
+// A place in a file and what is to be said of it.
+struct Finding {
+    std::size_t line; // counted from 1
+    std::string what; // in UTF-8
+    Loss loss = Loss::none;
+    std::string text{}; // what stands there, in code page 1252
+};
+
+} // namespace kvarn

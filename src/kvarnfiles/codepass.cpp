@@ -1,0 +1,140 @@
+#include "codepass.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <variant>
+
+#include "../files/pathparts.h"
+#include "cannotopen.h"
+
+namespace kvarn {
+
+class PassFil {
+  public:
+    template <class Way>
+    PassFil(PassKind kind, std::in_place_type_t<Way> way, char const* path)
+        : m_kind(kind), m_path(path), m_file(way, path) {}
+
+    PassKind Kind() const { return m_kind; }
+    std::string const& Path() const { return m_path; }
+    // The file, where it goes that way: TextReader or TextWriter.
+    template <class Way> Way* As() { return std::get_if<Way>(&m_file); }
+    bool IsClosed() const { return std::holds_alternative<std::monostate>(m_file); }
+
+    bool Close() {
+        auto* const writer = As<TextWriter>();
+        bool const written = writer == nullptr || writer->Close();
+        m_file.emplace<std::monostate>();
+        return written;
+    }
+
+    void AddHolder() { ++m_holders; }
+    // True when it was the last.
+    bool RemoveHolder() { return --m_holders == 0; }
+
+  private:
+    PassKind m_kind;
+    std::string m_path;
+    std::variant<std::monostate, TextReader, TextWriter> m_file;
+    int m_holders = 1;
+};
+
+namespace {
+
+// Null where the file cannot be opened that way.
+template <class Way> PassFil* Opened(PassKind kind, char const* path) {
+    auto pass = std::make_unique<PassFil>(kind, std::in_place_type<Way>, path);
+    return pass->template As<Way>()->IsOpen() ? pass.release() : nullptr;
+}
+
+} // namespace
+
+PassFil* Share(PassFil* pass) {
+    if (pass != nullptr) {
+        pass->AddHolder();
+    }
+    return pass;
+}
+
+void Release(PassFil*& pass) {
+    // What is still open stays so: a client may have copied the object and hold its file on.
+    if (pass != nullptr && pass->RemoveHolder() && pass->IsClosed()) {
+        delete pass;
+    }
+    pass = nullptr;
+}
+
+bool ClosePass(PassFil*& pass) {
+    bool const written = pass == nullptr || pass->Close();
+    Release(pass);
+    return written;
+}
+
+void ClosePassOn(PassFil*& pass, char const* path) {
+    if (pass != nullptr && SamePath(pass->Path(), path)) {
+        ClosePass(pass);
+    }
+}
+
+ReadPass::ReadPass(PassFil*& pass, PassKind kind) : m_pass(pass), m_kind(kind) {
+    bool const ended = pass != nullptr && pass->IsClosed(); // by another holder
+    bool const another =
+        pass != nullptr && pass->As<TextReader>() != nullptr && pass->Kind() != kind;
+    if (ended || another) {
+        ClosePass(pass);
+    }
+}
+
+bool ReadPass::Open(char const* path, char const* caption) {
+    if (*path == '\0') {
+        return true;
+    }
+    m_pass = Opened<TextReader>(m_kind, path);
+    if (m_pass == nullptr) {
+        CannotRead(path, caption);
+    }
+    return m_pass != nullptr;
+}
+
+TextReader* ReadPass::File() {
+    return m_pass != nullptr && m_pass->Kind() == m_kind ? m_pass->As<TextReader>() : nullptr;
+}
+
+bool ReadPass::NextLine(std::string_view& line) {
+    TextReader* const file = File();
+    bool const found = file != nullptr && file->ReadLine(line) && !IsStarLine(line);
+    if (!found) {
+        End();
+    }
+    return found;
+}
+
+void ReadPass::End() {
+    if (File() != nullptr) {
+        ClosePass(m_pass);
+    }
+}
+
+bool WritePass::Begin(char const* path) {
+    ClosePass(m_pass);
+    if (*path == '\0') {
+        return true;
+    }
+    m_pass = Opened<TextWriter>(m_kind, path);
+    return m_pass != nullptr;
+}
+
+bool WritePass::IsUnderWay() const {
+    return m_pass != nullptr && m_pass->Kind() == m_kind && m_pass->As<TextWriter>() != nullptr;
+}
+
+bool WritePass::Write(std::string_view lines) {
+    return IsUnderWay() && m_pass->As<TextWriter>()->Write(lines);
+}
+
+bool WritePass::End() {
+    return IsUnderWay() && ClosePass(m_pass);
+}
+
+} // namespace kvarn

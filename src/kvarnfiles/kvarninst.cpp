@@ -1,0 +1,136 @@
+// CKvarnInst: the object itself and the keys of the settings files.
+#include <clocale>
+#include <cstring>
+
+#include "../compat/englishlocale.h"
+#include "../text/format.h"
+#include "../text/scan.h"
+#include "../text/text.h"
+#include "codepass.h"
+#include "defaults.h"
+#include "jb23write.h"
+#include "kvarninst.h"
+#include "kvarnpar.h"
+#include "parfile.h"
+
+namespace {
+
+constexpr int stenprogram = 1;
+
+bool Named(char const* file, char const* name) {
+    return kvarn::SameText(file, name);
+}
+
+bool DecimalIsPoint() {
+    return std::strcmp(std::localeconv()->decimal_point, ".") == 0;
+}
+
+} // namespace
+
+CKvarnInst::CKvarnInst() = default;
+
+CKvarnInst::CKvarnInst(CKvarnInst const& other)
+    : m_ini(other.m_ini), m_proj(other.m_proj), m_fil(kvarn::Share(other.m_fil)) {}
+
+CKvarnInst& CKvarnInst::operator=(CKvarnInst const& other) {
+    if (this != &other) {
+        kvarn::Release(m_fil);
+        m_ini = other.m_ini;
+        m_proj = other.m_proj;
+        m_fil = kvarn::Share(other.m_fil);
+    }
+    return *this;
+}
+
+CKvarnInst::~CKvarnInst() {
+    kvarn::Release(m_fil);
+}
+
+int CKvarnInst::Init(CAutoIni* ini, CProjPath* projekt) {
+    m_ini = ini;
+    m_proj = projekt;
+    return 0;
+}
+
+CAutoIni* CKvarnInst::AiniPtr() const {
+    return m_ini;
+}
+
+void CKvarnInst::GetAiniProjPath(CAutoIni** ini, CProjPath** projekt) const {
+    *ini = m_ini;
+    *projekt = m_proj;
+}
+
+CString CKvarnInst::Default(char const* file, CString key) {
+    for (kvarn::KeyDefault const& row : kvarn::DefaultsOf(file)) {
+        if (kvarn::SameText(row.nyckel, key.GetString())) {
+            return row.varde;
+        }
+    }
+    return {};
+}
+
+CString CKvarnInst::ReadKey(char const* file, CString key) {
+    CString value;
+    if (Named(file, CProjPath::KvarnParNamn)) {
+        value = kvarn::KvarnParFile(m_ini, m_proj).ReadKey(key.GetString());
+    } else if (Named(file, CProjPath::StenParNamn)) {
+        value = kvarn::StenParFile(m_ini, m_proj).ReadKey(key.GetString());
+    } else if (Named(file, CProjPath::Jb23ParNamn)) {
+        value = Jb23ReadKey(key);
+    }
+    return value.IsEmpty() ? Default(file, key) : value;
+}
+
+CString CKvarnInst::ReadKey(char const* file, char const* key) {
+    return ReadKey(file, CString(key));
+}
+
+int CKvarnInst::ReadKeyInt(char const* file, char const* key, int defaultOnly) {
+    constexpr int noNumber = -9;
+    constexpr int unlimited = -1;
+    CString const text = defaultOnly != 0 ? Default(file, key) : ReadKey(file, key);
+    if (kvarn::SameText(text.GetString(), "MAX")) {
+        return unlimited;
+    }
+    std::int32_t value = 0;
+    return kvarn::Scan(text.GetString(), value) == 1 ? value : noNumber;
+}
+
+double CKvarnInst::ReadKeyDouble(char const* file, char const* key, int defaultOnly) {
+    constexpr double noNumber = -9.0;
+    CString const text = defaultOnly != 0 ? Default(file, key) : ReadKey(file, key);
+    double value = 0.0;
+    return kvarn::Scan(text.GetString(), value) == 1 ? value : noNumber;
+}
+
+int CKvarnInst::WriteKey(char const* file, CString key, CString value) {
+    if (Named(file, CProjPath::KvarnParNamn)) {
+        return CKvarnPAR(m_ini, m_proj).WriteKey(key, value);
+    }
+    if (Named(file, CProjPath::StenParNamn)) {
+        return CKvarnPAR(m_ini, m_proj, stenprogram).WriteKey(key, value);
+    }
+    if (Named(file, CProjPath::Jb23ParNamn)) {
+        return kvarn::WriteJb23(m_proj, m_ini, key.GetString(), value.GetString());
+    }
+    return 0;
+}
+
+int CKvarnInst::WriteKey(char const* file, CString key, int value) {
+    constexpr int unlimited = -1;
+    bool const max = value == unlimited && key.Find("SKALA") >= 0;
+    return WriteKey(file, key, max ? CString("MAX") : CString(kvarn::Format("%d", value).c_str()));
+}
+
+int CKvarnInst::WriteKey(char const* file, CString key, double value, int decimals) {
+    return WriteKey(file, key, CString(kvarn::Format("%.*lf", decimals, value).c_str()));
+}
+
+int CKvarnInst::LocaleCheckAndFix() {
+    if (DecimalIsPoint()) {
+        return 0;
+    }
+    std::setlocale(LC_NUMERIC, kvarn::englishLocale);
+    return DecimalIsPoint() ? 0 : -1;
+}

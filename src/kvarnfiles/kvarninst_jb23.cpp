@@ -1,0 +1,59 @@
+#include "../files/filerewrite.h"
+#include "../files/pathparts.h"
+#include "../files/textfil.h"
+#include "../formats/jb23.h"
+#include "../project/sokordning.h"
+#include "../text/codepage.h"
+#include "cannotopen.h"
+#include "jb23write.h"
+#include "kvarninst.h"
+
+namespace {
+
+// A new file is made for all projects.
+CString PathToWrite(CProjPath const* projekt, CAutoIni const* ini) {
+    CString path = kvarn::ForstFunna(projekt, ini, CProjPath::Jb23ParNamn);
+    if (path.IsEmpty() && ini != nullptr && !ini->m_cfgKat.IsEmpty()) {
+        path = kvarn::PathOf(ini->m_cfgKat.GetString(), CProjPath::Jb23ParNamn).c_str();
+    }
+    return path;
+}
+
+} // namespace
+
+int kvarn::WriteJb23(CProjPath const* projekt, CAutoIni const* ini, char const* nyckel,
+                     char const* varde) {
+    ScalePlace const place(nyckel);
+    CString const path = PathToWrite(projekt, ini);
+    if (path.IsEmpty()) {
+        return 0;
+    }
+    std::string text;
+    { // closed again before it is replaced
+        TextReader file(path);
+        text = file.IsOpen() ? WithScale(file, place, varde) : NewScales(place, varde);
+        if (file.Failed() || (!file.IsOpen() && !file.Missing())) {
+            return -1;
+        }
+    }
+    RewriteFile(path, text, TemporaryOf(path.GetString()).c_str());
+    return 0;
+}
+
+CString CKvarnInst::Jb23ReadKey(CString key) {
+    CString const path = kvarn::ForstFunna(m_proj, m_ini, CProjPath::Jb23ParNamn);
+    if (path.IsEmpty()) {
+        return {};
+    }
+    kvarn::TextReader file(path);
+    if (!file.IsOpen()) {
+        kvarn::CannotRead(path, "Läsning av Kvarnbok - jb2/3 inställningar"_1252);
+        return {};
+    }
+    return kvarn::ScaleAt(file, kvarn::ScalePlace(key.GetString())).c_str();
+}
+
+CString CKvarnInst::Jb23WriteKey(CString key, CString value) {
+    kvarn::WriteJb23(m_proj, m_ini, key.GetString(), value.GetString());
+    return value;
+}

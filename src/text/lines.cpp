@@ -1,0 +1,113 @@
+#include "lines.h"
+
+#include <algorithm>
+#include <new>
+
+#include "text.h"
+
+namespace kvarn {
+
+bool LineReader::More() {
+    if (m_window.empty() && !m_whole && !m_failed) {
+        m_window = Refill();
+    }
+    return !m_window.empty();
+}
+
+// A text that is too long for the memory is one that cannot be read.
+bool LineReader::Keep(std::string& text, std::string_view part) {
+    try {
+        text.append(part);
+    } catch (std::bad_alloc const&) {
+        m_failed = true;
+        m_window = {};
+    }
+    return !m_failed;
+}
+
+// The next line up to its LF, or the last one without; the CR before the LF is taken off.
+bool LineReader::RawLine(std::string_view& line) {
+    m_long.clear();
+    m_lineEnd = false;
+    while (More()) {
+        std::size_t const feed = m_window.find('\n');
+        std::string_view const part = m_window.substr(0, feed);
+        m_lineEnd = feed != std::string_view::npos;
+        bool const complete = m_lineEnd || m_whole;
+        if ((!complete || !m_long.empty()) && !Keep(m_long, part)) {
+            break;
+        }
+        m_window.remove_prefix(m_lineEnd ? feed + 1 : m_window.size());
+        if (complete) {
+            line = m_long.empty() ? part : m_long;
+            line.remove_suffix(m_lineEnd && line.ends_with('\r') ? 1 : 0);
+            return true;
+        }
+    }
+    line = m_long;
+    return !m_long.empty() && !m_failed;
+}
+
+bool LineReader::ReadLine(std::string_view& line) {
+    if (m_more) { // the rest of a line that the other form began
+        line = m_rest;
+        m_more = false;
+        return true;
+    }
+    if (!RawLine(line)) {
+        return false;
+    }
+    ++m_number;
+    std::size_t const zero = line.find('\0');
+    bool const cut = zero != std::string_view::npos;
+    m_afterZero = cut ? std::optional(line.substr(zero + 1)) : std::nullopt;
+    line = line.substr(0, zero);
+    return true;
+}
+
+bool LineReader::ReadLine(char* line, std::size_t size) {
+    if (!m_more && !ReadLine(m_rest)) {
+        return false;
+    }
+    std::size_t const room = size - 1;
+    bool const endFits = m_rest.size() < room;
+    CopyText(line, size, m_rest);
+    m_rest.remove_prefix(std::min(m_rest.size(), room));
+    m_more = !m_rest.empty() || (m_lineEnd && !endFits);
+    return true;
+}
+
+bool LineReader::ReadRest(std::string& text) {
+    while (More() && Keep(text, m_window)) {
+        m_window = {};
+    }
+    return !m_failed;
+}
+
+bool SkipStarLines(LineReader& reader, int count) {
+    std::string_view line;
+    while (count > 0 && reader.ReadLine(line)) {
+        count -= IsStarLine(line) ? 1 : 0;
+    }
+    return count == 0;
+}
+
+void AppendTextMode(std::string& out, std::string_view text) {
+    while (true) {
+        std::size_t const feed = text.find('\n');
+        out.append(text.substr(0, feed));
+        if (feed == std::string_view::npos) {
+            return;
+        }
+        out.append("\r\n");
+        text.remove_prefix(feed + 1);
+    }
+}
+
+std::string InTextMode(std::string_view text) {
+    std::string out;
+    AppendTextMode(out, text);
+    return out;
+}
+
+} // namespace kvarn
