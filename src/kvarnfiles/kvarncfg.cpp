@@ -1,17 +1,15 @@
 #include "kvarncfg.h"
 
 #include "../core/messageout.h"
-#include "../files/pathparts.h"
-#include "../project/projpath.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
 #include "keyrecords.h"
+#include "parfile.h"
 
 template class KVARNPROG_LIST_DEFINE list0<cfgtype>;
 
 CKvarnCFG::CKvarnCFG(CAutoIni* ini) {
-    std::string_view const folder = kvarn::FolderOf(ini->m_iniFil.GetString());
-    Init("Kvarnbok", kvarn::PathOf(folder, CProjPath::KvarnCfgNamn).c_str());
+    Init("Kvarnbok", kvarn::KvarnCfgPath(*ini));
 }
 
 CKvarnCFG::CKvarnCFG(char const* program, char const* path) {

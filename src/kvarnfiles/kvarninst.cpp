@@ -73,9 +73,9 @@ CString CKvarnInst::Default(char const* file, CString key) {
 CString CKvarnInst::ReadKey(char const* file, CString key) {
     CString value;
     if (Named(file, CProjPath::KvarnParNamn)) {
-        value = kvarn::KvarnParFile(m_ini, m_proj).ReadKey(key.GetString());
+        value = kvarn::kvarnPar.InForce(m_ini, m_proj).ReadKey(key.GetString());
     } else if (Named(file, CProjPath::StenParNamn)) {
-        value = kvarn::StenParFile(m_ini, m_proj).ReadKey(key.GetString());
+        value = kvarn::stenPar.InForce(m_ini, m_proj).ReadKey(key.GetString());
     } else if (Named(file, CProjPath::Jb23ParNamn)) {
         value = Jb23ReadKey(key);
     }

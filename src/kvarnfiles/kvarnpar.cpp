@@ -1,6 +1,7 @@
 #include "kvarnpar.h"
 
 #include "../core/messageout.h"
+#include "../project/sokordning.h"
 #include "../text/format.h"
 #include "keyrecords.h"
 #include "parfile.h"
@@ -8,14 +9,16 @@
 template class KVARNPROG_LIST_DEFINE list0<partype>;
 
 CKvarnPAR::CKvarnPAR(CAutoIni* ini, CProjPath* projekt) {
-    Take(kvarn::KvarnParFile(ini, projekt));
+    kvarn::ParKind const& kind = kvarn::kvarnPar;
+    Las(kind.OwnFile(projekt), ini, *kind.name, kind.program);
 }
 
 CKvarnPAR::CKvarnPAR(CAutoIni* ini, CProjPath* projekt, int program) {
     constexpr int ritprogram = 0;
     constexpr int stenprogram = 1;
     if (program == stenprogram) {
-        Take(kvarn::StenParFile(ini, projekt));
+        kvarn::ParKind const& kind = kvarn::stenPar;
+        Las(kind.OwnFile(projekt), ini, *kind.name, kind.program);
     } else if (program == ritprogram) {
         CKvarnPAR const readAndForgotten(ini, projekt);
     }
@@ -23,7 +26,9 @@ CKvarnPAR::CKvarnPAR(CAutoIni* ini, CProjPath* projekt, int program) {
 
 CKvarnPAR::~CKvarnPAR() = default;
 
-void CKvarnPAR::Take(kvarn::ParFile const& file) {
+void CKvarnPAR::Las(CString const& projektfil, CAutoIni const* ini, char const* namn,
+                    char const* program) {
+    kvarn::ParFile const file = {kvarn::ForstFunna(projektfil, ini, namn), program};
     m_filnamn = file.path;
     kvarn::KeyFileRead const result = kvarn::ReadKeyFile(*this, m_filnamn);
     m_incomplete = result != kvarn::KeyFileRead::whole;

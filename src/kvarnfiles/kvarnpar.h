@@ -8,10 +8,6 @@
 #include "../project/projpath.h"
 #include "../settings/autoini.h"
 
-namespace kvarn {
-struct ParFile;
-}
-
 struct partype {
     char nyckel[40]; // left of the first "=", at most 39 characters
     char varde[260]; // right of it
@@ -58,7 +54,7 @@ class KVARNPROG_API CKvarnPAR : public list0<partype> {
     CStdioFile m_fil;  // never open between calls
 
   private:
-    void Take(kvarn::ParFile const& file);
+    void Las(CString const& projektfil, CAutoIni const* ini, char const* namn, char const* program);
 
     bool m_incomplete = false; // the file exists but was not read to its end
 };

@@ -1,5 +1,6 @@
 #include "parfile.h"
 
+#include "../files/pathparts.h"
 #include "../files/textfil.h"
 #include "../formats/keyfile.h"
 #include "../project/sokordning.h"
@@ -26,16 +27,16 @@ CString ParFile::ReadKey(std::string_view key) const {
     return value.c_str();
 }
 
-ParFile KvarnParFile(CAutoIni const* ini, CProjPath const* projekt) {
-    return {ForstFunna(projekt != nullptr ? projekt->m_kvarnPar : CString(), ini,
-                       CProjPath::KvarnParNamn),
-            "Kvarnbok"};
+CString ParKind::OwnFile(CProjPath const* projekt) const {
+    return projekt != nullptr ? projekt->*own : CString();
 }
 
-ParFile StenParFile(CAutoIni const* ini, CProjPath const* projekt) {
-    return {ForstFunna(projekt != nullptr ? projekt->m_stenPar : CString(), ini,
-                       CProjPath::StenParNamn),
-            "Klippbok"};
+ParFile ParKind::InForce(CAutoIni const* ini, CProjPath const* projekt) const {
+    return {ForstFunna(OwnFile(projekt), ini, *name), program};
+}
+
+CString KvarnCfgPath(CAutoIni const& ini) {
+    return PathOf(FolderOf(ini.m_iniFil.GetString()), CProjPath::KvarnCfgNamn).c_str();
 }
 
 } // namespace kvarn

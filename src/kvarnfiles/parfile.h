@@ -1,4 +1,4 @@
-// The two parameter files: where each is found, and one key of it without its list.
+// The key files: where each is found, and one key of it without its list.
 #pragma once
 
 #include <string_view>
@@ -18,8 +18,21 @@ struct ParFile {
     CString ReadKey(std::string_view key) const;
 };
 
-// Of the drawing program, and of the rock-drilling program. Either pointer may be null.
-ParFile KvarnParFile(CAutoIni const* ini, CProjPath const* projekt);
-ParFile StenParFile(CAutoIni const* ini, CProjPath const* projekt);
+// One of the parameter files.
+struct ParKind {
+    CString CProjPath::*own; // a project's own
+    char* const* name;
+    char const* program;
+
+    CString OwnFile(CProjPath const* projekt) const;
+    // Either pointer may be null.
+    ParFile InForce(CAutoIni const* ini, CProjPath const* projekt) const;
+};
+inline constexpr ParKind kvarnPar = {&CProjPath::m_kvarnPar, &CProjPath::KvarnParNamn, "Kvarnbok"};
+inline constexpr ParKind stenPar = {&CProjPath::m_stenPar, &CProjPath::StenParNamn, "Klippbok"};
+
+// The drawing program's configuration file, beside the settings object's INI file; there need be
+// none.
+CString KvarnCfgPath(CAutoIni const& ini);
 
 } // namespace kvarn

@@ -72,7 +72,7 @@ Losses CodeFile::Replace(std::string const& content) const {
     if (!kvarn::OpensForWriting(m_path.c_str())) {
         throw Failure(NotWritten(m_path));
     }
-    KeepWhatIsLost(m_path, m_content, losses);
+    KeepWhatIsLost(m_path, losses);
     if (kvarn::RewriteFile(m_path.c_str(), content) != kvarn::Rewritten::done) {
         throw Failure(NotWritten(m_path));
     }

@@ -10,7 +10,6 @@
 #include "../shared/backup.h"
 #include "../shared/copies.h"
 #include "../shared/output.h"
-#include "../shared/platform.h"
 
 namespace kvarnio {
 namespace {
@@ -138,7 +137,7 @@ Outcome Created(Context const& context, Before const& before, bool overwrite) {
     if (!source && !IsMade(before.file)) {
         return {before.path, "none", ""};
     }
-    bool const same = !source || ContentOf(HostPath(from)) == ContentOf(HostPath(before.path));
+    bool const same = !source || ReadWhole(from) == ReadIfThere(before.path);
     if (!Exists(before.path) || !same) {
         return {before.path, "failed", from};
     }

@@ -43,7 +43,7 @@ Json ValueAs(SettingsFile const& file, Entry const& entry, As kind) {
         throw Failure(NoNumber(file, entry, "a number"));
     case As::text:
     default:
-        return kvarn::ToUtf8(file.Text(entry));
+        return kvarn::ToUtf8(entry.value);
     }
 }
 

@@ -11,7 +11,6 @@
 #include "../shared/backup.h"
 #include "../shared/copies.h"
 #include "../shared/failure.h"
-#include "../shared/platform.h"
 #include "setreport.h"
 
 namespace kvarnio {
@@ -88,9 +87,9 @@ void RequireAllowed(SettingsFile const& file, std::string const& typed, std::str
     }
 }
 
-void FillScales(SettingsFile const& file, std::string const& key, std::string_view content) {
-    std::size_t const lines = kvarn::LinesOf(content).size();
-    std::size_t const added = file.FillScales(key, lines);
+void FillScales(SettingsFile const& file, std::string const& key) {
+    int const lines = file.LineCount();
+    int const added = file.FillScales(key);
     if (lines > 0 && added > 0) {
         std::cerr << "kvarnio: the file had " << lines << " of eleven lines; " << added
                   << " with the defaults come first\n";
@@ -107,11 +106,10 @@ ExitStatus Set(Context& context, SetArguments const& arguments) {
     auto const was = before.Find(typedKey);
     std::string const key = was ? was->key : typedKey;
 
-    std::string const content = before.Path().empty() ? "" : ContentOf(HostPath(before.Path()));
-    Losses const losses = LossesOf(before.Check(content, key));
-    KeepWhatIsLost(before.Path(), content, losses);
+    Losses const losses = LossesOf(before.Check(key));
+    KeepWhatIsLost(before.Path(), losses);
     if (before.IsJb23()) {
-        FillScales(before, key, content);
+        FillScales(before, key);
     }
     if (before.Write(key, value) != 0) {
         throw Failure(NotWritten(before.Path()));

@@ -3,14 +3,16 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <cstdlib>
 
 #include <formats/checks/checks.h>
+#include <formats/checks/linechecker.h>
 #include <formats/jb23.h>
+#include <kvarnfiles/parfile.h>
 #include <text/codepage.h>
+#include <text/scan.h>
 
+#include "../shared/backup.h"
 #include "../shared/copies.h"
-#include "../shared/messages.h"
 
 namespace kvarnio {
 namespace {
@@ -64,50 +66,45 @@ SettingsFile::SettingsFile(Context& context, std::string const& name) : m_contex
     }
     m_name = *found;
 
+    Locate();
+    m_content = ReadIfThere(m_path);
+    m_records = IsJb23() ? ScaleRecords() : KeyRecords();
+}
+
+void SettingsFile::Locate() {
+    CAutoIni const& ini = m_context->ini;
+    m_standard = kvarn::DefaultsOf(m_name);
     if (m_name == CProjPath::KvarnParNamn) {
-        CKvarnPAR par(&context.ini, &context.project);
-        m_path = par.GetParFilNamn();
-        m_records = Records(par);
-        m_standard = kvarn::kvarnDefaults;
+        m_path = kvarn::kvarnPar.InForce(&ini, &m_context->project).path;
     } else if (m_name == CProjPath::StenParNamn) {
-        constexpr int rockDrilling = 1;
-        CKvarnPAR par(&context.ini, &context.project, rockDrilling);
-        m_path = par.GetParFilNamn();
-        m_records = Records(par);
-        m_standard = kvarn::stenDefaults;
+        m_path = kvarn::stenPar.InForce(&ini, &m_context->project).path;
     } else if (IsJb23()) {
-        m_standard = kvarn::jb23Defaults;
-        m_path = InForce(context, m_name).value_or(Copy{}).path;
-        m_records = ScaleRecords();
-    } else if (context.ini.m_iniFil.ReverseFind('\\') >= 0) {
+        m_path = InForce(*m_context, m_name).value_or(Copy{}).path;
+    } else if (ini.m_iniFil.ReverseFind('\\') >= 0) {
         // It lies beside Markvida.ini; without one the library would look in the drive's root.
-        CKvarnCFG cfg(&context.ini);
-        m_path = cfg.m_filnamn;
-        m_records = Records(cfg);
-    }
-    if (MessageWasShown()) {
-        throw Failure(m_name + " cannot be read");
+        m_path = kvarn::KvarnCfgPath(ini);
     }
 }
 
-template <class List> std::vector<SettingsFile::Record> SettingsFile::Records(List& list) {
+std::vector<SettingsFile::Record> SettingsFile::KeyRecords() const {
     std::vector<Record> records;
-    for (bool more = list.Home() == 0; more; more = list++ != nullptr) {
-        records.push_back({list.Get_aktel()->nyckel, list.Get_aktel()->varde});
+    kvarn::LineReader lines(m_content);
+    for (std::string_view text; lines.ReadLine(text);) {
+        kvarn::KeyLine const line(text);
+        if (line.MakesRecord()) {
+            records.push_back({std::string(line.key), std::string(line.value)});
+        }
     }
     return records;
 }
 
-// The words that stand in the file of the scales.
 std::vector<SettingsFile::Record> SettingsFile::ScaleRecords() const {
     std::vector<Record> records;
     for (kvarn::KeyDefault const& row : m_standard) {
-        CString const word = m_context->settings.Jb23ReadKey(row.nyckel);
-        if (MessageWasShown()) {
-            throw Failure(m_name + " cannot be read");
-        }
-        if (!word.IsEmpty()) {
-            records.push_back({row.nyckel, word.GetString()});
+        kvarn::LineReader lines(m_content);
+        std::string word = kvarn::ScaleAt(lines, kvarn::ScalePlace(row.nyckel));
+        if (!word.empty()) {
+            records.push_back({row.nyckel, std::move(word)});
         }
     }
     return records;
@@ -163,40 +160,27 @@ std::vector<Entry> SettingsFile::Entries() const {
     return entries;
 }
 
-std::string SettingsFile::Text(Entry const& entry) const {
-    return IsCfg() ? entry.value
-                   : m_context->settings.ReadKey(m_name.c_str(), entry.key.c_str()).GetString();
+std::vector<Finding> SettingsFile::Check(std::string const& key) const {
+    return IsJb23() ? kvarn::CheckJb23(m_content, kvarn::ScalePlace(Standard(key)->nyckel).line)
+                    : kvarn::CheckKeys(m_content, m_standard, key);
 }
 
-std::size_t SettingsFile::ScaleLine(std::string const& key) const {
-    constexpr std::size_t columns = 2;
-    return static_cast<std::size_t>(Standard(key) - m_standard.data()) / columns + 1;
-}
-
-std::vector<Finding> SettingsFile::Check(std::string_view content, std::string const& key) const {
-    return IsJb23() ? kvarn::CheckJb23(content, kvarn::ScalePlace(Standard(key)->nyckel).line)
-                    : kvarn::CheckKeys(content, m_standard, key);
+int SettingsFile::LineCount() const {
+    return static_cast<int>(kvarn::LinesOf(m_content).size());
 }
 
 std::optional<int> SettingsFile::Int(Entry const& entry) const {
-    constexpr int base = 10;
-    char* end = nullptr;
-    long const number = std::strtol(entry.value.c_str(), &end, base);
-    if (end == entry.value.c_str() && (IsCfg() || !Same(entry.value, "MAX"))) {
+    std::int32_t number = 0;
+    bool const isNumber = kvarn::Scan(entry.value, number) == 1;
+    if (!isNumber && (IsCfg() || !Same(entry.value, "MAX"))) {
         return std::nullopt;
     }
-    return IsCfg() ? static_cast<int>(std::clamp<long>(number, INT32_MIN, INT32_MAX))
-                   : m_context->settings.ReadKeyInt(m_name.c_str(), entry.key.c_str(), 0);
+    return IsCfg() ? number : m_context->settings.ReadKeyInt(m_name.c_str(), entry.key.c_str(), 0);
 }
 
 std::optional<double> SettingsFile::Double(Entry const& entry) const {
-    char* end = nullptr;
-    double const number = std::strtod(entry.value.c_str(), &end);
-    if (end == entry.value.c_str()) {
-        return std::nullopt;
-    }
-    return IsCfg() ? number
-                   : m_context->settings.ReadKeyDouble(m_name.c_str(), entry.key.c_str(), 0);
+    double number = 0;
+    return kvarn::Scan(entry.value, number) == 1 ? std::optional(number) : std::nullopt;
 }
 
 int SettingsFile::Write(std::string const& key, NewValue const& value) const {
@@ -225,22 +209,18 @@ int SettingsFile::WriteThroughFacade(std::string const& key, NewValue const& val
                              CString(std::get<std::string>(value).c_str()));
 }
 
-std::size_t SettingsFile::FillScales(std::string const& key, std::size_t lines) const {
-    constexpr std::size_t columns = 2;
-    std::size_t const line = ScaleLine(key);
-    auto const write = [this](kvarn::KeyDefault const& row) {
-        if (Write(row.nyckel, std::string(row.varde)) != 0) {
+int SettingsFile::FillScales(std::string const& key) const {
+    int const lines = LineCount();
+    int const line = kvarn::ScalePlace(Standard(key)->nyckel).line;
+    for (kvarn::KeyDefault const& row : m_standard) {
+        kvarn::ScalePlace const place(row.nyckel);
+        bool const missing = place.line > lines && place.line <= line;
+        bool const alone = place.line == line && !place.isStep && Stored(row.nyckel) == nullptr;
+        if ((missing || alone) && Write(row.nyckel, std::string(row.varde)) != 0) {
             throw Failure(std::string(row.nyckel) + " could not be written to " + m_name);
         }
-    };
-    for (std::size_t i = lines * columns; i < line * columns; ++i) {
-        write(m_standard[i]);
     }
-    kvarn::KeyDefault const& scale = m_standard[(line - 1) * columns];
-    if (m_context->settings.Jb23ReadKey(scale.nyckel).IsEmpty()) {
-        write(scale);
-    }
-    return line > lines ? line - lines : 0;
+    return std::max(line - lines, 0);
 }
 
 std::string NoCfg() {

@@ -52,14 +52,13 @@ class SettingsFile {
     std::optional<Entry> Find(std::string const& key) const;
     // Every key: those with a default first, then the others that stand in the file.
     std::vector<Entry> Entries() const;
-    // The value as programs read it through the library.
-    std::string Text(Entry const& entry) const;
     // -1 for "MAX"; nothing when the value does not begin with a number.
     std::optional<int> Int(Entry const& entry) const;
     std::optional<double> Double(Entry const& entry) const;
 
-    // What is wrong with the file, when it has this content and the key is about to be written.
-    std::vector<Finding> Check(std::string_view content, std::string const& key) const;
+    // What is wrong with the file when the key is about to be written.
+    std::vector<Finding> Check(std::string const& key) const;
+    int LineCount() const;
 
     // Writes the key into the file, as the library does, with its result; -1 too where it is seen
     // not to stand there afterwards.
@@ -69,15 +68,15 @@ class SettingsFile {
     // line after the last, whichever it is, and takes a step alone for a scale: FillScales first
     // writes the defaults of what is missing up to the key's line. Returns how many lines the file
     // got. Throws Failure.
-    std::size_t ScaleLine(std::string const& key) const;
-    std::size_t FillScales(std::string const& key, std::size_t lines) const;
+    int FillScales(std::string const& key) const;
 
   private:
     struct Record {
         std::string key;
         std::string value;
     };
-    template <class List> static std::vector<Record> Records(List& list);
+    void Locate();
+    std::vector<Record> KeyRecords() const;
     std::vector<Record> ScaleRecords() const;
     int WriteThroughFacade(std::string const& key, NewValue const& value) const;
     Record const* Stored(std::string const& key) const;
@@ -86,6 +85,7 @@ class SettingsFile {
     Context* m_context;
     std::string m_name;
     std::string m_path;
+    std::string m_content;
     std::span<kvarn::KeyDefault const> m_standard;
     std::vector<Record> m_records; // of each line that is read, in their order
 };

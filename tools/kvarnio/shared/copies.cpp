@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include <files/existence.h>
 #include <files/pathparts.h>
 
 #include "output.h"
@@ -47,8 +48,7 @@ std::string Folders(Context const& context) {
 }
 
 bool Exists(std::string const& path) {
-    std::error_code unreachable;
-    return std::filesystem::exists(HostPath(path), unreachable);
+    return kvarn::FileExists(path.c_str());
 }
 
 bool IsFolder(std::string const& path) {

@@ -6,7 +6,6 @@
 
 #include "backup.h"
 #include "failure.h"
-#include "platform.h"
 
 namespace kvarnio {
 namespace {
@@ -28,8 +27,8 @@ Losses LossesOf(std::vector<Finding> const& findings) {
     return losses;
 }
 
-void KeepWhatIsLost(std::string const& path, std::string_view content, Losses const& losses) {
-    if (!losses.None() && !KeepCopy(HostPath(path), content)) {
+void KeepWhatIsLost(std::string const& path, Losses const& losses) {
+    if (!losses.None() && !KeepCopy(path)) {
         throw Failure("nothing was written: lines would be dropped, and " + Shown(path) +
                       backupSuffix + ", which would keep them, cannot be made");
     }

@@ -20,9 +20,9 @@ struct Losses {
 // Those of the findings that this tool does not put back.
 Losses LossesOf(std::vector<Finding> const& findings);
 
-// Keeps a copy of the file, with this content, where something will be lost. Throws Failure when
-// that cannot be done. Paths are the library's, here and below.
-void KeepWhatIsLost(std::string const& path, std::string_view content, Losses const& losses);
+// Keeps a copy of the file where something will be lost. Throws Failure when that cannot be done.
+// Paths are the library's, here and below.
+void KeepWhatIsLost(std::string const& path, Losses const& losses);
 
 // Each on standard error, and where the old file is.
 void PrintLosses(std::string const& path, Losses const& losses);

@@ -11,8 +11,6 @@
 #include <shellapi.h>
 #else
 #include <compat/win32/paths.h>
-#include <fcntl.h>
-#include <unistd.h>
 #endif
 
 #include "failure.h"
@@ -90,16 +88,6 @@ std::filesystem::path HostPath(std::string_view path) {
     return FromUtf8(kvarn::ToUtf8(path));
 }
 
-bool FlushToDisk(std::filesystem::path const& path) {
-    HANDLE const file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) {
-        return false;
-    }
-    bool const flushed = FlushFileBuffers(file) != FALSE;
-    return CloseHandle(file) != FALSE && flushed;
-}
-
 #else
 
 std::vector<std::string> Arguments(int argc, char** argv) {
@@ -129,15 +117,6 @@ std::filesystem::path UserPath(std::string const& typed) {
 
 std::filesystem::path HostPath(std::string_view path) {
     return kvarn::HostPath(path);
-}
-
-bool FlushToDisk(std::filesystem::path const& path) {
-    int const file = open(path.c_str(), O_WRONLY | O_CLOEXEC);
-    if (file < 0) {
-        return false;
-    }
-    bool const flushed = fsync(file) == 0;
-    return close(file) == 0 && flushed;
 }
 
 #endif

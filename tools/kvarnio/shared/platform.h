@@ -32,7 +32,4 @@ std::filesystem::path UserPath(std::string const& typed);
 // The host's path of a path of the library.
 std::filesystem::path HostPath(std::string_view path);
 
-// Flushes a file's content to the disk.
-bool FlushToDisk(std::filesystem::path const& path);
-
 } // namespace kvarnio

@@ -38,7 +38,7 @@ RoadFile::RoadFile(std::string const& typed) : m_path(LibraryPath(typed)) {
     }
     m_plan = Vertices(m_road.plan);
     m_profile = Vertices(m_road.profil);
-    m_lines = ReadRoadLines(ContentOf(HostPath(m_path)), !m_plan.empty());
+    m_lines = ReadRoadLines(ReadWhole(m_path), !m_plan.empty());
     if (m_lines.plan.size() != m_plan.size() || m_lines.profile.size() != m_profile.size()) {
         throw Failure(Shown(m_path) + " has changed while it was read");
     }
