@@ -5,7 +5,7 @@
 #include <span>
 
 #include "../files/textfil.h"
-#include "../project/sokordning.h"
+#include "../project/searchorder.h"
 #include "../text/format.h"
 #include "../text/scan.h"
 #include "../text/text.h"

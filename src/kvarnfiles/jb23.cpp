@@ -3,7 +3,7 @@
 #include "../files/filerewrite.h"
 #include "../files/pathparts.h"
 #include "../files/textfil.h"
-#include "../project/sokordning.h"
+#include "../project/searchorder.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
 #include "../text/scan.h"

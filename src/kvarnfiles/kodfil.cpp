@@ -4,7 +4,7 @@
 #include "../files/pathparts.h"
 #include "../files/wholefile.h"
 #include "../host/calls.h"
-#include "../project/sokordning.h"
+#include "../project/searchorder.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
 #include "../text/scan.h"

@@ -1,7 +1,7 @@
 #include "kvarnpar.h"
 
 #include "../core/messageout.h"
-#include "../project/sokordning.h"
+#include "../project/searchorder.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
 #include "nyckelfil.h"

@@ -1,7 +1,7 @@
 // CKvarnInst: the line codes, whose free text begins at a column.
 #include <algorithm>
 
-#include "../project/sokordning.h"
+#include "../project/searchorder.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
 #include "../text/letters.h"

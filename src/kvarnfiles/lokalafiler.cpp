@@ -6,7 +6,7 @@
 #include "../files/filerewrite.h"
 #include "../files/textfil.h"
 #include "../host/calls.h"
-#include "../project/sokordning.h"
+#include "../project/searchorder.h"
 #include "kvarninst.h"
 #include "passfil.h"
 

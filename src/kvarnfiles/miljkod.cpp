@@ -5,7 +5,7 @@
 
 #include "../core/messageout.h"
 #include "../files/filerewrite.h"
-#include "../project/sokordning.h"
+#include "../project/searchorder.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
 #include "../text/letters.h"

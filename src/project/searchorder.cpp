@@ -1,4 +1,4 @@
-#include "sokordning.h"
+#include "searchorder.h"
 
 #include "../files/existence.h"
 #include "../files/pathparts.h"
