@@ -76,7 +76,7 @@ std::string Nytt(Plats const& plats, std::string_view varde) {
 }
 
 CString Skrivplats(CProjPath const* projekt, CAutoIni const* ini) {
-    CString path = kvarn::ForstFunna(projekt, ini, CProjPath::Jb23ParNamn);
+    CString path = kvarn::FirstFound(projekt, ini, CProjPath::Jb23ParNamn);
     if (path.IsEmpty() && ini != nullptr && !ini->m_cfgKat.IsEmpty()) {
         path = kvarn::PathOf(ini->m_cfgKat.GetString(), CProjPath::Jb23ParNamn).c_str();
     }
@@ -106,7 +106,7 @@ int kvarn::SkrivJb23(CProjPath const* projekt, CAutoIni const* ini, char const* 
 
 CString CKvarnInst::Jb23ReadKey(CString key) {
     Plats const plats(key.GetString());
-    CString const path = kvarn::ForstFunna(m_proj, m_ini, CProjPath::Jb23ParNamn);
+    CString const path = kvarn::FirstFound(m_proj, m_ini, CProjPath::Jb23ParNamn);
     if (path.IsEmpty()) {
         return {};
     }

@@ -57,7 +57,7 @@ int CKvarnInst::KodfilDatRead(char* code, char* text) {
     kvarn::Laspass pass(m_fil, kvarn::Passlag::kodfil);
     std::string_view rad;
     if (pass.Ledig()) {
-        pass.Oppna(kvarn::ForstFunna(m_proj, m_ini, CProjPath::Kodfil),
+        pass.Oppna(kvarn::FirstFound(m_proj, m_ini, CProjPath::Kodfil),
                    "Läsning av Markvida - kodfil.dat inställningar"_1252);
         if (pass.Fil() != nullptr) {
             kvarn::SkipStarLines(*pass.Fil(), 1);
@@ -81,7 +81,7 @@ int CKvarnInst::KodfilDatWrite(int mode, char const* code, char const* text) {
     constexpr int sluta = 2;
     constexpr int borjaOchSluta = 3;
     kvarn::Skrivpass pass(m_fil, kvarn::Passlag::kodfil);
-    auto const path = [this] { return kvarn::ForstFunna(m_proj, m_ini, CProjPath::Kodfil); };
+    auto const path = [this] { return kvarn::FirstFound(m_proj, m_ini, CProjPath::Kodfil); };
     if (mode == borja || mode == borjaOchSluta) {
         kvarn::StangPass(m_fil); // before its file is looked for
         if (CString const fil = path(); !fil.IsEmpty()) {

@@ -29,7 +29,7 @@ CKvarnPAR::~CKvarnPAR() = default;
 
 void CKvarnPAR::Las(CString const& projektfil, CAutoIni const* ini, char const* namn,
                     char const* program) {
-    m_filnamn = kvarn::ForstFunna(projektfil, ini, namn);
+    m_filnamn = kvarn::FirstFound(projektfil, ini, namn);
     kvarn::Inlasning const resultat = kvarn::LasNyckelfil(*this, m_filnamn);
     m_ofullstandig = resultat != kvarn::Inlasning::hel;
     if (resultat == kvarn::Inlasning::gickEjAttOppna) {

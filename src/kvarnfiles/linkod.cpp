@@ -40,7 +40,7 @@ int Slagen(char* code) {
 
 int CKvarnInst::LinkodRead(char* code, char* word, char* text, double* number, int* integer) {
     kvarn::Laspass pass(m_fil, kvarn::Passlag::linkod);
-    if (pass.Ledig() && !pass.Oppna(kvarn::ForstFunna(m_proj, m_ini, CProjPath::Linkod),
+    if (pass.Ledig() && !pass.Oppna(kvarn::FirstFound(m_proj, m_ini, CProjPath::Linkod),
                                     "Läsning av Kvarnbok - Linkod.dat inställningar"_1252)) {
         return -1;
     }
@@ -74,7 +74,7 @@ int CKvarnInst::LinkodWrite(int mode, char const* a, char const* b, char const* 
     enum { borja = 1, vanligRad = 2, pvRad = 4, sluta = 5 };
     kvarn::Skrivpass pass(m_fil, kvarn::Passlag::linkod);
     if (mode == borja) {
-        CString const path = kvarn::ForstFunna(m_proj, m_ini, CProjPath::Linkod);
+        CString const path = kvarn::FirstFound(m_proj, m_ini, CProjPath::Linkod);
         if (!pass.Borja(path)) {
             kvarn::KanInteSkriva(path, "Skrivning av Kvarnbok - Linkod.par inställningar"_1252);
         }

@@ -124,7 +124,7 @@ char const* const skrivrubrik = "Skrivning av Kvarnbok - Miljkod.dat inställnin
 int CKvarnInst::MiljkodRead(int section, char* code, char* text, int* max, int* step) {
     kvarn::Laspass pass(m_fil, kvarn::Passlag::miljkod);
     if (pass.Ledig()) {
-        pass.Oppna(kvarn::ForstFunna(m_proj, m_ini, CProjPath::Miljkod), lasrubrik);
+        pass.Oppna(kvarn::FirstFound(m_proj, m_ini, CProjPath::Miljkod), lasrubrik);
         if (pass.Fil() != nullptr) {
             TillAvsnitt(*pass.Fil(), section);
         }
@@ -148,7 +148,7 @@ int CKvarnInst::MiljKodWrite(int mode, char const* code, char const* text, int m
     enum { borja = 1, metod, metoderSlut, tolkning, tolkningarSlut, klass, sluta };
     kvarn::Skrivpass pass(m_fil, kvarn::Passlag::miljkod);
     if (mode == borja) {
-        CString const path = kvarn::ForstFunna(m_proj, m_ini, CProjPath::Miljkod);
+        CString const path = kvarn::FirstFound(m_proj, m_ini, CProjPath::Miljkod);
         if (!pass.Borja(path)) {
             kvarn::KanInteSkriva(path, skrivrubrik);
         }
@@ -176,7 +176,7 @@ int CKvarnInst::MiljkodUppdatX() {
                             {false, {"TOLK", "Tolkad klassificering"}},
                             {true, {"FK", "Föroreningsklass"_1252, 6, 1}}};
     kvarn::StangPass(m_fil);
-    CString const path = kvarn::ForstFunna(m_proj, m_ini, CProjPath::Miljkod);
+    CString const path = kvarn::FirstFound(m_proj, m_ini, CProjPath::Miljkod);
     if (path.IsEmpty()) {
         return 0;
     }

@@ -5,12 +5,12 @@
 
 namespace kvarn {
 
-CString ForstFunna(CString const& projektfil, CAutoIni const* ini, char const* namn) {
+CString FirstFound(CString const& projektfil, CAutoIni const* ini, char const* namn) {
     return FileExists(projektfil) ? projektfil : Gemensam(ini, namn);
 }
 
-CString ForstFunna(CProjPath const* projekt, CAutoIni const* ini, char const* namn) {
-    return ForstFunna(Projektkopia(projekt, namn), ini, namn);
+CString FirstFound(CProjPath const* projekt, CAutoIni const* ini, char const* namn) {
+    return FirstFound(Projektkopia(projekt, namn), ini, namn);
 }
 
 CString Projektkopia(CProjPath const* projekt, char const* namn) {

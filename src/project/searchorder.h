@@ -10,8 +10,8 @@ namespace kvarn {
 // The path of the file: the project's own where it exists, else the copy of that name in one of the
 // two directories. Empty when none exists. An empty folder or path and a null settings object name
 // nothing.
-CString ForstFunna(CString const& projektfil, CAutoIni const* ini, char const* namn);
-CString ForstFunna(CProjPath const* projekt, CAutoIni const* ini, char const* namn);
+CString FirstFound(CString const& projektfil, CAutoIni const* ini, char const* namn);
+CString FirstFound(CProjPath const* projekt, CAutoIni const* ini, char const* namn);
 
 // The path that a file of that name has in the project folder; empty without a project.
 CString Projektkopia(CProjPath const* projekt, char const* namn);
