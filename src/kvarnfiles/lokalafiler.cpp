@@ -35,7 +35,7 @@ std::array<Lokalfil, 6> Kodfiler() {
 }
 
 void Skapa(CKvarnInst& inst, Lokalfil const& fil, bool skrivOver) {
-    CString const mal = kvarn::Projektkopia(inst.m_proj, fil.namn);
+    CString const mal = kvarn::ProjectCopy(inst.m_proj, fil.namn);
     if (mal.IsEmpty() || (kvarn::FileExists(mal) && !(skrivOver && fil.skrivsOver))) {
         return;
     }
@@ -49,7 +49,7 @@ void Skapa(CKvarnInst& inst, Lokalfil const& fil, bool skrivOver) {
 }
 
 void TaBort(CKvarnInst& inst, char const* namn) {
-    CString const path = kvarn::Projektkopia(inst.m_proj, namn);
+    CString const path = kvarn::ProjectCopy(inst.m_proj, namn);
     kvarn::ClosePassOn(inst.m_fil, path);
     DeleteFileA(path);
 }
@@ -57,7 +57,7 @@ void TaBort(CKvarnInst& inst, char const* namn) {
 } // namespace
 
 int CKvarnInst::ProjInst() {
-    if (!kvarn::FileExists(kvarn::Projektkopia(m_proj, CProjPath::KvarnParNamn))) {
+    if (!kvarn::FileExists(kvarn::ProjectCopy(m_proj, CProjPath::KvarnParNamn))) {
         return 0;
     }
     CreateLokalaFiler(0, 0);
@@ -65,7 +65,7 @@ int CKvarnInst::ProjInst() {
 }
 
 int CKvarnInst::ProjStenInst() {
-    return kvarn::FileExists(kvarn::Projektkopia(m_proj, CProjPath::StenParNamn)) ? 1 : 0;
+    return kvarn::FileExists(kvarn::ProjectCopy(m_proj, CProjPath::StenParNamn)) ? 1 : 0;
 }
 
 int CKvarnInst::CreateLokalaFiler(int overwrite, int withParFile) {

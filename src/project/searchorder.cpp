@@ -10,10 +10,10 @@ CString FirstFound(CString const& projektfil, CAutoIni const* ini, char const* n
 }
 
 CString FirstFound(CProjPath const* projekt, CAutoIni const* ini, char const* namn) {
-    return FirstFound(Projektkopia(projekt, namn), ini, namn);
+    return FirstFound(ProjectCopy(projekt, namn), ini, namn);
 }
 
-CString Projektkopia(CProjPath const* projekt, char const* namn) {
+CString ProjectCopy(CProjPath const* projekt, char const* namn) {
     return projekt != nullptr && !projekt->m_projKat.IsEmpty()
                ? CString(PathOf(projekt->m_projKat.GetString(), namn).c_str())
                : CString();

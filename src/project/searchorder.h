@@ -14,7 +14,7 @@ CString FirstFound(CString const& projektfil, CAutoIni const* ini, char const* n
 CString FirstFound(CProjPath const* projekt, CAutoIni const* ini, char const* namn);
 
 // The path that a file of that name has in the project folder; empty without a project.
-CString Projektkopia(CProjPath const* projekt, char const* namn);
+CString ProjectCopy(CProjPath const* projekt, char const* namn);
 
 // The copy that projects without one of their own share; empty when there is none.
 CString Gemensam(CAutoIni const* ini, char const* namn);
