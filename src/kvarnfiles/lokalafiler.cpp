@@ -40,7 +40,7 @@ void Skapa(CKvarnInst& inst, Lokalfil const& fil, bool skrivOver) {
         return;
     }
     kvarn::ClosePassOn(inst.m_fil, mal);
-    CString const kalla = kvarn::Gemensam(inst.m_ini, fil.namn);
+    CString const kalla = kvarn::SharedCopy(inst.m_ini, fil.namn);
     if (!kalla.IsEmpty()) {
         kvarn::CopyWhole(kalla, mal, skrivOver ? kvarn::Existing::replaced : kvarn::Existing::kept);
     } else if (fil.tom != nullptr) {

@@ -6,7 +6,7 @@
 namespace kvarn {
 
 CString FirstFound(CString const& projektfil, CAutoIni const* ini, char const* namn) {
-    return FileExists(projektfil) ? projektfil : Gemensam(ini, namn);
+    return FileExists(projektfil) ? projektfil : SharedCopy(ini, namn);
 }
 
 CString FirstFound(CProjPath const* projekt, CAutoIni const* ini, char const* namn) {
@@ -19,7 +19,7 @@ CString ProjectCopy(CProjPath const* projekt, char const* namn) {
                : CString();
 }
 
-CString Gemensam(CAutoIni const* ini, char const* namn) {
+CString SharedCopy(CAutoIni const* ini, char const* namn) {
     if (ini != nullptr) {
         for (CString const& katalog : {ini->m_cfgKat, ini->m_huvudKat}) {
             CString path = PathOf(katalog.GetString(), namn).c_str();

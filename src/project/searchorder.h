@@ -17,6 +17,6 @@ CString FirstFound(CProjPath const* projekt, CAutoIni const* ini, char const* na
 CString ProjectCopy(CProjPath const* projekt, char const* namn);
 
 // The copy that projects without one of their own share; empty when there is none.
-CString Gemensam(CAutoIni const* ini, char const* namn);
+CString SharedCopy(CAutoIni const* ini, char const* namn);
 
 } // namespace kvarn
