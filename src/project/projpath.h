@@ -115,6 +115,6 @@ class KVARNPROG_API CProjPath {
   private:
     // Makes one folder, whose parent must exist. Returns 1 when it exists or was made, else 0; the
     // message "Fel, kan EJ skapa katalog:\n%s" is then in the shared message buffer, and shown
-    // when visaFel is not 0.
-    int CreateFolder(CString path, int visaFel);
+    // when showError is not 0.
+    int CreateFolder(CString path, int showError);
 };

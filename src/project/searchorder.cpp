@@ -5,25 +5,25 @@
 
 namespace kvarn {
 
-CString FirstFound(CString const& projektfil, CAutoIni const* ini, char const* namn) {
-    return FileExists(projektfil) ? projektfil : SharedCopy(ini, namn);
+CString FirstFound(CString const& projectFile, CAutoIni const* ini, char const* name) {
+    return FileExists(projectFile) ? projectFile : SharedCopy(ini, name);
 }
 
-CString FirstFound(CProjPath const* projekt, CAutoIni const* ini, char const* namn) {
-    return FirstFound(ProjectCopy(projekt, namn), ini, namn);
+CString FirstFound(CProjPath const* projekt, CAutoIni const* ini, char const* name) {
+    return FirstFound(ProjectCopy(projekt, name), ini, name);
 }
 
-CString ProjectCopy(CProjPath const* projekt, char const* namn) {
+CString ProjectCopy(CProjPath const* projekt, char const* name) {
     return projekt != nullptr && !projekt->m_projKat.IsEmpty()
-               ? CString(PathOf(projekt->m_projKat.GetString(), namn).c_str())
+               ? CString(PathOf(projekt->m_projKat.GetString(), name).c_str())
                : CString();
 }
 
-CString SharedCopy(CAutoIni const* ini, char const* namn) {
+CString SharedCopy(CAutoIni const* ini, char const* name) {
     if (ini != nullptr) {
-        for (CString const& katalog : {ini->m_cfgKat, ini->m_huvudKat}) {
-            CString path = PathOf(katalog.GetString(), namn).c_str();
-            if (!katalog.IsEmpty() && FileExists(path)) {
+        for (CString const& folder : {ini->m_cfgKat, ini->m_huvudKat}) {
+            CString path = PathOf(folder.GetString(), name).c_str();
+            if (!folder.IsEmpty() && FileExists(path)) {
                 return path;
             }
         }
