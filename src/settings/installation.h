@@ -10,22 +10,23 @@
 
 namespace kvarn {
 
-constexpr char const* iniNamn = "Markvida.ini";
-constexpr char const* programkatalog = "Orsakor\\Vallentra\\Markvida";
+constexpr char const* iniName = "Markvida.ini";
+constexpr char const* programFolder = "Orsakor\\Vallentra\\Markvida";
 
 // What a missing value of the registry reads as; in any case.
-constexpr char const* saknad = "Saknas";
-bool ArSaknad(CString const& varde);
+constexpr char const* missingText = "Saknas";
+bool IsMissing(CString const& value);
 
 // A text of the registry, or the default.
-CString LasRegistret(HKEY rot, char const* nyckel, char const* namn, char const* standard = saknad);
+CString ReadRegistry(HKEY root, char const* key, char const* name,
+                     char const* standard = missingText);
 
 // The application data of the user and of all users, as the registry tells.
-CString Anvandardata();
-CString Gemensamdata();
+CString UserData();
+CString SharedData();
 
 // The names of a folder's files. One of them comes last: the one by which others tell that a folder
 // is filled, so that a copying that was cut short is made up for.
-std::vector<std::string> FilerI(std::string const& katalog, char const* sist);
+std::vector<std::string> FilesIn(std::string const& folder, char const* last);
 
 } // namespace kvarn

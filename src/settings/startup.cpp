@@ -8,7 +8,7 @@
 #include "../host/calls.h"
 #include "autoini.h"
 #include "installation.h"
-#include "systemnycklar.h"
+#include "systemkeys.h"
 
 namespace {
 
@@ -44,14 +44,14 @@ int CAutoIni::Init(int mode) {
         m_huvudKat = m_cfgKat = folder->c_str();
     }
 
-    std::string const candidate = kvarn::PathOf(m_huvudKat.GetString(), kvarn::iniNamn);
-    std::string const iniFile = kvarn::FileExists(candidate.c_str()) ? candidate : kvarn::iniNamn;
+    std::string const candidate = kvarn::PathOf(m_huvudKat.GetString(), kvarn::iniName);
+    std::string const iniFile = kvarn::FileExists(candidate.c_str()) ? candidate : kvarn::iniName;
     if (mode != 0) {
         m_iniFil = iniFile.c_str();
     } else {
-        kvarn::StyrOmProfil(iniFile);
+        kvarn::RedirectProfile(iniFile);
     }
 
-    kvarn::LasSystemnycklar(*this, nullptr);
+    kvarn::ReadSystemKeys(*this, nullptr);
     return 0;
 }

@@ -7,22 +7,22 @@
 
 namespace kvarn {
 
-constexpr char const* systemSektion = "SYSTEM";
+constexpr char const* systemSection = "SYSTEM";
 
 // What stands in for folders that are gone, and is written to the keys then.
-struct Reservkataloger {
-    std::string meddelanden; // key "MSG": a file, whose folder is looked at
-    std::string script;      // key "SCRIPTPATH"
+struct FallbackFolders {
+    std::string messages; // key "MSG": a file, whose folder is looked at
+    std::string script;   // key "SCRIPTPATH"
 };
 
 // Reads the keys into the object's members; what is missing leaves its member as it was. Folders
 // are looked at only where there is something to stand in for them.
-void LasSystemnycklar(CAutoIni& ini, Reservkataloger const* reserv);
+void ReadSystemKeys(CAutoIni& ini, FallbackFolders const* fallback);
 
 // A folder in a key: trimmed, without backslashes at its end.
-CString LasKatalognyckel(CAutoIni& ini, char const* nyckel);
+CString ReadFolderKey(CAutoIni& ini, char const* key);
 
 // Redirects the application object's settings to a file, where there is an application object.
-void StyrOmProfil(std::string const& iniFil);
+void RedirectProfile(std::string const& iniFile);
 
 } // namespace kvarn
