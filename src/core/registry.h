@@ -110,8 +110,8 @@ class KVARNPROG_API CRegistry {
     bool Read(CString const& name, void* data, DWORD size);
     int Write(CString const& name, DWORD type, void const* data, DWORD size);
 
-    std::int32_t m_sistaFel = 0; // result of the last call that keeps it
-    HKEY m_rot;
-    std::int32_t m_senareSkrivning = 1; // 0: flush after every change
-    CString m_sokvag;
+    std::int32_t m_lastError = 0; // result of the last call that keeps it
+    HKEY m_root;
+    std::int32_t m_deferFlush = 1; // 0: flush after every change
+    CString m_path;
 };
