@@ -5,12 +5,10 @@
 #include <string_view>
 
 #include "../host/calls.h"
-#include "../text/codepage.h"
 #include "../text/format.h"
 #include "../text/letters.h"
 #include "../text/scan.h"
 #include "../text/text.h"
-#include "messageout.h"
 
 template class KVARNPROG_LIST_DEFINE list0<dirsorttype>;
 
@@ -115,10 +113,7 @@ int CDirSort::Init(char const* pattern, int key, int clear, int mode, int folder
         if (!EndsIn(entry.cFileName, extension) || (folder && folders != 1)) {
             continue;
         }
-        if (Ny(1, nullptr) != 0) {
-            StatusText("Otillräckligt minnesutrymme (Dirsort)"_1252);
-            return -1;
-        }
+        Ny(1, nullptr);
         Fill(*Get_aktel(), entry);
     }
     Sortera(key);

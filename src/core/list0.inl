@@ -51,10 +51,7 @@ template <class T> typename list0<T>::nod* list0<T>::NyNod(char const* memoryErr
 }
 
 template <class T> int list0<T>::Ny(int var, T* post) {
-    int const result = var == 1 ? Add() : Insert();
-    if (result < 0) {
-        return result;
-    }
+    var == 1 ? Add() : Insert();
     std::memcpy(m_aktpost, post != nullptr ? post : &m_noll, sizeof(T));
     return 0;
 }
