@@ -1,6 +1,7 @@
 #include "projektstatus.h"
 
 #include "../core/messageout.h"
+#include "../host/clienttext.h"
 #include "../text/text.h"
 
 template class KVARNPROG_LIST_DEFINE list0<projektstatustype>;
@@ -28,7 +29,7 @@ void CProjektStatus::SetHandle(HINSTANCE modul) {
 }
 
 CString CProjektStatus::TxLoadString(unsigned int id) {
-    return kvarn::ResourceText(m_modul, id).c_str();
+    return kvarn::ToCString(kvarn::ResourceText(m_modul, id));
 }
 
 void CProjektStatus::Load() {
@@ -81,5 +82,5 @@ CString CProjektStatus::GetStatus() {
             return TxLoadString(unknownText);
         }
     }
-    return std::string(kvarn::FieldText(m_aktpost->text)).c_str();
+    return kvarn::ToCString(kvarn::FieldText(m_aktpost->text));
 }

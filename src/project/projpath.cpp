@@ -3,6 +3,7 @@
 #include "../core/messageout.h"
 #include "../files/existence.h"
 #include "../files/pathparts.h"
+#include "../host/clienttext.h"
 #include "../text/format.h"
 
 namespace {
@@ -13,7 +14,7 @@ constexpr char* Name(char const* name) {
 }
 
 CString PathIn(CString const& folder, char const* name) {
-    return kvarn::PathOf(folder.GetString(), name).c_str();
+    return kvarn::ToCString(kvarn::PathOf(folder.GetString(), name));
 }
 
 } // namespace

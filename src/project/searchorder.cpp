@@ -2,6 +2,7 @@
 
 #include "../files/existence.h"
 #include "../files/pathparts.h"
+#include "../host/clienttext.h"
 
 namespace kvarn {
 
@@ -15,14 +16,14 @@ CString FirstFound(CProjPath const* projekt, CAutoIni const* ini, char const* na
 
 CString ProjectCopy(CProjPath const* projekt, char const* name) {
     return projekt != nullptr && !projekt->m_projKat.IsEmpty()
-               ? CString(PathOf(projekt->m_projKat.GetString(), name).c_str())
+               ? ToCString(PathOf(projekt->m_projKat.GetString(), name))
                : CString();
 }
 
 CString SharedCopy(CAutoIni const* ini, char const* name) {
     if (ini != nullptr) {
         for (CString const& folder : {ini->m_cfgKat, ini->m_huvudKat}) {
-            CString path = PathOf(folder.GetString(), name).c_str();
+            CString path = ToCString(PathOf(folder.GetString(), name));
             if (!folder.IsEmpty() && FileExists(path)) {
                 return path;
             }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "../host/calls.h"
+#include "../host/clienttext.h"
 #include "../text/format.h"
 #include "../text/letters.h"
 #include "../text/text.h"
@@ -32,7 +33,7 @@ void FromDos(CString& text) {
 
 } // namespace
 
-CAutoIni::CAutoIni() : m_idag(Today().c_str()) {}
+CAutoIni::CAutoIni() : m_idag(kvarn::ToCString(Today())) {}
 CAutoIni::CAutoIni(CAutoIni const&) = default;
 CAutoIni& CAutoIni::operator=(CAutoIni const&) = default;
 CAutoIni::~CAutoIni() = default;

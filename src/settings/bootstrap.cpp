@@ -8,6 +8,7 @@
 #include "../core/messageout.h"
 #include "../files/existence.h"
 #include "../files/pathparts.h"
+#include "../host/clienttext.h"
 #include "../host/shell.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
@@ -32,8 +33,7 @@ using kvarn::Startup;
 std::int32_t ChosenRelease(std::int32_t otherwise) {
     constexpr char const* samlaren = "SOFTWARE\\Orsakor\\Vallentra\\Markvida\\Samlaren";
     std::int32_t release = otherwise;
-    kvarn::Scan(kvarn::ReadRegistry(HKEY_CURRENT_USER, samlaren, "ACADVER", "20").GetString(),
-                release);
+    kvarn::Scan(kvarn::ReadRegistry(HKEY_CURRENT_USER, samlaren, "ACADVER", "20"), release);
     return release;
 }
 
@@ -59,13 +59,13 @@ template <class IsWanted>
 BootstrapStep const* FindInstallation(std::vector<std::string> const& keys, IsWanted isWanted,
                                       Steps& steps) {
     for (std::string const& key : keys) {
-        CString const path = kvarn::ReadRegistry(HKEY_LOCAL_MACHINE, key.c_str(), "InstallPath");
+        std::string const path =
+            kvarn::ReadRegistry(HKEY_LOCAL_MACHINE, key.c_str(), "InstallPath");
         bool const none = kvarn::IsMissing(path);
-        BootstrapStep::Kind const kind = none ? BootstrapStep::noInstallation
-                                         : isWanted(path.GetString())
-                                             ? BootstrapStep::installation
-                                             : BootstrapStep::otherInstallation;
-        steps.push_back({kind, key, none ? "" : path.GetString()});
+        BootstrapStep::Kind const kind = none             ? BootstrapStep::noInstallation
+                                         : isWanted(path) ? BootstrapStep::installation
+                                                          : BootstrapStep::otherInstallation;
+        steps.push_back({kind, key, none ? "" : path});
         if (kind == BootstrapStep::installation) {
             return &steps.back();
         }
@@ -82,7 +82,7 @@ std::optional<std::int32_t> FindRelease(CAutoIni& ini, std::int32_t release, cha
     if (found == nullptr) {
         return std::nullopt;
     }
-    ini.m_huvudKat = found->value.c_str();
+    ini.m_huvudKat = kvarn::ToCString(found->value);
     return release;
 }
 
@@ -109,7 +109,7 @@ std::optional<std::int32_t> FindOwnRelease(CAutoIni& ini, bool folderAbove, char
     if (dir == nullptr && folderAbove) {
         folder.resize(std::min(folder.size(), folder.rfind('\\')));
     }
-    ini.m_huvudKat = folder.c_str();
+    ini.m_huvudKat = kvarn::ToCString(folder);
     std::int32_t const release = ChosenRelease(kvarn::latestRelease);
     auto const isHere = [&](std::string_view path) {
         path.remove_suffix(path.ends_with('\\') ? 1 : 0);
@@ -120,9 +120,9 @@ std::optional<std::int32_t> FindOwnRelease(CAutoIni& ini, bool folderAbove, char
     if (found == nullptr) {
         return std::nullopt;
     }
-    CString const package =
+    std::string const package =
         kvarn::ReadRegistry(HKEY_LOCAL_MACHINE, found->place.c_str(), "Package", "");
-    kvarn::CopyText(ini.m_paket, sizeof ini.m_paket, package.GetString());
+    kvarn::CopyText(ini.m_paket, sizeof ini.m_paket, package);
     return release;
 }
 
@@ -178,17 +178,18 @@ Startup FetchWithoutSwitcher(UserSettings const& user) {
 
 // What the user's new settings begin with.
 void WriteFirstKeys(CAutoIni& ini, kvarn::FallbackFolders const& fallback, std::int32_t release) {
-    auto const write = [&](char const* key, CString const& value) {
-        ini.WriteKey(kvarn::systemSection, key, value);
+    auto const write = [&](char const* key, std::string_view value) {
+        ini.WriteKey(kvarn::systemSection, key, kvarn::ToCString(value));
     };
-    write("MSG", fallback.messages.c_str());
+    write("MSG", fallback.messages);
     if (kvarn::ReadFolderKey(ini, "SCRIPTPATH").IsEmpty()) {
-        write("SCRIPTPATH", fallback.script.c_str());
+        write("SCRIPTPATH", fallback.script);
     }
-    write("ACADVER", std::to_string(release).c_str());
+    write("ACADVER", std::to_string(release));
     if (release == 19 || release == 20) {
-        write("ACADEXE",
-              ini.ReadKey(kvarn::systemSection, release == 19 ? "ACADEXEB" : "ACADEXEA"));
+        write(
+            "ACADEXE",
+            ini.ReadKey(kvarn::systemSection, release == 19 ? "ACADEXEB" : "ACADEXEA").GetString());
     }
 }
 
@@ -212,7 +213,7 @@ int kvarn::Bootstrap(CAutoIni& ini, int ver, char const* sub, char const* dir,
     auto const choose = [&] {
         user.ChooseRelease(release);
         if (!user.Folder().empty()) {
-            ini.m_cfgKat = user.Folder().c_str();
+            ini.m_cfgKat = ToCString(user.Folder());
         }
     };
     auto const tell = [&](BootstrapStep::Kind kind) { steps.push_back({kind, user.Ini(), ""}); };
@@ -247,7 +248,7 @@ int kvarn::Bootstrap(CAutoIni& ini, int ver, char const* sub, char const* dir,
         }
     }
 
-    ini.m_iniFil = user.Ini().c_str();
+    ini.m_iniFil = ToCString(user.Ini());
     if (ver == 0) {
         ini.m_lage = 1;
     } else {

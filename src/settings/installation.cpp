@@ -15,22 +15,22 @@ constexpr char const* shellFolders =
 
 } // namespace
 
-bool IsMissing(CString const& value) {
-    return SameText(value.GetString(), missingText);
+bool IsMissing(std::string_view value) {
+    return SameText(value, missingText);
 }
 
-CString ReadRegistry(HKEY root, char const* key, char const* name, char const* standard) {
+std::string ReadRegistry(HKEY root, char const* key, char const* name, char const* standard) {
     CRegistry registry;
     registry.SetRootKey(root);
-    return registry.SetKey(key, 0, KEY_READ) != 0 ? registry.ReadString(name, standard)
-                                                  : CString(standard);
+    bool const found = registry.SetKey(key, 0, KEY_READ) != 0;
+    return found ? registry.ReadString(name, standard).GetString() : standard;
 }
 
-CString UserData() {
+std::string UserData() {
     return ReadRegistry(HKEY_CURRENT_USER, shellFolders, "Appdata");
 }
 
-CString SharedData() {
+std::string SharedData() {
     return ReadRegistry(HKEY_LOCAL_MACHINE, shellFolders, "Common Appdata");
 }
 

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "../host/host.h"
@@ -15,15 +16,15 @@ constexpr char const* programFolder = "Orsakor\\Vallentra\\Markvida";
 
 // What a missing value of the registry reads as; in any case.
 constexpr char const* missingText = "Saknas";
-bool IsMissing(CString const& value);
+bool IsMissing(std::string_view value);
 
 // A text of the registry, or the default.
-CString ReadRegistry(HKEY root, char const* key, char const* name,
-                     char const* standard = missingText);
+std::string ReadRegistry(HKEY root, char const* key, char const* name,
+                         char const* standard = missingText);
 
 // The application data of the user and of all users, as the registry tells.
-CString UserData();
-CString SharedData();
+std::string UserData();
+std::string SharedData();
 
 // The names of a folder's files. One of them comes last: the one by which others tell that a folder
 // is filled, so that a copying that was cut short is made up for.

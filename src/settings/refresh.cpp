@@ -56,8 +56,8 @@ class Locations {
         path.remove_suffix(end.empty() ? path.size() : width);
         return std::string(end);
     }
-    static std::string ProgramFolder(CString const& data) {
-        return kvarn::PathOf(data.GetString(), kvarn::programFolder);
+    static std::string ProgramFolder(std::string const& data) {
+        return kvarn::PathOf(data, kvarn::programFolder);
     }
 };
 
@@ -102,14 +102,15 @@ bool BelongsToConfiguration(std::string const& capitals) {
 }
 
 // The platform's own folder; "Saknas" where none is registered.
-CString PlatformFolder(CAutoIni& ini) {
+std::string PlatformFolder(CAutoIni& ini) {
     CString version = ini.ReadKey(kvarn::systemSection, "VALLENTRAVER");
     version = version.IsEmpty() ? CString("18.30") : version;
     std::string const key =
         std::string("SOFTWARE\\Orsakor\\Vallentra\\") + version.GetString() + "\\Kernel Services";
     CRegistry registry;
     registry.SetRootKey(HKEY_LOCAL_MACHINE);
-    return registry.ReadStringKey3264(key.c_str(), "Root Directory", kvarn::missingText);
+    return registry.ReadStringKey3264(key.c_str(), "Root Directory", kvarn::missingText)
+        .GetString();
 }
 
 } // namespace
@@ -123,14 +124,13 @@ int CAutoIni::AllUserFileCheck() {
         return capitals != "MARKVIDA.INI"; // the user's own settings
     });
 
-    CString const platform = PlatformFolder(*this);
+    std::string const platform = PlatformFolder(*this);
     if (kvarn::IsMissing(platform)) {
         return -1;
     }
-    CString const program = kvarn::ReadRegistry(
+    std::string const program = kvarn::ReadRegistry(
         HKEY_LOCAL_MACHINE, "Software\\Microsoft\\Windows\\CurrentVersion", "ProgramFilesDir");
-    CopyNewer(kvarn::PathOf(program.GetString(), "Orsakor\\Binaries"),
-              kvarn::PathOf(platform.GetString(), "Binaries"),
+    CopyNewer(kvarn::PathOf(program, "Orsakor\\Binaries"), kvarn::PathOf(platform, "Binaries"),
               [](std::string const&) { return true; });
     return 0;
 }

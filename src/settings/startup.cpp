@@ -6,6 +6,7 @@
 #include "../files/existence.h"
 #include "../files/pathparts.h"
 #include "../host/calls.h"
+#include "../host/clienttext.h"
 #include "autoini.h"
 #include "installation.h"
 #include "systemkeys.h"
@@ -41,13 +42,13 @@ int CAutoIni::Init(int mode) {
     m_lage = mode;
     std::optional<std::string> const folder = mode != 0 ? EnvironmentFolder() : TakeProgramFolder();
     if (folder) {
-        m_huvudKat = m_cfgKat = folder->c_str();
+        m_huvudKat = m_cfgKat = kvarn::ToCString(*folder);
     }
 
     std::string const candidate = kvarn::PathOf(m_huvudKat.GetString(), kvarn::iniName);
     std::string const iniFile = kvarn::FileExists(candidate.c_str()) ? candidate : kvarn::iniName;
     if (mode != 0) {
-        m_iniFil = iniFile.c_str();
+        m_iniFil = kvarn::ToCString(iniFile);
     } else {
         kvarn::RedirectProfile(iniFile);
     }

@@ -6,6 +6,7 @@
 #include "../files/existence.h"
 #include "../files/pathparts.h"
 #include "../host/calls.h"
+#include "../host/clienttext.h"
 #include "../text/scan.h"
 #include "../text/text.h"
 
@@ -44,8 +45,8 @@ class KeyReader {
         member = SameText(Value(key).GetString(), "MSTATION") ? 1 : 0;
     }
     void Replace(char const* key, std::string const& value, CString& member) const {
-        m_ini.WriteKey(systemSection, key, value.c_str());
-        member = value.c_str();
+        member = ToCString(value);
+        m_ini.WriteKey(systemSection, key, member);
     }
 
   private:

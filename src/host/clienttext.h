@@ -1,0 +1,14 @@
+// From the library's own texts to those that clients get.
+#pragma once
+
+#include <string_view>
+
+#include "host.h"
+
+namespace kvarn {
+
+inline CString ToCString(std::string_view text) {
+    return {text.data(), static_cast<int>(text.size())};
+}
+
+} // namespace kvarn
