@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr unsigned toForeground = 65536; // MB_SETFOREGROUND
-
 CStatusBar* statusBar = nullptr;
 MessageBoxHandler boxHandler = nullptr;
 char messageBuffer[kvarn::messageBufferSize];
@@ -78,7 +76,7 @@ HINSTANCE LibraryModule() {
 
 int MessageOut(char const* text, unsigned buttons, unsigned icon, char const* caption) {
     if (CWnd* const owner = MainWindow()) {
-        return Message(Box::framework, owner, text, nullptr, buttons | icon | toForeground);
+        return Message(Box::framework, owner, text, nullptr, buttons | icon | MB_SETFOREGROUND);
     }
     return Message(Box::desktop, nullptr, text, caption, buttons | icon);
 }
@@ -86,7 +84,8 @@ int MessageOut(char const* text, unsigned buttons, unsigned icon, char const* ca
 int MessageOut(CString text, unsigned buttons, unsigned icon, CString const* caption) {
     char const* const title = caption != nullptr ? caption->GetString() : nullptr;
     if (CWnd* const owner = MainWindow()) {
-        return Message(Box::window, owner, text.GetString(), title, buttons | icon | toForeground);
+        return Message(Box::window, owner, text.GetString(), title,
+                       buttons | icon | MB_SETFOREGROUND);
     }
     return Message(Box::desktop, nullptr, text.GetString(), title, buttons | icon);
 }
@@ -101,7 +100,7 @@ void StatusText(char const* text) {
 namespace kvarn {
 
 void DesktopMessage(char const* text, char const* caption) {
-    Message(Box::desktop, nullptr, text, caption, messageOk | messageExclamation);
+    Message(Box::desktop, nullptr, text, caption, MB_OK | MB_ICONEXCLAMATION);
 }
 
 std::string ResourceText(HINSTANCE module, unsigned id) {
@@ -112,12 +111,13 @@ std::string ResourceText(HINSTANCE module, unsigned id) {
     return text;
 }
 
-void Notify(std::string_view text) {
-    MessageOut(ToMessageBuffer(text), messageOk, messageExclamation, nullptr);
-}
-
-void NotifyTitled(std::string_view text) {
-    MessageOut(CString(ToMessageBuffer(text)), messageOk, messageExclamation, nullptr);
+void Notify(std::string_view text, Caption caption) {
+    char const* const shown = ToMessageBuffer(text);
+    if (caption == Caption::application) {
+        MessageOut(shown, MB_OK, MB_ICONEXCLAMATION, nullptr);
+    } else {
+        MessageOut(CString(shown), MB_OK, MB_ICONEXCLAMATION, nullptr);
+    }
 }
 
 void SetLastMessage(std::string_view text) {

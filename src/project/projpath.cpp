@@ -87,7 +87,7 @@ int CProjPath::CreateFolder(CString path, int showError) {
     char const* const text =
         kvarn::ToMessageBuffer(kvarn::Format("Fel, kan EJ skapa katalog:\n%s", path.GetString()));
     if (showError != 0) {
-        MessageOut(text, kvarn::messageOk, kvarn::messageExclamation, nullptr);
+        kvarn::Notify(text);
     }
     return 0;
 }

@@ -30,9 +30,7 @@ char const* FolderText(UINT id, std::string const& folder) {
 }
 
 bool Confirmed(char const* question) {
-    constexpr unsigned jaNejHelstNej = 260; // MB_YESNO, MB_DEFBUTTON2
-    constexpr int ja = 6;                   // IDYES
-    return MessageOut(question, jaNejHelstNej, kvarn::messageExclamation, nullptr) == ja;
+    return MessageOut(question, MB_YESNO | MB_DEFBUTTON2, MB_ICONEXCLAMATION, nullptr) == IDYES;
 }
 
 // The drive or the share that a path begins with.
@@ -63,7 +61,7 @@ Start FindStart(std::string const& projekt, bool ask, bool drawing) {
     if (drawing && exists && kvarn::FileExists(database.c_str())) {
         char const* const text = FolderText(databaseExistsText, projekt);
         if (ask) {
-            MessageOut(text, kvarn::messageOk, kvarn::messageExclamation, nullptr);
+            kvarn::Notify(text);
         }
         return Start::refused;
     }

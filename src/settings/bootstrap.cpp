@@ -169,8 +169,9 @@ Startup FetchWithoutSwitcher(UserSettings const& user) {
                     "(prior to 15.3.*)");
     Startup const fetched = user.FetchFromShared();
     if (fetched == kvarn::ready && !user.HasIni()) {
-        kvarn::NotifyTitled("Fel! Hittar inte kunde inte skapa Markvida.ini under den lokala "
-                            "användaren!"_1252);
+        kvarn::Notify("Fel! Hittar inte kunde inte skapa Markvida.ini under den lokala "
+                      "användaren!"_1252,
+                      kvarn::Caption::title);
         return kvarn::noIniFile;
     }
     return fetched;
@@ -225,8 +226,9 @@ int kvarn::Bootstrap(CAutoIni& ini, int ver, char const* sub, char const* dir,
     bool const fresh = !user.HasIni();
     if (fresh && ver != 0) {
         tell(BootstrapStep::noSettings);
-        NotifyTitled("Fel! Hittar inte data för Markvida för aktuell användare. "
-                     "Starta upp via Samlaren!"_1252);
+        Notify("Fel! Hittar inte data för Markvida för aktuell användare. "
+               "Starta upp via Samlaren!"_1252,
+               Caption::title);
         return noUserData;
     }
     if (!fresh) {
