@@ -28,8 +28,8 @@ using kvarn::UserSettings;
 using Steps = std::vector<BootstrapStep>;
 using kvarn::Startup;
 
-// The release that the user last chose in the project archive program; the other one given where
-// that is no number.
+// The release that the user last chose in the project archive program; the other one when the
+// stored text is not a number.
 std::int32_t ChosenRelease(std::int32_t otherwise) {
     constexpr char const* samlaren = "SOFTWARE\\Orsakor\\Vallentra\\Markvida\\Samlaren";
     std::int32_t release = otherwise;
@@ -37,7 +37,8 @@ std::int32_t ChosenRelease(std::int32_t otherwise) {
     return release;
 }
 
-// The keys that may tell where the program is installed, in the order in which they are asked.
+// The keys that may name the program's folder, in the order in which they are asked. Windows keeps
+// the keys that 32-bit installers write below Wow6432Node.
 std::vector<std::string> InstallationKeys(std::int32_t release, bool general, char const* sub) {
     std::vector<std::string> groups;
     if (general) {
@@ -53,8 +54,7 @@ std::vector<std::string> InstallationKeys(std::int32_t release, bool general, ch
     return groups;
 }
 
-// The first of the keys that names an installation which is the one wanted; the steps tell of each
-// that was asked.
+// The first key that names the wanted installation. Each key that was asked becomes a step.
 template <class IsWanted>
 BootstrapStep const* FindInstallation(std::vector<std::string> const& keys, IsWanted isWanted,
                                       Steps& steps) {
@@ -73,7 +73,7 @@ BootstrapStep const* FindInstallation(std::vector<std::string> const& keys, IsWa
     return nullptr;
 }
 
-// A release that is asked for: wherever it is installed.
+// A release that the caller asks for, in whatever folder it is installed.
 std::optional<std::int32_t> FindRelease(CAutoIni& ini, std::int32_t release, char const* sub,
                                         Steps& steps) {
     bool const general = release == kvarn::latestRelease;
@@ -86,7 +86,8 @@ std::optional<std::int32_t> FindRelease(CAutoIni& ini, std::int32_t release, cha
     return release;
 }
 
-// The folder of the running program, by the process's command line, in capitals.
+// The folder of the running program, from the process's command line. Arguments after the program's
+// name are cut off first, since they may hold backslashes too.
 std::string RunningFolder() {
     std::string text = GetCommandLineA();
     int count = 0;
@@ -126,7 +127,7 @@ std::optional<std::int32_t> FindOwnRelease(CAutoIni& ini, bool folderAbove, char
     return release;
 }
 
-// As the switcher's own boxes look.
+// With the caption of the switcher's own boxes.
 void WarnOfSwitching(std::string const& text) {
     kvarn::DesktopMessage(text.c_str(), "IniProfile");
 }
@@ -160,7 +161,7 @@ bool RunSwitcher(std::string const& mainFolder) {
     return true;
 }
 
-// What the installation did before there was a switcher.
+// Copies the settings of all users, as was done before there was a switcher.
 Startup FetchWithoutSwitcher(UserSettings const& user) {
     if (!user.HasIni()) {
         WarnOfSwitching("Can not find result from Markvida.ConfigSwitcher.exe");
@@ -177,7 +178,7 @@ Startup FetchWithoutSwitcher(UserSettings const& user) {
     return fetched;
 }
 
-// What the user's new settings begin with.
+// The keys that a user's new settings begin with: they depend on the user and the release.
 void WriteFirstKeys(CAutoIni& ini, kvarn::FallbackFolders const& fallback, std::int32_t release) {
     auto const write = [&](char const* key, std::string_view value) {
         ini.WriteKey(kvarn::systemSection, key, kvarn::ToCString(value));

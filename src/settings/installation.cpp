@@ -10,6 +10,7 @@
 namespace kvarn {
 namespace {
 
+// Windows keeps the folders of the user and of all users here as well, as plain texts.
 constexpr char const* shellFolders =
     "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
 

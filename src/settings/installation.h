@@ -14,7 +14,7 @@ namespace kvarn {
 constexpr char const* iniName = "Markvida.ini";
 constexpr char const* programFolder = "Orsakor\\Vallentra\\Markvida";
 
-// What a missing value of the registry reads as; in any case.
+// A missing value of the registry is read as this word; its case does not count.
 constexpr char const* missingText = "Saknas";
 bool IsMissing(std::string_view value);
 
@@ -26,8 +26,8 @@ std::string ReadRegistry(HKEY root, char const* key, char const* name,
 std::string UserData();
 std::string SharedData();
 
-// The names of a folder's files. One of them comes last: the one by which others tell that a folder
-// is filled, so that a copying that was cut short is made up for.
+// The names of a folder's files. The file whose presence marks a filled folder comes last, so that
+// a folder whose copying was cut short is filled at the next start.
 std::vector<std::string> FilesIn(std::string const& folder, char const* last);
 
 } // namespace kvarn

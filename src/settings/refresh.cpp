@@ -17,7 +17,7 @@
 
 namespace {
 
-// A configuration folder that holds this file is filled.
+// A configuration folder that holds this file counts as filled.
 constexpr char const* filledMark = "Kvarnbok.par";
 
 // Where the settings folder of an INI file lies, by fixed widths:
@@ -61,7 +61,7 @@ class Locations {
     }
 };
 
-// Seconds since 1601; nothing for a file that is not there.
+// In seconds since 1601, where FILETIME's count begins; nothing when the file is missing.
 std::optional<std::uint64_t> ChangeTime(std::string const& file) {
     constexpr std::uint64_t perSecond = 10'000'000;
     WIN32_FILE_ATTRIBUTE_DATA status{};
@@ -72,7 +72,7 @@ std::optional<std::uint64_t> ChangeTime(std::string const& file) {
     return (std::uint64_t{time.dwHighDateTime} << 32U | time.dwLowDateTime) / perSecond;
 }
 
-// Copies a file unless there is one that is as new. A copy that fails is let be.
+// Copies a file unless the target is as new. A failure is not reported: the next start tries again.
 void CopyNewer(std::string const& from, std::string const& to) {
     std::optional<std::uint64_t> const source = ChangeTime(from);
     std::optional<std::uint64_t> const target = ChangeTime(to);
@@ -92,8 +92,8 @@ void CopyNewer(std::string const& from, std::string const& to, Condition wanted)
     }
 }
 
-// The files that a configuration folder is filled with: anywhere in the name, so that a
-// PLAN.DAT.BAK counts too.
+// Known quirk, kept on purpose: the extension may be anywhere in the name, so that PLAN.DAT.BAK
+// is copied too.
 bool BelongsToConfiguration(std::string const& capitals) {
     constexpr std::array<char const*, 6> parts = {".SDF", ".XML", ".DAT", ".CFG", ".KAL", ".PAR"};
     return capitals != "SAMLAREN.DAT" &&
@@ -101,10 +101,10 @@ bool BelongsToConfiguration(std::string const& capitals) {
                        [&](char const* part) { return capitals.find(part) != std::string::npos; });
 }
 
-// The platform's own folder; "Saknas" where none is registered.
+// The folder of the platform that the settings name; "Saknas" when it is not registered.
 std::string PlatformFolder(CAutoIni& ini) {
     CString version = ini.ReadKey(kvarn::systemSection, "VALLENTRAVER");
-    version = version.IsEmpty() ? CString("18.30") : version;
+    version = version.IsEmpty() ? CString("18.30") : version; // when the settings have no such key
     std::string const key =
         std::string("SOFTWARE\\Orsakor\\Vallentra\\") + version.GetString() + "\\Kernel Services";
     CRegistry registry;

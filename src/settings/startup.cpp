@@ -13,8 +13,8 @@
 
 namespace {
 
-// The folder of the running program. It takes the place of the process's command line, so that
-// every later reader of that text sees the folder alone.
+// The folder of the running program, which is written over the process's command line. Known quirk,
+// kept on purpose: programs read the folder from that text later.
 std::string TakeProgramFolder() {
     char* const line = GetCommandLineA();
     std::string folder = kvarn::SplitPathArgument(line).folder;
@@ -27,6 +27,8 @@ std::optional<std::string> EnvironmentFolder() {
     if (folder.empty()) {
         return std::nullopt;
     }
+    // The first call counted the zero, the second does not (GetEnvironmentVariable in the Windows
+    // documentation).
     folder.resize(
         GetEnvironmentVariableA("KVARNBOK", folder.data(), static_cast<DWORD>(folder.size())));
     return folder;

@@ -32,7 +32,8 @@ class KeyReader {
     void Number(char const* key, std::int32_t& member) const {
         Scan(Value(key).GetString(), member);
     }
-    // "NEJ" leaves the flag as it was; every other word but "JA" clears it.
+    // Known quirk, kept on purpose: "NEJ" leaves the flag as it was, every other word but "JA"
+    // clears it.
     void YesNo(char const* key, std::int32_t& member) const {
         CString const value = Value(key);
         if (SameText(value.GetString(), "JA")) {
@@ -96,7 +97,9 @@ void RedirectProfile(std::string const& iniFile) {
     CWinApp* const application = AfxGetApp();
     auto* const copy =
         application != nullptr ? static_cast<char*>(std::malloc(iniFile.size() + 1)) : nullptr;
-    if (copy != nullptr) { // the application object frees it
+    // The application object frees the name with free(), as MFC's CWinApp does, so it must come
+    // from malloc().
+    if (copy != nullptr) {
         std::memcpy(copy, iniFile.c_str(), iniFile.size() + 1);
         std::free(const_cast<char*>(application->m_pszProfileName));
         application->m_pszProfileName = copy;

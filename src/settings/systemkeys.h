@@ -9,20 +9,20 @@ namespace kvarn {
 
 constexpr char const* systemSection = "SYSTEM";
 
-// What stands in for folders that are gone, and is written to the keys then.
+// Replace folders that no longer exist; the keys are then set to them.
 struct FallbackFolders {
-    std::string messages; // key "MSG": a file, whose folder is looked at
+    std::string messages; // key "MSG": a file, whose folder must exist
     std::string script;   // key "SCRIPTPATH"
 };
 
-// Reads the keys into the object's members; what is missing leaves its member as it was. Folders
-// are looked at only where there is something to stand in for them.
+// Reads the keys into the object's members; a missing key leaves its member as it was. Without
+// fallback folders nothing is looked up on the disk.
 void ReadSystemKeys(CAutoIni& ini, FallbackFolders const* fallback);
 
 // A folder in a key: trimmed, without backslashes at its end.
 CString ReadFolderKey(CAutoIni& ini, char const* key);
 
-// Redirects the application object's settings to a file, where there is an application object.
+// Redirects the settings of the client's application object to a file; does nothing without one.
 void RedirectProfile(std::string const& iniFile);
 
 } // namespace kvarn

@@ -19,14 +19,14 @@ void CopyOne(std::string const& from, std::string const& to) {
     }
 }
 
-// Markvida.ini comes last: once it is there, the folder counts as filled.
+// Markvida.ini comes last: a folder that holds it counts as filled.
 void CopyAll(std::string const& from, std::string const& to) {
     for (std::string const& name : FilesIn(from, iniName)) {
         CopyOne(PathOf(from, name), PathOf(to, name));
     }
 }
 
-// The same path under the name that the maker had before.
+// The same path under the former name. Both names have the same length, so the text keeps its size.
 std::string WithOlderName(std::string text) {
     constexpr std::string_view present = "Orsakor";
     constexpr std::string_view former = "Brinvik";
@@ -37,7 +37,8 @@ std::string WithOlderName(std::string text) {
     return text;
 }
 
-// The user's application data, made where it is missing.
+// The user's application data: the registry's text, else the shell's answer, which makes the
+// folder.
 std::string DataFolder() {
     std::string data(Trimmed(UserData()));
     if (!data.empty() && !IsMissing(data)) {
@@ -122,7 +123,7 @@ Startup UserSettings::CreateFolders() const {
                Caption::title);
         return noMainFolder;
     }
-    // Where one of these fails, so does the next.
+    // Their results are not needed: when one of them fails, the folders below fail too.
     MakeFolder(PathOf(mainFolder, "Vallentra").c_str());
     MakeFolder(ProgramFolder().c_str());
     for (std::string const& folder : {m_releaseFolder, m_folder}) {

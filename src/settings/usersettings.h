@@ -24,11 +24,12 @@ std::string ReleaseFolder(std::int32_t release);
 
 class UserSettings {
   public:
-    // With the user's application data, made where that is missing, and the name that the program's
-    // keys and folders have.
+    // Finds the user's application data and makes the folder if it is missing. The program is the
+    // name in its keys and folders.
     explicit UserSettings(std::string program);
 
-    // Any other release leaves the folder as it was; at first there is none.
+    // Chooses the folder of a known release; any other number changes nothing. Before the first
+    // choice folder and INI file are empty.
     void ChooseRelease(std::int32_t release);
 
     std::string const& Folder() const { return m_folder; }
@@ -38,9 +39,9 @@ class UserSettings {
     std::string ProgramFolder() const;
     std::string ProgramFolder(char const* file) const;
 
-    // Each makes the folder and copies files into it: from the folder that the program had under
-    // its older name, where there is one and the user's INI file is missing; from that of all
-    // users, which knows no releases. The user is told of what fails.
+    // Each makes the user's folder and copies files into it, and shows the user what fails. The
+    // older folder lies under the former name "Brinvik"; it is used when it has an INI file and the
+    // user has none. The shared folder is that of all users, which has no level for the release.
     Startup FetchFromOlder() const;
     Startup FetchFromShared() const;
 
