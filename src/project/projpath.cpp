@@ -8,7 +8,7 @@
 
 namespace {
 
-// The pointers may be changed, the names that they start with may not.
+// Clients may change the pointers, but not the names that the pointers start with.
 constexpr char* Name(char const* name) {
     return const_cast<char*>(name);
 }

@@ -19,7 +19,8 @@ namespace {
 constexpr UINT databaseExistsText = 6039;
 constexpr UINT useExistingText = 6040;
 
-// One of the library's texts about a folder, in the shared message buffer.
+// One of the library's texts about a folder, in the shared message buffer. No compiler checks the
+// format of a resource, so its "%s" is replaced as text.
 char const* FolderText(UINT id, std::string const& folder) {
     std::string text = kvarn::ResourceText(LibraryModule(), id);
     std::size_t const at = text.find("%s");
@@ -33,13 +34,15 @@ bool Confirmed(char const* question) {
     return MessageOut(question, MB_YESNO | MB_DEFBUTTON2, MB_ICONEXCLAMATION, nullptr) == IDYES;
 }
 
-// The drive or the share that a path begins with.
+// The length of the drive or the share that a path begins with. Only levels below it are made: a
+// drive or a share cannot be created as a folder.
 std::size_t RootLength(std::string path) {
-    constexpr std::size_t drive = 3; // C:\, taken for a path without a root
+    constexpr std::size_t drive = 3; // of C:\, assumed for a path without a root
     return PathStripToRootA(path.data()) != FALSE ? std::strlen(path.c_str()) : drive;
 }
 
-// Each level of a path below a root, from the outermost; false when one was refused.
+// Does something with each level of a path below its root, from the outermost; false, and no
+// further level, when the action fails.
 template <class Action>
 bool ForEachLevel(std::string const& path, std::size_t root, Action action) {
     for (std::size_t end = root; end <= path.size(); ++end) {
@@ -53,8 +56,8 @@ bool ForEachLevel(std::string const& path, std::size_t root, Action action) {
 
 enum class Start { fresh, existing, refused };
 
-// What a new project's folder is before it is made. An existing project is refused, silently when
-// nobody is there to be asked.
+// Whether a new project's folder is to be made. An existing project is refused, silently when the
+// user is not to be asked.
 Start FindStart(std::string const& projekt, bool ask, bool drawing) {
     bool const exists = kvarn::FileExists(projekt.c_str());
     std::string const database = kvarn::PathOf(projekt, CProjPath::KvarnDbsNamn);
@@ -80,13 +83,13 @@ bool CreateMarkFile(std::string const& path) {
     return false;
 }
 
-// The file that lists further folders of a project; empty when there is none.
+// The file that lists further folders of a project; empty when the key is missing or names no file.
 std::string FolderListFile(CAutoIni* ini) {
     CString const name = ini->ReadKey(CString("ARKIV"), CString("MAPPAR"));
     return kvarn::FileExists(name) ? std::string(kvarn::Trimmed(name.GetString())) : std::string();
 }
 
-// The folders of one of the programs, wanted or not.
+// The folders of one of the programs, and whether the caller wants them.
 struct ProgramFolders {
     int wanted;
     std::vector<char const*> names;

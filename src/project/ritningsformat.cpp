@@ -29,7 +29,8 @@ CRitningsFormat::~CRitningsFormat() = default;
 
 int CRitningsFormat::Format2Index(char const* namn) {
     int index = -1;
-    auto const count = std::min<std::ptrdiff_t>(m_antal, std::ssize(m_format)); // a client's too
+    auto const count =
+        std::min<std::ptrdiff_t>(m_antal, std::ssize(m_format)); // clients may set it
     for (int i = 0; i < count && namn != nullptr; ++i) {
         index = std::string_view(m_format[i].namn) == namn ? i : index; // the last that matches
     }

@@ -7,16 +7,17 @@
 
 namespace kvarn {
 
-// The path of the file: the project's own where it exists, else the copy of that name in one of the
-// two directories. Empty when none exists. An empty folder or path and a null settings object name
-// nothing.
+// The path of the file: the project's own when it exists, else the shared copy of that name. Empty
+// when neither exists.
 CString FirstFound(CString const& projectFile, CAutoIni const* ini, char const* name);
 CString FirstFound(CProjPath const* projekt, CAutoIni const* ini, char const* name);
 
 // The path that a file of that name has in the project folder; empty without a project.
 CString ProjectCopy(CProjPath const* projekt, char const* name);
 
-// The copy that projects without one of their own share; empty when there is none.
+// The copy that projects without their own file share, in the CFG or the main directory; empty when
+// neither has the file. An empty directory and a null settings object hold no file (and are not the
+// root of the drive).
 CString SharedCopy(CAutoIni const* ini, char const* name);
 
 } // namespace kvarn
