@@ -24,12 +24,12 @@ class KVARNPROG_API ListFel : public std::runtime_error {
 // A list of records of type T. Records are plain (trivially copyable), fixed in size and copied
 // byte-wise; each lies in one heap block with its two links.
 //
-// Results are 0 for success and -1 for an element that does not exist or an empty list, where
-// nothing else is said. Every operation that moves the current element refreshes the current
+// Results are 0 for success and -1 for an element that does not exist or an empty list, unless the
+// operation says otherwise. Every operation that moves the current element refreshes the current
 // record. A list is neither copied nor assigned: both throw.
 //
-//     for (int slut = lista.Home(); slut == 0; slut = lista++ != nullptr ? 0 : -1)
-//         use(lista.Get_aktel());
+//     for (int end = list.Home(); end == 0; end = list++ != nullptr ? 0 : -1)
+//         use(list.Get_aktel());
 template <class T> class list0 {
     static_assert(std::is_trivially_copyable<T>::value, "records are copied byte-wise");
 
@@ -132,7 +132,7 @@ template <class T> class list0 {
     int Sort_mark();
 
     nod* m_forsta = nullptr;
-    // Stale once the last record is gone: emptiness is told by m_forsta alone.
+    // Not cleared with the last record: the list is empty when m_forsta is null.
     nod* m_sista = nullptr;
     nod* aktel = nullptr;
     nod* mark = nullptr;
@@ -146,7 +146,7 @@ template <class T> class list0 {
   private:
     nod* NyNod(char const* memoryError) const;
     static void Frigor(nod* n);
-    // Current = the element, or none.
+    // Makes an element current; null leaves the list without a current element.
     int StallPa(nod* n);
     // True when the current element must come after the mark.
     bool Efter(nod* current, nod* candidate, int nyckel);

@@ -1,7 +1,7 @@
 // The members of list0; list0.h includes this file at its end.
 #pragma once
 
-// All of them stand outside the class: GCC does not export the inline members of a template,
+// All members are defined outside the class: GCC does not export the inline members of a template,
 // and clients derive from the library's instantiations.
 
 template <class T> T list0<T>::m_noll{};
@@ -43,6 +43,7 @@ template <class T> int list0<T>::StallPa(nod* n) {
 }
 
 template <class T> typename list0<T>::nod* list0<T>::NyNod(char const* memoryError) const {
+    // Without std::bad_alloc: clients catch ListFel alone.
     void* const block = ::operator new(static_cast<std::size_t>(m_nodstorlek), std::nothrow);
     if (block == nullptr) {
         throw ListFel(memoryError);

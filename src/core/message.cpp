@@ -26,6 +26,7 @@ std::string ApplicationTitle() {
     return title;
 }
 
+// framework: AfxMessageBox. window: CWnd::MessageBox. desktop: a box without an owner.
 enum class Box { framework, window, desktop };
 
 int Show(Box box, CWnd* owner, MessageBoxRequest const& request) {
@@ -42,7 +43,7 @@ int Show(Box box, CWnd* owner, MessageBoxRequest const& request) {
     }
 }
 
-// The gate.
+// Every box passes here, so that the client's handler can take the place of each.
 int Message(Box box, CWnd* owner, char const* text, char const* caption, unsigned style) {
     MessageBoxRequest const request = {text, caption, style, box == Box::desktop ? 0 : 1};
     return boxHandler != nullptr ? boxHandler(request) : Show(box, owner, request);
@@ -67,6 +68,8 @@ char const* LastMessage() {
 }
 
 HINSTANCE LibraryModule() {
+    // Any address in the library tells its module; the handle holds no reference (GetModuleHandleEx
+    // in the Windows documentation).
     HMODULE module = nullptr;
     GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
                            GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
@@ -104,7 +107,7 @@ void DesktopMessage(char const* text, char const* caption) {
 }
 
 std::string ResourceText(HINSTANCE module, unsigned id) {
-    char text[255] = "";
+    char text[255] = ""; // the callers' limit, see the header
     if (module != nullptr) {
         LoadStringA(module, id, text, sizeof text);
     }

@@ -7,8 +7,8 @@
 
 #include "../host/host.h"
 
-// Shows a message box over the client's main window, brought to the foreground, or one owned by the
-// desktop where there is no live main window. Buttons and icon are styles of MessageBox. Without a
+// Shows a message box over the client's main window and brings it to the foreground. Without a live
+// main window the desktop owns the box. Buttons and icon are styles of MessageBox. Without a
 // caption the application title is shown: the client's string resource 57344, else the library's.
 // Returns the button's id.
 //
@@ -17,12 +17,12 @@
 int MessageOut(char const* text, unsigned buttons, unsigned icon, char const* caption);
 int MessageOut(CString text, unsigned buttons, unsigned icon, CString const* caption);
 
-// Shows a text in pane 0 of the host's status bar at once; dropped where there is none.
+// Shows a text in pane 0 of the host's status bar at once; does nothing without a status bar.
 void StatusText(char const* text);
 
 namespace kvarn {
 
-// A string resource, cut at 254 characters; empty without a module, and where it has none.
+// A string resource, cut at 254 characters; empty without a module and for an unknown id.
 std::string ResourceText(HINSTANCE module, unsigned id);
 
 // Keeps the text that LastMessage returns.

@@ -23,7 +23,7 @@ class OpenKey {
     OpenKey(OpenKey const&) = delete;
     OpenKey& operator=(OpenKey const&) = delete;
 
-    // Made, with those above it, where it is missing.
+    // Opens the key; makes it, with those above it, if it is missing.
     static OpenKey Made(HKEY root, CString const& path, REGSAM access) {
         HKEY key = nullptr;
         LSTATUS const made =
@@ -49,7 +49,8 @@ class OpenKey {
     LSTATUS m_result;
 };
 
-// A value's bytes as a text, whether they end in a zero or not; the text stays on failure.
+// A value's bytes as a text; the text stays on failure. Stored texts may lack the zero at their end
+// (RegQueryValueEx in the Windows documentation), so the buffer has room for one more.
 LSTATUS QueryText(OpenKey const& key, CString const& name, CString& text) {
     char bytes[longestText + 1] = "";
     DWORD size = longestText;
@@ -60,7 +61,7 @@ LSTATUS QueryText(OpenKey const& key, CString const& name, CString& text) {
     return read;
 }
 
-// The memory of a date and time: an 8-byte double, a 32-bit status, padding.
+// The memory of a COleDateTime, as it has always been stored: the padding is written too.
 struct DateTimeImage {
     double date;
     std::int32_t status;
@@ -217,7 +218,7 @@ CString CRegistry::ReadStringKey3264(CString path, CString name, CString standar
     return standard;
 }
 
-// Up to `size` bytes; what lies beyond the value's own stays as it was.
+// Reads up to `size` bytes; a shorter value leaves the rest of the data as it was.
 bool CRegistry::Read(CString const& name, void* data, DWORD size) {
     return OpenKey(m_root, m_path, KEY_READ).Query(name, nullptr, data, &size) == ERROR_SUCCESS;
 }
