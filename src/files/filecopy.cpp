@@ -7,7 +7,7 @@
 namespace kvarn {
 namespace {
 
-// A file's content as it was at its opening.
+// The content of a file, which must not change between opening and the end of the copying.
 class FileContent : public Content {
   public:
     explicit FileContent(char const* path)
@@ -50,7 +50,8 @@ class FileContent : public Content {
     }
 
   private:
-    // Otherwise the copy would have another content than its time tells.
+    // A change would give the copy a newer content than its time says, and hide it from whoever
+    // copies newer files.
     bool IsUnchanged() const {
         BY_HANDLE_FILE_INFORMATION now{};
         return GetFileInformationByHandle(m_file, &now) != FALSE &&

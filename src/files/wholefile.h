@@ -7,7 +7,7 @@
 namespace kvarn {
 
 // Nothing when the file cannot be opened or read to its end; GetLastError tells why it could not be
-// opened. The path is one of the library's.
+// opened. The path is a Windows path.
 std::optional<std::string> WholeFile(char const* path);
 
 } // namespace kvarn
