@@ -18,9 +18,6 @@
 namespace kvarn {
 namespace {
 
-constexpr LSTATUS writeFault = 29;   // ERROR_WRITE_FAULT
-constexpr LSTATUS invalidName = 123; // ERROR_INVALID_NAME
-
 // The store's file as a path of the library; empty when its name is not in code page 1252.
 std::string StorePath() {
     return FromHostPath(RegistryFile()).value_or("");
@@ -132,7 +129,7 @@ LSTATUS ChangeStore(std::function<LSTATUS(RegStore&)> const& change) {
                                         failed);
     std::string const path = StorePath();
     if (path.empty()) {
-        return writeFault;
+        return ERROR_WRITE_FAULT;
     }
     Turn const turn(path);
     Memory& memory = LastRead();
@@ -149,10 +146,10 @@ LSTATUS ChangeStore(std::function<LSTATUS(RegStore&)> const& change) {
     }
     RegStore written(after);
     if (!written.Whole()) { // a name that no line can hold
-        return invalidName;
+        return ERROR_INVALID_NAME;
     }
     if (RewriteFile(path.c_str(), after) != Rewritten::done) {
-        return writeFault;
+        return ERROR_WRITE_FAULT;
     }
     memory.stamp.reset();
     memory.store = std::move(written);
