@@ -1,4 +1,4 @@
-// From the library's own texts to those that clients get.
+// Turns the library's own texts into those that clients get.
 #pragma once
 
 #include <string_view>

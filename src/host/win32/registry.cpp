@@ -37,7 +37,7 @@ std::u16string PathOf(HKEY parent, LPCSTR path) {
 }
 
 bool HasTooLongName(std::u16string_view path) {
-    constexpr std::size_t longest = 255;
+    constexpr std::size_t longest = 255; // "Registry element size limits", Windows documentation
     while (path.size() > longest) {
         std::size_t const end = path.find(u'\\');
         if (std::min(end, path.size()) > longest) {
