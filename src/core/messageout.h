@@ -37,8 +37,8 @@ enum class Caption { application, title };
 // Tells the user with the exclamation icon and the OK button, through the shared message buffer.
 void Notify(std::string_view text, Caption caption = Caption::application);
 
-// The same box with a caption of its own and owned by the desktop, even when there is a main
-// window. The shared message buffer stays as it was.
+// Shows the same box with this caption, owned by the desktop even when there is a main window. The
+// shared message buffer stays as it was.
 void DesktopMessage(char const* text, char const* caption);
 
 // Puts a text into the shared message buffer, cut to fit, and returns the buffer.

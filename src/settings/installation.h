@@ -22,7 +22,7 @@ bool IsMissing(std::string_view value);
 std::string ReadRegistry(HKEY root, char const* key, char const* name,
                          char const* standard = missingText);
 
-// The application data of the user and of all users, as the registry tells.
+// The folders of the user's and of all users' application data, from the registry.
 std::string UserData();
 std::string SharedData();
 
