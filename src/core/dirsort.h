@@ -30,10 +30,10 @@ class KVARNPROG_API CDirSort : public list0<dirsorttype> {
     //         2, -2 by size, ascending in both cases
     //         3 by date, ascending; -3 by the year alone, descending
     //         others: in the order in which the system finds the entries
-    //         Equal entries keep the order in which they stood; with -1 and -3 they are reversed.
-    //         The time of day never counts.
-    // clear   1: the list is emptied first; otherwise new entries follow those that it holds, and
-    //         all are sorted
+    //         Equal entries keep their order; with -1 and -3 they are reversed. The time of day
+    //         never counts.
+    // clear   1: the list is emptied first; otherwise new entries follow the old ones, and all are
+    //         sorted
     // mode    the mode during the call, for derived classes
     // folders 1: with folders, "." and ".." among them
     //

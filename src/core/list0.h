@@ -24,12 +24,12 @@ class KVARNPROG_API ListFel : public std::runtime_error {
 // A list of records of type T. Records are plain (trivially copyable), fixed in size and copied
 // byte-wise; each lies in one heap block with its two links.
 //
-// Results are 0 for success and -1 for an element that does not exist or an empty list, where
-// nothing else is said. Every operation that moves the current element refreshes the current
+// Results are 0 for success and -1 for an element that does not exist or an empty list, unless the
+// operation says otherwise. Every operation that moves the current element refreshes the current
 // record. A list is neither copied nor assigned: both throw.
 //
-//     for (int slut = lista.Home(); slut == 0; slut = lista++ != nullptr ? 0 : -1)
-//         use(lista.Get_aktel());
+//     for (int end = list.Home(); end == 0; end = list++ != nullptr ? 0 : -1)
+//         use(list.Get_aktel());
 template <class T> class list0 {
     static_assert(std::is_trivially_copyable<T>::value, "records are copied byte-wise");
 
@@ -95,8 +95,8 @@ template <class T> class list0 {
     int Set_pael();
 
     // Returns the position of the current element, counted from 1 as last maintained, or -1 when
-    // the list is empty. Stores the number of records in *antal when antal is not null.
-    int Where(int* antal);
+    // the list is empty. Stores the number of records in *count when count is not null.
+    int Where(int* count);
 
     // Sorts ascending by Sortval under the key, in n log n comparisons, relinking records without
     // moving them. Stable; a comparison that is positive for equal elements too brings them out in
@@ -132,7 +132,7 @@ template <class T> class list0 {
     int Sort_mark();
 
     nod* m_forsta = nullptr;
-    // Stale once the last record is gone: emptiness is told by m_forsta alone.
+    // Not cleared with the last record: the list is empty when m_forsta is null.
     nod* m_sista = nullptr;
     nod* aktel = nullptr;
     nod* mark = nullptr;
@@ -144,43 +144,43 @@ template <class T> class list0 {
     T* m_markpost = nullptr;
 
   private:
-    nod* NyNod(char const* minnesfel) const;
+    nod* NyNod(char const* memoryError) const;
     static void Frigor(nod* n);
-    // Current = the element, or none.
+    // Makes an element current; null leaves the list without a current element.
     int StallPa(nod* n);
     // True when the current element must come after the mark.
-    bool Efter(nod* aktuell, nod* jamford, int nyckel);
+    bool Efter(nod* current, nod* candidate, int nyckel);
     // Takes the element after n out of the list; puts an element in before n.
     void LossaEfter(nod* n);
-    void LankaFore(nod* ny, nod* n);
-    // Merges the two sorted runs [a, mitten) and [mitten, slut) of the node table into `ut`.
-    void Sammanfoga(nod** a, nod** mitten, nod** slut, nod** ut, int nyckel);
-    void Lanka(nod** noder);
-    [[noreturn]] void KastaSortfel(char const* format, std::int32_t forsta, std::int32_t andra);
+    void LankaFore(nod* added, nod* n);
+    // Merges the two sorted runs [a, middle) and [middle, end) of the node table into `out`.
+    void Sammanfoga(nod** a, nod** middle, nod** end, nod** out, int nyckel);
+    void Lanka(nod** nodes);
+    [[noreturn]] void KastaSortfel(char const* format, std::int32_t first, std::int32_t second);
 
     // An array that is freed with its scope; null when memory is out.
     struct nodtabell {
-        explicit nodtabell(std::int32_t antal)
-            : noder(new (std::nothrow) nod*[static_cast<std::size_t>(antal)]) {}
-        ~nodtabell() { delete[] noder; }
+        explicit nodtabell(std::int32_t count)
+            : nodes(new (std::nothrow) nod*[static_cast<std::size_t>(count)]) {}
+        ~nodtabell() { delete[] nodes; }
         nodtabell(nodtabell const&) = delete;
         nodtabell& operator=(nodtabell const&) = delete;
-        nod** noder;
+        nod** nodes;
     };
 
     // Puts the current element and the mark back where they were, also when a Sortval throws.
     struct platsminne {
-        explicit platsminne(list0& l) : lista(l), aktuell(l.aktel), markerad(l.mark) {}
+        explicit platsminne(list0& l) : list(l), current(l.aktel), marked(l.mark) {}
         ~platsminne() {
-            lista.StallPa(aktuell);
-            lista.mark = markerad;
-            lista.Sort_mark();
+            list.StallPa(current);
+            list.mark = marked;
+            list.Sort_mark();
         }
         platsminne(platsminne const&) = delete;
         platsminne& operator=(platsminne const&) = delete;
-        list0& lista;
-        nod* aktuell;
-        nod* markerad;
+        list0& list;
+        nod* current;
+        nod* marked;
     };
 };
 

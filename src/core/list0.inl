@@ -1,7 +1,7 @@
 // The members of list0; list0.h includes this file at its end.
 #pragma once
 
-// All of them stand outside the class: GCC does not export the inline members of a template,
+// All members are defined outside the class: GCC does not export the inline members of a template,
 // and clients derive from the library's instantiations.
 
 template <class T> T list0<T>::m_noll{};
@@ -18,9 +18,9 @@ template <class T> list0<T>& list0<T>::operator=(list0 const&) {
 
 template <class T> list0<T>::~list0() {
     for (nod* n = m_forsta; n != nullptr;) {
-        nod* const nasta = n->nasta;
+        nod* const next = n->nasta;
         Frigor(n);
-        n = nasta;
+        n = next;
     }
 }
 
@@ -42,57 +42,55 @@ template <class T> int list0<T>::StallPa(nod* n) {
     return Set_pael();
 }
 
-template <class T> typename list0<T>::nod* list0<T>::NyNod(char const* minnesfel) const {
+template <class T> typename list0<T>::nod* list0<T>::NyNod(char const* memoryError) const {
+    // Without std::bad_alloc: clients catch ListFel alone.
     void* const block = ::operator new(static_cast<std::size_t>(m_nodstorlek), std::nothrow);
     if (block == nullptr) {
-        throw ListFel(minnesfel);
+        throw ListFel(memoryError);
     }
     return ::new (block) nod; // links and record are set by the caller
 }
 
 template <class T> int list0<T>::Ny(int var, T* post) {
-    int const resultat = var == 1 ? Add() : Insert();
-    if (resultat < 0) {
-        return resultat;
-    }
+    var == 1 ? Add() : Insert();
     std::memcpy(m_aktpost, post != nullptr ? post : &m_noll, sizeof(T));
     return 0;
 }
 
 template <class T> int list0<T>::Add() {
-    nod* const ny = NyNod("Minnesbrist (Class list0)");
-    ny->nasta = nullptr;
+    nod* const added = NyNod("Minnesbrist (Class list0)");
+    added->nasta = nullptr;
     if (m_forsta == nullptr) {
-        ny->forra = nullptr;
-        m_forsta = aktel = ny;
+        added->forra = nullptr;
+        m_forsta = aktel = added;
         m_position = 1;
     } else {
-        ny->forra = m_sista;
-        m_sista->nasta = ny;
+        added->forra = m_sista;
+        m_sista->nasta = added;
         if (aktel == nullptr) { // lost by Set_aktel
             aktel = m_forsta;
             m_position = 1;
         }
     }
-    int steg = 0;
-    for (; aktel != ny; aktel = aktel->nasta) {
-        ++steg;
+    int steps = 0;
+    for (; aktel != added; aktel = aktel->nasta) {
+        ++steps;
     }
-    m_position += steg;
+    m_position += steps;
     ++m_antal;
-    m_sista = ny;
+    m_sista = added;
     Set_pael();
-    return steg;
+    return steps;
 }
 
 template <class T> int list0<T>::Insert() {
     if (m_forsta == nullptr) {
         return Add();
     }
-    nod* const ny = NyNod("Minnebrist (Class list0)");
-    LankaFore(ny, aktel != nullptr ? aktel : m_forsta);
+    nod* const added = NyNod("Minnebrist (Class list0)");
+    LankaFore(added, aktel != nullptr ? aktel : m_forsta);
     ++m_antal;
-    StallPa(ny);
+    StallPa(added);
     return 0;
 }
 
@@ -100,27 +98,27 @@ template <class T> int list0<T>::Delete() {
     if (m_forsta == nullptr || aktel == nullptr) {
         return -1;
     }
-    nod* const bort = aktel;
-    if (mark == bort) {
+    nod* const removed = aktel;
+    if (mark == removed) {
         mark = nullptr;
         m_markpost = nullptr;
     }
-    if (bort == m_forsta) {
-        m_forsta = aktel = bort->nasta;
+    if (removed == m_forsta) {
+        m_forsta = aktel = removed->nasta;
         if (aktel != nullptr) {
             aktel->forra = nullptr;
         }
-    } else if (bort->nasta != nullptr) {
-        aktel = bort->nasta;
-        aktel->forra = bort->forra;
-        bort->forra->nasta = aktel;
+    } else if (removed->nasta != nullptr) {
+        aktel = removed->nasta;
+        aktel->forra = removed->forra;
+        removed->forra->nasta = aktel;
     } else {
         --m_position;
-        aktel = m_sista = bort->forra;
+        aktel = m_sista = removed->forra;
         aktel->nasta = nullptr;
     }
     --m_antal;
-    Frigor(bort);
+    Frigor(removed);
     return Set_pael();
 }
 
@@ -200,18 +198,18 @@ template <class T> int list0<T>::Sort_mark() {
     return m_markpost != nullptr ? 0 : -1;
 }
 
-template <class T> int list0<T>::Where(int* antal) {
-    if (antal != nullptr) {
-        *antal = m_antal;
+template <class T> int list0<T>::Where(int* count) {
+    if (count != nullptr) {
+        *count = m_antal;
     }
     return m_forsta != nullptr ? m_position : -1;
 }
 
-template <class T> bool list0<T>::Efter(nod* aktuell, nod* jamford, int nyckel) {
-    aktel = aktuell;
-    m_aktpost = &aktuell->post;
-    mark = jamford;
-    m_markpost = &jamford->post;
+template <class T> bool list0<T>::Efter(nod* current, nod* candidate, int nyckel) {
+    aktel = current;
+    m_aktpost = &current->post;
+    mark = candidate;
+    m_markpost = &candidate->post;
     return Sortval(nyckel) > 0;
 }
 
@@ -226,73 +224,73 @@ template <class T> int list0<T>::Sortera(int nyckel) {
     if (m_antal == 1) {
         return 0;
     }
-    nodtabell tabell(m_antal);
-    if (tabell.noder == nullptr) {
+    nodtabell table(m_antal);
+    if (table.nodes == nullptr) {
         throw ListFel("Minnebrist (Pek-Class list0)");
     }
-    nodtabell hjalp(m_antal);
-    if (hjalp.noder == nullptr) {
+    nodtabell spare(m_antal);
+    if (spare.nodes == nullptr) {
         throw ListFel("Minnebrist (Sort-Class list0)");
     }
-    std::int32_t antal = 0;
+    std::int32_t count = 0;
     nod* n = m_forsta;
-    for (; n != nullptr && antal < m_antal; n = n->nasta) {
-        tabell.noder[antal++] = n;
+    for (; n != nullptr && count < m_antal; n = n->nasta) {
+        table.nodes[count++] = n;
     }
-    if (n != nullptr || antal != m_antal) {
-        KastaSortfel("Sorteringfel ! %ld st av %ld", antal, m_antal);
+    if (n != nullptr || count != m_antal) {
+        KastaSortfel("Sorteringfel ! %ld st av %ld", count, m_antal);
     }
 
-    platsminne const plats(*this);
-    nod** fran = tabell.noder;
-    nod** till = hjalp.noder;
-    for (std::int64_t bredd = 1; bredd < antal; bredd *= 2) {
-        for (std::int64_t i = 0; i < antal; i += 2 * bredd) {
-            std::int64_t const mitten = i + bredd < antal ? i + bredd : antal;
-            std::int64_t const slut = i + 2 * bredd < antal ? i + 2 * bredd : antal;
-            Sammanfoga(fran + i, fran + mitten, fran + slut, till + i, nyckel);
+    platsminne const place(*this);
+    nod** from = table.nodes;
+    nod** to = spare.nodes;
+    for (std::int64_t width = 1; width < count; width *= 2) {
+        for (std::int64_t i = 0; i < count; i += 2 * width) {
+            std::int64_t const middle = i + width < count ? i + width : count;
+            std::int64_t const end = i + 2 * width < count ? i + 2 * width : count;
+            Sammanfoga(from + i, from + middle, from + end, to + i, nyckel);
         }
-        nod** const bytt = fran;
-        fran = till;
-        till = bytt;
+        nod** const swapped = from;
+        from = to;
+        to = swapped;
     }
-    Lanka(fran);
+    Lanka(from);
     return 0;
 }
 
 template <class T>
-void list0<T>::Sammanfoga(nod** a, nod** mitten, nod** slut, nod** ut, int nyckel) {
-    nod** b = mitten;
+void list0<T>::Sammanfoga(nod** a, nod** middle, nod** end, nod** out, int nyckel) {
+    nod** b = middle;
     // Runs that already follow each other are copied: a sorted list costs n comparisons a round.
-    if (a < mitten && b < slut && !Efter(mitten[-1], *b, nyckel)) {
-        b = slut;
+    if (a < middle && b < end && !Efter(middle[-1], *b, nyckel)) {
+        b = end;
         for (; a < b; ++a) {
-            *ut++ = *a;
+            *out++ = *a;
         }
         return;
     }
-    while (a < mitten && b < slut) {
-        *ut++ = Efter(*a, *b, nyckel) ? *b++ : *a++;
+    while (a < middle && b < end) {
+        *out++ = Efter(*a, *b, nyckel) ? *b++ : *a++;
     }
-    while (a < mitten) {
-        *ut++ = *a++;
+    while (a < middle) {
+        *out++ = *a++;
     }
-    while (b < slut) {
-        *ut++ = *b++;
+    while (b < end) {
+        *out++ = *b++;
     }
 }
 
-template <class T> void list0<T>::Lanka(nod** noder) {
-    nod* forra = noder[0];
-    forra->forra = nullptr;
+template <class T> void list0<T>::Lanka(nod** nodes) {
+    nod* previous = nodes[0];
+    previous->forra = nullptr;
     for (std::int32_t i = 1; i < m_antal; ++i) {
-        noder[i]->forra = forra;
-        forra->nasta = noder[i];
-        forra = noder[i];
+        nodes[i]->forra = previous;
+        previous->nasta = nodes[i];
+        previous = nodes[i];
     }
-    forra->nasta = nullptr;
-    m_forsta = noder[0];
-    m_sista = forra;
+    previous->nasta = nullptr;
+    m_forsta = nodes[0];
+    m_sista = previous;
 }
 
 template <class T> int list0<T>::Omsortera(int nyckel) {
@@ -302,54 +300,54 @@ template <class T> int list0<T>::Omsortera(int nyckel) {
     if (m_antal == 1) {
         return 0;
     }
-    nod* ankare = m_forsta;
-    std::int32_t sorterade = 1;
-    for (; ankare->nasta != nullptr; ++sorterade) {
-        if (!Efter(ankare, ankare->nasta, nyckel)) {
-            ankare = ankare->nasta;
+    nod* anchor = m_forsta;
+    std::int32_t sorted = 1;
+    for (; anchor->nasta != nullptr; ++sorted) {
+        if (!Efter(anchor, anchor->nasta, nyckel)) {
+            anchor = anchor->nasta;
             continue;
         }
         // Its place is found before it is taken out: a Sortval that throws loses no record.
-        nod* const flyttas = ankare->nasta;
-        nod* plats = m_forsta;
-        while (plats != nullptr && (plats == flyttas || !Efter(plats, flyttas, nyckel))) {
-            plats = plats->nasta;
+        nod* const moved = anchor->nasta;
+        nod* place = m_forsta;
+        while (place != nullptr && (place == moved || !Efter(place, moved, nyckel))) {
+            place = place->nasta;
         }
-        if (plats == nullptr) {
+        if (place == nullptr) {
             throw ListFel("Internt sorteringsfel i Todbs::Sortera");
         }
-        LossaEfter(ankare);
-        LankaFore(flyttas, plats);
+        LossaEfter(anchor);
+        LankaFore(moved, place);
     }
-    if (sorterade != m_antal) {
-        KastaSortfel("Fel i sortering\nAntal poster %ld\nSorterade %ld", m_antal, sorterade);
+    if (sorted != m_antal) {
+        KastaSortfel("Fel i sortering\nAntal poster %ld\nSorterade %ld", m_antal, sorted);
     }
     return 0;
 }
 
 template <class T> void list0<T>::LossaEfter(nod* n) {
-    nod* const ut = n->nasta;
-    n->nasta = ut->nasta;
-    if (ut->nasta != nullptr) {
-        ut->nasta->forra = n;
+    nod* const out = n->nasta;
+    n->nasta = out->nasta;
+    if (out->nasta != nullptr) {
+        out->nasta->forra = n;
     } else {
         m_sista = n;
     }
 }
 
-template <class T> void list0<T>::LankaFore(nod* ny, nod* n) {
-    ny->forra = n->forra;
-    ny->nasta = n;
+template <class T> void list0<T>::LankaFore(nod* added, nod* n) {
+    added->forra = n->forra;
+    added->nasta = n;
     if (n->forra != nullptr) {
-        n->forra->nasta = ny;
+        n->forra->nasta = added;
     } else {
-        m_forsta = ny;
+        m_forsta = added;
     }
-    n->forra = ny;
+    n->forra = added;
 }
 
 template <class T>
-void list0<T>::KastaSortfel(char const* format, std::int32_t forsta, std::int32_t andra) {
-    m_text.Format(format, static_cast<long>(forsta), static_cast<long>(andra));
+void list0<T>::KastaSortfel(char const* format, std::int32_t first, std::int32_t second) {
+    m_text.Format(format, static_cast<long>(first), static_cast<long>(second));
     throw ListFel(m_text.GetString());
 }

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr unsigned toForeground = 65536; // MB_SETFOREGROUND
-
 CStatusBar* statusBar = nullptr;
 MessageBoxHandler boxHandler = nullptr;
 char messageBuffer[kvarn::messageBufferSize];
@@ -28,6 +26,7 @@ std::string ApplicationTitle() {
     return title;
 }
 
+// framework: AfxMessageBox. window: CWnd::MessageBox. desktop: a box without an owner.
 enum class Box { framework, window, desktop };
 
 int Show(Box box, CWnd* owner, MessageBoxRequest const& request) {
@@ -44,7 +43,7 @@ int Show(Box box, CWnd* owner, MessageBoxRequest const& request) {
     }
 }
 
-// The gate.
+// Every box passes here, so that the client's handler can take the place of each.
 int Message(Box box, CWnd* owner, char const* text, char const* caption, unsigned style) {
     MessageBoxRequest const request = {text, caption, style, box == Box::desktop ? 0 : 1};
     return boxHandler != nullptr ? boxHandler(request) : Show(box, owner, request);
@@ -69,6 +68,8 @@ char const* LastMessage() {
 }
 
 HINSTANCE LibraryModule() {
+    // Any address in the library tells its module; the handle holds no reference (GetModuleHandleEx
+    // in the Windows documentation).
     HMODULE module = nullptr;
     GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
                            GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
@@ -78,7 +79,7 @@ HINSTANCE LibraryModule() {
 
 int MessageOut(char const* text, unsigned buttons, unsigned icon, char const* caption) {
     if (CWnd* const owner = MainWindow()) {
-        return Message(Box::framework, owner, text, nullptr, buttons | icon | toForeground);
+        return Message(Box::framework, owner, text, nullptr, buttons | icon | MB_SETFOREGROUND);
     }
     return Message(Box::desktop, nullptr, text, caption, buttons | icon);
 }
@@ -86,7 +87,8 @@ int MessageOut(char const* text, unsigned buttons, unsigned icon, char const* ca
 int MessageOut(CString text, unsigned buttons, unsigned icon, CString const* caption) {
     char const* const title = caption != nullptr ? caption->GetString() : nullptr;
     if (CWnd* const owner = MainWindow()) {
-        return Message(Box::window, owner, text.GetString(), title, buttons | icon | toForeground);
+        return Message(Box::window, owner, text.GetString(), title,
+                       buttons | icon | MB_SETFOREGROUND);
     }
     return Message(Box::desktop, nullptr, text.GetString(), title, buttons | icon);
 }
@@ -101,23 +103,24 @@ void StatusText(char const* text) {
 namespace kvarn {
 
 void DesktopMessage(char const* text, char const* caption) {
-    Message(Box::desktop, nullptr, text, caption, messageOk | messageExclamation);
+    Message(Box::desktop, nullptr, text, caption, MB_OK | MB_ICONEXCLAMATION);
 }
 
 std::string ResourceText(HINSTANCE module, unsigned id) {
-    char text[255] = "";
+    char text[255] = ""; // the callers' limit, see the header
     if (module != nullptr) {
         LoadStringA(module, id, text, sizeof text);
     }
     return text;
 }
 
-void Notify(std::string_view text) {
-    MessageOut(ToMessageBuffer(text), messageOk, messageExclamation, nullptr);
-}
-
-void NotifyTitled(std::string_view text) {
-    MessageOut(CString(ToMessageBuffer(text)), messageOk, messageExclamation, nullptr);
+void Notify(std::string_view text, Caption caption) {
+    char const* const shown = ToMessageBuffer(text);
+    if (caption == Caption::application) {
+        MessageOut(shown, MB_OK, MB_ICONEXCLAMATION, nullptr);
+    } else {
+        MessageOut(CString(shown), MB_OK, MB_ICONEXCLAMATION, nullptr);
+    }
 }
 
 void SetLastMessage(std::string_view text) {

@@ -6,8 +6,8 @@
 #include "../host/host.h"
 
 // Hands the host's status bar to the library, which shows bad lines of data files in its pane 0.
-// Null, as at load, or a bar whose window is gone: such texts are dropped. The bar stays the
-// host's.
+// With null, as at load, or a bar whose window is gone these texts are dropped. The host keeps the
+// ownership of the bar.
 KVARNPROG_API void SetStatusBar(CStatusBar* bar);
 
 // A message box that the library wants to show. The texts are in code page 1252 and valid during
@@ -25,10 +25,9 @@ using MessageBoxHandler = int (*)(MessageBoxRequest const&);
 // IDNO 7). Null restores the message box. The handler must stay valid until it is replaced.
 KVARNPROG_API void SetMessageBoxHandler(MessageBoxHandler handler);
 
-// The shared message buffer: 2,048 bytes, zero-filled at load and never cleared. It holds the text
-// that was last made for a box over the main window or for the status bar, but for bad lines of
-// data files (see LastMessage) and boxes with a caption of their own. Two readers of data files
-// look at it.
+// The shared message buffer: 2,048 bytes, zero-filled at load and never cleared. It holds the last
+// text that was made for a box or for the status bar, except for bad lines of data files (see
+// LastMessage) and boxes with their own captions. Two readers of data files look at it.
 KVARNPROG_API char* MessageBuffer();
 
 // The text of the last bad line of a data file; empty at load.

@@ -23,7 +23,7 @@ class OpenKey {
     OpenKey(OpenKey const&) = delete;
     OpenKey& operator=(OpenKey const&) = delete;
 
-    // Made, with those above it, where it is missing.
+    // Opens the key; makes it, with those above it, if it is missing.
     static OpenKey Made(HKEY root, CString const& path, REGSAM access) {
         HKEY key = nullptr;
         LSTATUS const made =
@@ -49,7 +49,8 @@ class OpenKey {
     LSTATUS m_result;
 };
 
-// A value's bytes as a text, whether they end in a zero or not; the text stays on failure.
+// A value's bytes as a text; the text stays on failure. Stored texts may lack the zero at their end
+// (RegQueryValueEx in the Windows documentation), so the buffer has room for one more.
 LSTATUS QueryText(OpenKey const& key, CString const& name, CString& text) {
     char bytes[longestText + 1] = "";
     DWORD size = longestText;
@@ -60,7 +61,7 @@ LSTATUS QueryText(OpenKey const& key, CString const& name, CString& text) {
     return read;
 }
 
-// The memory of a date and time: an 8-byte double, a 32-bit status, padding.
+// The memory of a COleDateTime, as it has always been stored: the padding is written too.
 struct DateTimeImage {
     double date;
     std::int32_t status;
@@ -70,7 +71,7 @@ static_assert(sizeof(DateTimeImage) == 16 && sizeof(LOGFONTA) == 60);
 
 } // namespace
 
-CRegistry::CRegistry() : m_rot(HKEY_CURRENT_USER) {}
+CRegistry::CRegistry() : m_root(HKEY_CURRENT_USER) {}
 
 CRegistry::CRegistry(CRegistry const&) = default;
 
@@ -85,45 +86,45 @@ int CRegistry::SetRootKey(HKEY root) {
         root != HKEY_USERS) {
         return 0;
     }
-    m_rot = root;
+    m_root = root;
     return 1;
 }
 
 HKEY CRegistry::GetRootKey() {
-    return m_rot;
+    return m_root;
 }
 
 void CRegistry::Flush(HKEY key) {
-    if (m_senareSkrivning == 0) {
+    if (m_deferFlush == 0) {
         RegFlushKey(key);
     }
 }
 
 int CRegistry::SetKey(CString path, int create, REGSAM access) {
     if (path.IsEmpty()) {
-        m_sokvag = "";
+        m_path = "";
         return 1;
     }
     if (create != 0) {
         return MakeKey(path, access);
     }
-    OpenKey const key(m_rot, path, access);
-    m_sistaFel = key.Result();
+    OpenKey const key(m_root, path, access);
+    m_lastError = key.Result();
     if (!key.IsOpen()) {
         return 0;
     }
     Flush(key.Get());
-    m_sokvag = path;
+    m_path = path;
     return 1;
 }
 
 int CRegistry::MakeKey(CString const& path, REGSAM access) {
-    OpenKey const key = OpenKey::Made(m_rot, path, access);
+    OpenKey const key = OpenKey::Made(m_root, path, access);
     if (!key.IsOpen()) {
         return 0;
     }
     Flush(key.Get());
-    m_sokvag = path;
+    m_path = path;
     return 1;
 }
 
@@ -132,54 +133,54 @@ int CRegistry::CreateKey(CString path) {
 }
 
 int CRegistry::DeleteKey(CString path) {
-    return KeyExists(path) == 0 || RegDeleteKeyA(m_rot, path.GetString()) == ERROR_SUCCESS ? 1 : 0;
+    return KeyExists(path) == 0 || RegDeleteKeyA(m_root, path.GetString()) == ERROR_SUCCESS ? 1 : 0;
 }
 
 int CRegistry::KeyExists(CString path, HKEY parent) {
-    return OpenKey(parent != nullptr ? parent : m_rot, path, KEY_ALL_ACCESS).IsOpen() ? 1 : 0;
+    return OpenKey(parent != nullptr ? parent : m_root, path, KEY_ALL_ACCESS).IsOpen() ? 1 : 0;
 }
 
 int CRegistry::PathIsValid() {
-    return m_sokvag.IsEmpty() ? 0 : 1;
+    return m_path.IsEmpty() ? 0 : 1;
 }
 
 CString CRegistry::GetCurrentPath() {
-    return m_sokvag;
+    return m_path;
 }
 
 int CRegistry::ClearKey() {
-    m_sokvag = "";
-    m_rot = HKEY_CURRENT_USER;
-    m_senareSkrivning = 1;
+    m_path = "";
+    m_root = HKEY_CURRENT_USER;
+    m_deferFlush = 1;
     return 1;
 }
 
 int CRegistry::ValueExists(CString name) {
-    OpenKey const key(m_rot, m_sokvag, KEY_ALL_ACCESS);
+    OpenKey const key(m_root, m_path, KEY_ALL_ACCESS);
     return key.Query(name, nullptr, nullptr, nullptr) == ERROR_SUCCESS ? 1 : 0;
 }
 
 int CRegistry::DeleteValue(CString name) {
-    OpenKey const key(m_rot, m_sokvag, KEY_SET_VALUE);
+    OpenKey const key(m_root, m_path, KEY_SET_VALUE);
     return key.IsOpen() && RegDeleteValueA(key.Get(), name.GetString()) == ERROR_SUCCESS ? 1 : 0;
 }
 
 int CRegistry::GetDataSize(CString name) {
-    OpenKey const key(m_rot, m_sokvag, KEY_QUERY_VALUE);
+    OpenKey const key(m_root, m_path, KEY_QUERY_VALUE);
     DWORD size = 0;
     bool const found = key.Query(name, nullptr, nullptr, &size) == ERROR_SUCCESS;
     return found ? static_cast<int>(size) : -1;
 }
 
 DWORD CRegistry::GetDataType(CString name) {
-    OpenKey const key(m_rot, m_sokvag, KEY_QUERY_VALUE);
+    OpenKey const key(m_root, m_path, KEY_QUERY_VALUE);
     DWORD type = 0;
-    m_sistaFel = key.Query(name, &type, nullptr, nullptr);
-    return m_sistaFel == ERROR_SUCCESS ? type : 0;
+    m_lastError = key.Query(name, &type, nullptr, nullptr);
+    return m_lastError == ERROR_SUCCESS ? type : 0;
 }
 
 int CRegistry::Count(bool values) {
-    OpenKey const key(m_rot, m_sokvag, KEY_ALL_ACCESS);
+    OpenKey const key(m_root, m_path, KEY_ALL_ACCESS);
     char keyClass[256];
     DWORD classSize = sizeof keyClass - 1;
     DWORD keyCount = 0;
@@ -204,22 +205,22 @@ void CRegistry::RenameValue(CString, CString) {}
 CString CRegistry::ReadString(CString name, CString standard) {
     DWORD const type = GetDataType(name);
     if (type == REG_SZ || type == REG_EXPAND_SZ) {
-        m_sistaFel = QueryText(OpenKey(m_rot, m_sokvag, KEY_READ), name, standard);
+        m_lastError = QueryText(OpenKey(m_root, m_path, KEY_READ), name, standard);
     }
     return standard;
 }
 
 CString CRegistry::ReadStringKey3264(CString path, CString name, CString standard) {
-    OpenKey const own(m_rot, path, KEY_READ);
-    m_sistaFel = own.IsOpen()
-                     ? QueryText(own, name, standard)
-                     : QueryText(OpenKey(m_rot, path, KEY_READ | KEY_WOW64_64KEY), name, standard);
+    OpenKey const own(m_root, path, KEY_READ);
+    m_lastError =
+        own.IsOpen() ? QueryText(own, name, standard)
+                     : QueryText(OpenKey(m_root, path, KEY_READ | KEY_WOW64_64KEY), name, standard);
     return standard;
 }
 
-// Up to `size` bytes; what lies beyond the value's own stays as it was.
+// Reads up to `size` bytes; a shorter value leaves the rest of the data as it was.
 bool CRegistry::Read(CString const& name, void* data, DWORD size) {
-    return OpenKey(m_rot, m_sokvag, KEY_READ).Query(name, nullptr, data, &size) == ERROR_SUCCESS;
+    return OpenKey(m_root, m_path, KEY_READ).Query(name, nullptr, data, &size) == ERROR_SUCCESS;
 }
 
 int CRegistry::ReadInt(CString name, int standard) {
@@ -282,7 +283,7 @@ int CRegistry::ReadFont(CString name, CFont* font) {
 }
 
 int CRegistry::Write(CString const& name, DWORD type, void const* data, DWORD size) {
-    OpenKey const key(m_rot, m_sokvag, KEY_WRITE);
+    OpenKey const key(m_root, m_path, KEY_WRITE);
     if (!key.IsOpen() || RegSetValueExA(key.Get(), name.GetString(), 0, type,
                                         static_cast<BYTE const*>(data), size) != ERROR_SUCCESS) {
         return 0;

@@ -9,8 +9,8 @@
 // A root key and the path of a key below it. Every read and write opens the key, does one thing and
 // closes it: no key stays open between calls.
 //
-// Results are 1 for success and 0 for failure where nothing else is said. A missing key, a missing
-// value, access that is refused and data that is too long fail alike; nothing is shown or thrown.
+// Results are 1 for success and 0 for failure unless the operation says otherwise. A missing key, a
+// missing value, refused access and data that is too long fail alike; nothing is shown or thrown.
 //
 // Values are stored as follows, the least significant byte first:
 //
@@ -36,45 +36,47 @@ class KVARNPROG_API CRegistry {
     CRegistry& operator=(CRegistry const&);
     ~CRegistry();
 
-    // HKEY_CLASSES_ROOT, HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE or HKEY_USERS; any other is refused
-    // with 0, and the root key stays.
+    // Takes HKEY_CLASSES_ROOT, HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE and HKEY_USERS; returns 0 for
+    // any other key, and the root key stays.
     int SetRootKey(HKEY root);
     HKEY GetRootKey();
 
-    // Chooses the path, without a leading backslash; with create not 0 the key is made where it is
-    // missing. The key is opened once with the access mask, such as KEY_READ; when that fails the
-    // path stays as it was. An empty path is always taken: values are then those of the root key.
+    // Chooses the path, without a leading backslash. The key is opened once with the access mask,
+    // such as KEY_READ, and made first if it is missing and create is not 0; when that fails the
+    // path stays as it was. An empty path is always accepted: values are then those of the root
+    // key.
     int SetKey(CString path, int create, REGSAM access);
     // Makes the key, with those above it, and chooses it.
     int CreateKey(CString path);
-    // Deletes a key that has none below it. 1 also for a key that is missing, or that cannot be
-    // opened for full access. The path that is chosen stays.
+    // Deletes a key without keys below it. Returns 1 also for a key that is missing or cannot be
+    // opened for full access. The chosen path stays.
     int DeleteKey(CString path);
-    // Whether the key below the parent (null: below the root key) can be opened for full access: a
-    // restricted user gets 0 for keys of the machine that are there.
+    // Whether the key below the parent (null: below the root key) can be opened for full access. A
+    // restricted user gets 0 for the machine's keys even when they exist.
     int KeyExists(CString path, HKEY parent = nullptr);
     int PathIsValid(); // 1 when a path is chosen
     CString GetCurrentPath();
-    // As after construction. Returns 1.
+    // Restores the state after construction. Returns 1.
     int ClearKey();
 
     // Opens the key for full access, as do the two counts.
     int ValueExists(CString name);
     int DeleteValue(CString name);
-    // In bytes; -1 when there is none.
+    // In bytes; -1 when the value is missing.
     int GetDataSize(CString name);
-    // A type such as REG_SZ; 0 when there is no value.
+    // A type such as REG_SZ; 0 when the value is missing.
     DWORD GetDataType(CString name);
     // -1 on failure.
     int GetSubKeyCount();
     int GetValueCount();
-    // Does nothing, and never has: both values keep their names.
+    // Known quirk, kept on purpose: does nothing.
     void RenameValue(CString from, CString to);
 
-    // A text of at most 254 characters, REG_EXPAND_SZ not expanded; the default for other types.
+    // A text of at most 254 characters, and the default for other types. REG_EXPAND_SZ is not
+    // expanded.
     CString ReadString(CString name, CString standard);
-    // The same of an explicit path below the root key, also in the registry's 64-bit view, whatever
-    // the value's type. The path that is chosen stays.
+    // Reads from an explicit path below the root key, and from the registry's 64-bit view when the
+    // program's own view has no such key. Any type of value is read. The chosen path stays.
     CString ReadStringKey3264(CString path, CString name, CString standard);
     int ReadInt(CString name, int standard);
     BOOL ReadBool(CString name, BOOL standard);
@@ -82,12 +84,12 @@ class KVARNPROG_API CRegistry {
     DWORD ReadDword(CString name, DWORD standard);
     double ReadFloat(CString name, double standard);
     COleDateTime ReadDateTime(CString name, COleDateTime standard);
-    // Into the caller's object, which is not to be relied on after 0.
+    // These three fill the caller's object; after 0 its content is undefined.
     int ReadSize(CString name, CSize* size);
     int ReadPoint(CString name, CPoint* point);
     int ReadRect(CString name, CRect* rect);
-    // The object gets a new font; the one that it held is detached and not deleted. After 0 the
-    // object is as it was.
+    // Gives the object a new font; the old one is detached and not deleted. After 0 the object is
+    // unchanged.
     int ReadFont(CString name, CFont* font);
 
     // Texts of 255 characters or more are refused.
@@ -110,8 +112,10 @@ class KVARNPROG_API CRegistry {
     bool Read(CString const& name, void* data, DWORD size);
     int Write(CString const& name, DWORD type, void const* data, DWORD size);
 
-    std::int32_t m_sistaFel = 0; // result of the last call that keeps it
-    HKEY m_rot;
-    std::int32_t m_senareSkrivning = 1; // 0: flush after every change
-    CString m_sokvag;
+    std::int32_t m_lastError = 0; // result of the last call that keeps it
+    HKEY m_root;
+    // 0: flush after every change. Known quirk, kept on purpose: no operation sets it, so Windows
+    // writes to the disk in its own time. Clients' objects have room for it.
+    std::int32_t m_deferFlush = 1;
+    CString m_path;
 };

@@ -8,7 +8,7 @@
 namespace kvarn {
 namespace {
 
-// A file's content as it was at its opening.
+// The content of a file, which must not change between opening and the end of the copying.
 class FileContent : public Content {
   public:
     explicit FileContent(char const* path) : m_file(path), m_status(m_file.Status()) {}
@@ -39,7 +39,8 @@ class FileContent : public Content {
         return std::uint64_t{status.nFileSizeHigh} << 32U | status.nFileSizeLow;
     }
 
-    // Otherwise the copy would have another content than its time tells.
+    // A change would give the copy a newer content than its time says, and hide it from whoever
+    // copies newer files.
     bool IsUnchanged() const {
         auto const now = m_file.Status();
         return now && SizeIn(*now) == Size() &&

@@ -12,8 +12,10 @@
 namespace kvarn {
 namespace {
 
-constexpr DWORD pause = 20;        // milliseconds between attempts
-constexpr int attemptsInTurn = 25; // half a second
+// Others hold a file for some milliseconds: a writer of a settings file, or a virus scanner. After
+// half a second their program hangs or was killed, and the user is waiting.
+constexpr DWORD pause = 20; // milliseconds between attempts
+constexpr int attemptsInTurn = 25;
 
 class TextContent : public Content {
   public:
@@ -25,18 +27,18 @@ class TextContent : public Content {
     std::string_view m_text;
 };
 
-// What is to be done, by whatever way.
+// What the caller wants, for every way of writing.
 struct Job {
     char const* path;
     Content& content;
-    char const* besidePath; // null: a name of its own
+    char const* besidePath; // null: a unique name
     Existing existing;
     Waiting waiting;
 
     int Attempts(int most) const { return waiting == Waiting::inTurn ? most : 1; }
 };
 
-// Waits a while for another program that is writing the file in place.
+// Opens the file; waits a while for another program that is writing it in place.
 OutFile Open(Job const& job, DWORD disposition, DWORD share) {
     OutFile file(job.path, disposition, share);
     for (int i = 1; i < job.Attempts(attemptsInTurn) && !file.IsOpen() &&
@@ -48,13 +50,14 @@ OutFile Open(Job const& job, DWORD disposition, DWORD share) {
     return file;
 }
 
-// The content with its time.
+// Writes the content, then its time: writing changes the time.
 bool Fill(OutFile& file, Content& content) {
     std::optional<Looks> const looks = content.Look();
     return content.WriteTo(file) && (!looks || file.SetTime(looks->written));
 }
 
-// Plain attributes, read-only and hidden for two. A new file has none of them.
+// Sets attributes such as read-only and hidden. A new file has none of them, so the common case
+// needs no call.
 bool SetAttributes(char const* path, DWORD attributes) {
     constexpr DWORD everyday = FILE_ATTRIBUTE_NORMAL | FILE_ATTRIBUTE_ARCHIVE;
     DWORD const special = attributes & ~everyday;
@@ -100,7 +103,7 @@ bool CarryOverRights(char const* from, char const* to) {
     return carried; // the last: the access rights themselves
 }
 
-// What a path stands for when it is about to be written.
+// What a path names when it is about to be written.
 struct Target {
     bool opens = false; // for writing, or it does not exist
     bool exists = false;
@@ -111,6 +114,7 @@ struct Target {
 
 Target Look(Job const& job) {
     char const* const path = job.path;
+    // First of all: a target that cannot be opened for writing fails, though it could be replaced.
     OutFile const file = Open(job, OPEN_EXISTING, shareAll);
     if (!file.IsOpen()) {
         bool const missing = GetLastError() == ERROR_FILE_NOT_FOUND;
@@ -128,7 +132,7 @@ Target Look(Job const& job) {
 }
 
 Target Find(Job const& job) {
-    constexpr int attempts = 10;
+    constexpr int attempts = 10; // so many programs do not replace it in a row
     Target target = Look(job);
     for (int i = 1; i < attempts && target.gone; ++i) {
         target = Look(job);
@@ -146,14 +150,14 @@ class Beside {
   public:
     Beside(Job const& job, Target const& target) : m_job(job), m_target(target) {
         job.besidePath != nullptr ? MakeKnown() : MakeOwn();
-        // Before there is anything in it to be read.
+        // Before the content: nobody may read it who may not read the target.
         m_rights =
             m_made && (!m_target.exists || CarryOverRights(m_target.path.c_str(), m_path.c_str()));
     }
     ~Beside() {
         m_file = OutFile();
         if (m_made && !m_kept) {
-            SetFileAttributesA(m_path.c_str(), FILE_ATTRIBUTE_NORMAL); // read-only ones would stay
+            SetFileAttributesA(m_path.c_str(), FILE_ATTRIBUTE_NORMAL); // a read-only file stays
             DeleteFileA(m_path.c_str());
         }
     }
@@ -198,7 +202,7 @@ class Beside {
                  std::to_string(++serial) + ".tmp");
         }
     }
-    // With a name that others know: of a writer that was killed it is taken over.
+    // With the name that other programs know; takes the file over from a writer that was killed.
     void MakeKnown() {
         Make(m_job.besidePath);
         for (int i = 1; i < attemptsInTurn && !m_made && FileWasThere(); ++i) {
@@ -209,7 +213,8 @@ class Beside {
             Make(m_job.besidePath);
         }
     }
-    // INVALID_FILE_ATTRIBUTES where the target's cannot be told.
+    // Those of the content, else those of the target; INVALID_FILE_ATTRIBUTES when the host does
+    // not tell the target's.
     DWORD Attributes() const {
         std::optional<Looks> const looks = m_job.content.Look();
         return looks             ? looks->attributes

@@ -1,5 +1,5 @@
-// Rewriting a whole file so that it holds the old content or the new, never a half: what no host
-// offers in one call. Written with the Windows calls alone, the same on every host.
+// Rewrites a whole file so that it holds the old content or the new one, never a half. No host
+// offers this in one call. Uses Windows calls alone and works in the same way on every host.
 #pragma once
 
 #include <cstdint>
@@ -20,41 +20,41 @@ enum class Rewritten {
 // rename. Symbolic links are followed; attributes and access rights are carried over, owner and
 // group where the system lets us. (Another hard link to the file keeps the old content.)
 //
-// Where no file can be made beside it, or the rename is refused though the file opens for writing
-// (another program holds it open), or it is no ordinary file, it is written in place: its room is
-// reserved first, and the new content is kept beside it, where it could be made, until that has
-// succeeded. Two programs that write in place take turns.
+// The file is written in place when no file can be made beside it, when the rename is refused
+// though the file opens for writing (another program holds it open), and when it is no ordinary
+// file. Its room is then reserved first, and the file beside it keeps the new content until the
+// writing has succeeded. Two programs that write in place take turns.
 //
 // A program that is killed in the middle leaves the file beside it: NAME.<process>-<number>.tmp.
 //
-// On the rename: MoveFileEx in the Windows documentation (where ReplaceFile combines several
-// steps); rename in POSIX.1-2017.
+// Sources for the rename: MoveFileEx in the Windows documentation (ReplaceFile is several steps,
+// any of which may fail); rename in POSIX.1-2017.
 Rewritten RewriteFile(char const* path, std::string_view content);
 
-// The same with a name for the file beside it, in the same folder, by which other programs know it:
-// whoever makes it is the one who writes. One that is there already is waited for, half a second,
-// and then taken over, since its writer was killed. Where it cannot be made nothing is written, and
-// the result is failed.
+// The same, but the file beside it has a name that other programs know, in the same folder: the
+// program that makes this file may write. If another program has made it, the call waits half a
+// second for its writer and then takes it over, since the writer must have been killed. When the
+// file cannot be made nothing is written, and the result is failed.
 Rewritten RewriteFile(char const* path, std::string_view content, char const* besidePath);
 
 class OutFile;
 
-// What a file looks like beside its content.
+// What a file has besides its content.
 struct Looks {
     DWORD attributes;
     FILETIME written;
 };
 
-// What a file is to hold, where that is more than a text in memory.
+// The new content of a file, which need not be a text in memory.
 class Content {
   public:
     virtual ~Content() = default;
     // In bytes.
     virtual std::uint64_t Size() const = 0;
-    // Writes all of it from its beginning; false when it cannot be had whole. Asked for once more
-    // where the file is written in place after all.
+    // Writes all of it from its beginning; false when that fails or the source cannot be read
+    // whole. Called a second time when the file has to be written in place.
     virtual bool WriteTo(OutFile& file) = 0;
-    // Nothing: as the file looked before, and changed now.
+    // Nothing: the file keeps its attributes and gets the present time.
     virtual std::optional<Looks> Look() const { return std::nullopt; }
 };
 

@@ -18,7 +18,7 @@ OutFile& OutFile::operator=(OutFile&& other) noexcept {
 }
 
 std::string OutFile::RealPath() const {
-    constexpr DWORD usualForm = 0;
+    constexpr DWORD usualForm = 0; // with a drive letter
     std::string path(MAX_PATH, '\0');
     auto const length = [&] {
         return GetFinalPathNameByHandleA(m_file, path.data(), static_cast<DWORD>(path.size()),
@@ -41,14 +41,14 @@ bool OutFile::Reserve(std::uint64_t size) {
     }
     bool const reserved = EndAt(static_cast<std::int64_t>(size));
     if (!reserved) {
-        EndAt(before.QuadPart);
+        EndAt(before.QuadPart); // the old content stays as it was
     }
     return MoveTo(0) && reserved;
 }
 
 bool OutFile::Write(std::string_view content) {
     while (!content.empty()) {
-        constexpr std::size_t most = 1U << 30U;
+        constexpr std::size_t most = 1U << 30U; // WriteFile's count has 32 bits
         std::string_view const part = content.substr(0, most);
         DWORD written = 0;
         if (WriteFile(m_file, part.data(), static_cast<DWORD>(part.size()), &written, nullptr) ==

@@ -1,4 +1,4 @@
-// A file that is open for writing, closed with its scope: what rewriting and copying do with one.
+// A file that is open for writing and closed with its scope, for rewriting and copying.
 #pragma once
 
 #include <cstdint>
@@ -29,17 +29,17 @@ class OutFile {
     // The path without links; empty when the system does not tell it.
     std::string RealPath() const;
 
-    // Makes room for a content of that size, so that a full disk is met before anything is
+    // Makes room for a content of that size, so that a full disk shows before anything is
     // overwritten.
     bool Reserve(std::uint64_t size);
     bool Write(std::string_view content);
-    // The file ends where writing has come to.
+    // Ends the file at the present position.
     bool Cut() { return !IsOrdinary() || SetEndOfFile(m_file) != FALSE; }
-    // The time of the last change; what is written later changes it again.
+    // Sets the time of the last change; later writing changes it again.
     bool SetTime(FILETIME const& written) {
         return SetFileTime(m_file, nullptr, nullptr, &written) != FALSE;
     }
-    // All of it is on the disk, and the file closed.
+    // Flushes the file to the disk and closes it.
     bool Finish();
 
   private:

@@ -5,7 +5,7 @@
 #include <span>
 
 #include "../files/textfil.h"
-#include "../project/sokordning.h"
+#include "../project/searchorder.h"
 #include "../text/format.h"
 #include "../text/scan.h"
 #include "../text/text.h"
@@ -48,7 +48,7 @@ std::span<char const* const> Tabell(int slag, int norsk) {
 }
 
 CString Stenkodfil(CBergOrMateLista const& lista) {
-    return kvarn::ForstFunna(lista.m_proj, lista.m_ini,
+    return kvarn::FirstFound(lista.m_proj, lista.m_ini,
                              lista.m_norsk == norska ? CBergOrMateLista::FILNAMNN
                                                      : CBergOrMateLista::FILNAMN);
 }

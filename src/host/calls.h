@@ -1,5 +1,5 @@
-// Everything that the library's own code meets of the host: what clients meet too, the plain calls,
-// and those of settings, the registry, modules and windows.
+// All calls of the host that the library's own code makes: those that clients see too, the plain
+// calls, and the calls for settings, the registry, modules and windows.
 #pragma once
 
 #include "../compat/calls.h"

@@ -1,9 +1,9 @@
-// The one header through which clients meet the host: Windows itself or the types and the few calls
-// of it that they need on other hosts, and MFC or the stand-ins for it. The library's own code
-// includes calls.h, which offers more.
+// The one header through which clients see the host: Windows itself, or on other hosts the types
+// and the few calls of it that they need, and MFC or its stand-ins. The library's own code includes
+// calls.h, which offers more.
 //
-// Built with MFC (KVARNPROG_MFC, or a client with the shared MFC library), MFC brings the Windows
-// headers along and nothing of compat/ is used.
+// With MFC (KVARNPROG_MFC, or a client with the shared MFC library) the Windows headers come from
+// MFC and nothing of compat/ is used.
 #pragma once
 
 #if defined(UNICODE) || defined(_UNICODE)

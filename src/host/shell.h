@@ -1,4 +1,5 @@
-// The shell's folders, command line and processes: what the bootstrap alone meets of the host.
+// The shell's folders and paths, the command line and processes, for the first start and for making
+// projects.
 #pragma once
 
 #include "../compat/types.h"

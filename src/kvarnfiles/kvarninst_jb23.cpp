@@ -2,7 +2,7 @@
 #include "../files/pathparts.h"
 #include "../files/textfil.h"
 #include "../formats/jb23.h"
-#include "../project/sokordning.h"
+#include "../project/searchorder.h"
 #include "../text/codepage.h"
 #include "cannotopen.h"
 #include "jb23write.h"
@@ -12,7 +12,7 @@ namespace {
 
 // A new file is made for all projects.
 CString PathToWrite(CProjPath const* projekt, CAutoIni const* ini) {
-    CString path = kvarn::ForstFunna(projekt, ini, CProjPath::Jb23ParNamn);
+    CString path = kvarn::FirstFound(projekt, ini, CProjPath::Jb23ParNamn);
     if (path.IsEmpty() && ini != nullptr && !ini->m_cfgKat.IsEmpty()) {
         path = kvarn::PathOf(ini->m_cfgKat.GetString(), CProjPath::Jb23ParNamn).c_str();
     }
@@ -41,7 +41,7 @@ int kvarn::WriteJb23(CProjPath const* projekt, CAutoIni const* ini, char const* 
 }
 
 CString CKvarnInst::Jb23ReadKey(CString key) {
-    CString const path = kvarn::ForstFunna(m_proj, m_ini, CProjPath::Jb23ParNamn);
+    CString const path = kvarn::FirstFound(m_proj, m_ini, CProjPath::Jb23ParNamn);
     if (path.IsEmpty()) {
         return {};
     }

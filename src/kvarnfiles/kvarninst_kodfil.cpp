@@ -3,7 +3,7 @@
 #include "../files/pathparts.h"
 #include "../formats/kodfil.h"
 #include "../host/calls.h"
-#include "../project/sokordning.h"
+#include "../project/searchorder.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
 #include "clientbuffer.h"
@@ -50,7 +50,7 @@ void BeginKodfil(kvarn::WritePass& pass, char const* path) {
 int CKvarnInst::KodfilDatRead(char* code, char* text) {
     kvarn::ReadPass pass(m_fil, kvarn::PassKind::kodfil);
     if (pass.IsFree()) {
-        pass.Open(kvarn::ForstFunna(m_proj, m_ini, CProjPath::Kodfil),
+        pass.Open(kvarn::FirstFound(m_proj, m_ini, CProjPath::Kodfil),
                   "Läsning av Markvida - kodfil.dat inställningar"_1252);
         if (pass.File() != nullptr) {
             kvarn::KodfilHeader const header(*pass.File());
@@ -71,7 +71,7 @@ int CKvarnInst::KodfilDatWrite(int mode, char const* code, char const* text) {
     constexpr int end = 2;
     constexpr int beginAndEnd = 3;
     kvarn::WritePass pass(m_fil, kvarn::PassKind::kodfil);
-    auto const path = [this] { return kvarn::ForstFunna(m_proj, m_ini, CProjPath::Kodfil); };
+    auto const path = [this] { return kvarn::FirstFound(m_proj, m_ini, CProjPath::Kodfil); };
     if (mode == begin || mode == beginAndEnd) {
         kvarn::ClosePass(m_fil); // before its file is looked for
         if (CString const file = path(); !file.IsEmpty()) {

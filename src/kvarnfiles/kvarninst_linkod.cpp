@@ -1,5 +1,5 @@
 #include "../formats/linkod.h"
-#include "../project/sokordning.h"
+#include "../project/searchorder.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
 #include "../text/letters.h"
@@ -10,7 +10,7 @@
 
 int CKvarnInst::LinkodRead(char* code, char* word, char* text, double* number, int* integer) {
     kvarn::ReadPass pass(m_fil, kvarn::PassKind::linkod);
-    if (pass.IsFree() && !pass.Open(kvarn::ForstFunna(m_proj, m_ini, CProjPath::Linkod),
+    if (pass.IsFree() && !pass.Open(kvarn::FirstFound(m_proj, m_ini, CProjPath::Linkod),
                                     "Läsning av Kvarnbok - Linkod.dat inställningar"_1252)) {
         return -1;
     }
@@ -43,7 +43,7 @@ int CKvarnInst::LinkodWrite(int mode, char const* a, char const* b, char const* 
     enum { begin = 1, ordinary = 2, pv = 4, end = 5 };
     kvarn::WritePass pass(m_fil, kvarn::PassKind::linkod);
     if (mode == begin) {
-        CString const path = kvarn::ForstFunna(m_proj, m_ini, CProjPath::Linkod);
+        CString const path = kvarn::FirstFound(m_proj, m_ini, CProjPath::Linkod);
         if (!pass.Begin(path)) {
             kvarn::CannotWrite(path, "Skrivning av Kvarnbok - Linkod.par inställningar"_1252);
         }

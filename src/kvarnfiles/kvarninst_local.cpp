@@ -5,7 +5,7 @@
 #include "../files/filerewrite.h"
 #include "../formats/stenkod.h"
 #include "../host/calls.h"
-#include "../project/sokordning.h"
+#include "../project/searchorder.h"
 #include "../text/lines.h"
 #include "codepass.h"
 #include "kvarninst.h"
@@ -15,12 +15,12 @@ namespace {
 
 // Makes the project's copy where it is missing, or is to be replaced.
 void Create(CKvarnInst& inst, kvarn::LocalFile const& file, bool overwrite) {
-    CString const target = kvarn::Projektkopia(inst.m_proj, file.name);
+    CString const target = kvarn::ProjectCopy(inst.m_proj, file.name);
     if (target.IsEmpty() || (kvarn::FileExists(target) && !(overwrite && file.isReplaced))) {
         return;
     }
     kvarn::ClosePassOn(inst.m_fil, target);
-    CString const source = kvarn::Gemensam(inst.m_ini, file.name);
+    CString const source = kvarn::SharedCopy(inst.m_ini, file.name);
     if (!source.IsEmpty()) {
         kvarn::CopyWhole(source, target,
                          overwrite ? kvarn::Existing::replaced : kvarn::Existing::kept);
@@ -31,7 +31,7 @@ void Create(CKvarnInst& inst, kvarn::LocalFile const& file, bool overwrite) {
 
 void Remove(CKvarnInst& inst, std::vector<kvarn::LocalFile> const& files) {
     for (kvarn::LocalFile const& file : files) {
-        CString const path = kvarn::Projektkopia(inst.m_proj, file.name);
+        CString const path = kvarn::ProjectCopy(inst.m_proj, file.name);
         kvarn::ClosePassOn(inst.m_fil, path);
         DeleteFileA(path);
     }
@@ -39,7 +39,7 @@ void Remove(CKvarnInst& inst, std::vector<kvarn::LocalFile> const& files) {
 
 // Whether the project has settings of its own.
 bool HasOwn(CKvarnInst const& inst, std::vector<kvarn::LocalFile> const& files) {
-    return kvarn::FileExists(kvarn::Projektkopia(inst.m_proj, files.front().name));
+    return kvarn::FileExists(kvarn::ProjectCopy(inst.m_proj, files.front().name));
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "../core/messageout.h"
 #include "../files/filerewrite.h"
 #include "../formats/miljkod.h"
-#include "../project/sokordning.h"
+#include "../project/searchorder.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
 #include "cannotopen.h"
@@ -23,7 +23,7 @@ void ShowBadLine(std::string_view line) {
 int CKvarnInst::MiljkodRead(int section, char* code, char* text, int* max, int* step) {
     kvarn::ReadPass pass(m_fil, kvarn::PassKind::miljkod);
     if (pass.IsFree()) {
-        pass.Open(kvarn::ForstFunna(m_proj, m_ini, CProjPath::Miljkod), readCaption);
+        pass.Open(kvarn::FirstFound(m_proj, m_ini, CProjPath::Miljkod), readCaption);
         if (pass.File() != nullptr) {
             kvarn::SkipToMiljkodSection(*pass.File(), section);
         }
@@ -49,7 +49,7 @@ int CKvarnInst::MiljKodWrite(int mode, char const* code, char const* text, int m
     enum { begin = 1, metod, metodEnd, tolkning, tolkningEnd, klass, end };
     kvarn::WritePass pass(m_fil, kvarn::PassKind::miljkod);
     if (mode == begin) {
-        CString const path = kvarn::ForstFunna(m_proj, m_ini, CProjPath::Miljkod);
+        CString const path = kvarn::FirstFound(m_proj, m_ini, CProjPath::Miljkod);
         if (!pass.Begin(path)) {
             kvarn::CannotWrite(path, writeCaption);
         }
@@ -75,7 +75,7 @@ int CKvarnInst::MiljKodWrite(int mode, char const* code, char const* text, int m
 
 int CKvarnInst::MiljkodUppdatX() {
     kvarn::ClosePass(m_fil);
-    CString const path = kvarn::ForstFunna(m_proj, m_ini, CProjPath::Miljkod);
+    CString const path = kvarn::FirstFound(m_proj, m_ini, CProjPath::Miljkod);
     if (path.IsEmpty()) {
         return 0;
     }

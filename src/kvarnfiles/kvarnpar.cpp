@@ -1,7 +1,7 @@
 #include "kvarnpar.h"
 
 #include "../core/messageout.h"
-#include "../project/sokordning.h"
+#include "../project/searchorder.h"
 #include "../text/format.h"
 #include "keyrecords.h"
 #include "parfile.h"
@@ -28,7 +28,7 @@ CKvarnPAR::~CKvarnPAR() = default;
 
 void CKvarnPAR::Las(CString const& projektfil, CAutoIni const* ini, char const* namn,
                     char const* program) {
-    kvarn::ParFile const file = {kvarn::ForstFunna(projektfil, ini, namn), program};
+    kvarn::ParFile const file = {kvarn::FirstFound(projektfil, ini, namn), program};
     m_filnamn = file.path;
     kvarn::KeyFileRead const result = kvarn::ReadKeyFile(*this, m_filnamn);
     m_incomplete = result != kvarn::KeyFileRead::whole;

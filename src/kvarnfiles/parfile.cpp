@@ -3,7 +3,7 @@
 #include "../files/pathparts.h"
 #include "../files/textfil.h"
 #include "../formats/keyfile.h"
-#include "../project/sokordning.h"
+#include "../project/searchorder.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
 #include "cannotopen.h"
@@ -32,7 +32,7 @@ CString ParKind::OwnFile(CProjPath const* projekt) const {
 }
 
 ParFile ParKind::InForce(CAutoIni const* ini, CProjPath const* projekt) const {
-    return {ForstFunna(OwnFile(projekt), ini, *name), program};
+    return {FirstFound(OwnFile(projekt), ini, *name), program};
 }
 
 CString KvarnCfgPath(CAutoIni const& ini) {

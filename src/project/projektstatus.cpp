@@ -1,22 +1,23 @@
 #include "projektstatus.h"
 
 #include "../core/messageout.h"
+#include "../host/clienttext.h"
 #include "../text/text.h"
 
 template class KVARNPROG_LIST_DEFINE list0<projektstatustype>;
 
 namespace {
 
-constexpr int okand = 999;
-constexpr unsigned okandText = 5012;
+constexpr int unknownState = 999;
+constexpr unsigned unknownText = 5012;
 
-struct Standardstatus {
+struct StandardState {
     int kod;
     unsigned text;
 };
 
-constexpr Standardstatus standard[] = {{0, 5006}, {1, 5007}, {2, 5008},         {3, 5009},
-                                       {4, 5010}, {5, 5011}, {okand, okandText}};
+constexpr StandardState standardStates[] = {
+    {0, 5006}, {1, 5007}, {2, 5008}, {3, 5009}, {4, 5010}, {5, 5011}, {unknownState, unknownText}};
 
 } // namespace
 
@@ -28,14 +29,14 @@ void CProjektStatus::SetHandle(HINSTANCE modul) {
 }
 
 CString CProjektStatus::TxLoadString(unsigned int id) {
-    return kvarn::ResourceText(m_modul, id).c_str();
+    return kvarn::ToCString(kvarn::ResourceText(m_modul, id));
 }
 
 void CProjektStatus::Load() {
     if (m_forsta != nullptr) {
         return;
     }
-    for (Standardstatus const& status : standard) {
+    for (StandardState const& status : standardStates) {
         projektstatustype post{status.kod, ""};
         kvarn::CopyText(post.text, sizeof post.text, TxLoadString(status.text).GetString());
         Ny(1, &post);
@@ -47,13 +48,13 @@ int CProjektStatus::Ny(int var, projektstatustype* post) {
 }
 
 int CProjektStatus::Find(CString text) {
-    for (bool finns = Home() == 0; finns; finns = (*this)++ != nullptr) {
+    for (bool found = Home() == 0; found; found = (*this)++ != nullptr) {
         if (kvarn::SameText(kvarn::FieldText(m_aktpost->text), text.GetString())) {
             m_funnen = 1;
             return m_aktpost->kod;
         }
     }
-    return okand;
+    return unknownState;
 }
 
 int CProjektStatus::SetStatus(int kod) {
@@ -67,7 +68,7 @@ int CProjektStatus::SetStatus(int kod) {
             return 0;
         }
     } while ((*this)++ != nullptr);
-    m_status = okand;
+    m_status = unknownState;
     return 0;
 }
 
@@ -75,11 +76,11 @@ CString CProjektStatus::GetStatus() {
     if (Home() != 0) {
         return {};
     }
-    for (int steg = 0; steg < m_status; ++steg) {
+    for (int step = 0; step < m_status; ++step) {
         if ((*this)++ == nullptr) {
-            m_status = okand;
-            return TxLoadString(okandText);
+            m_status = unknownState;
+            return TxLoadString(unknownText);
         }
     }
-    return std::string(kvarn::FieldText(m_aktpost->text)).c_str();
+    return kvarn::ToCString(kvarn::FieldText(m_aktpost->text));
 }

@@ -26,15 +26,15 @@ extern template class KVARNPROG_LIST_DECLARE list0<projektstatustype>;
 // 999 unknown; their texts are the string resources 5006 to 5012.
 class KVARNPROG_API CProjektStatus : public list0<projektstatustype> {
   public:
-    // An empty list without a module. The state is not set: call SetStatus first.
+    // An empty list without a module. Call SetStatus before GetStatus.
     CProjektStatus();
     virtual ~CProjektStatus();
 
-    // The module whose string resources the texts are; it must stay loaded. Null: no texts.
+    // Chooses the module whose string resources hold the texts; it must stay loaded. With null the
+    // texts are empty.
     void SetHandle(HINSTANCE modul);
 
-    // A text of the module, cut at 254 characters; empty without a module and for an id that it
-    // does not have.
+    // A text of the module, cut at 254 characters; empty without a module and for an unknown id.
     CString TxLoadString(unsigned int id);
 
     // Fills an empty list with the seven states; does nothing with any other. Throws ListFel when
@@ -45,18 +45,18 @@ class KVARNPROG_API CProjektStatus : public list0<projektstatustype> {
     // without a record. Returns 0. Throws ListFel when memory is out.
     int Ny(int var, projektstatustype* post);
 
-    // The code of the first entry with the text, in any case, which becomes the current entry; 999
-    // when there is none.
+    // The code of the first entry with the text, whose case does not count; that entry becomes
+    // current. 999 when no entry has the text.
     int Find(CString text);
 
-    // Sets the state; one that is not in the list becomes 999. Returns 0, or -1 for an empty list
-    // (the state then keeps the code).
+    // Sets the state; a code that is not in the list becomes 999. Returns 0, or -1 for an empty
+    // list, where the code is stored as it is.
     int SetStatus(int kod);
 
-    // The text of the state, which is taken as a position in the list and not as a code: the first
-    // entry's for 0 and below, that of the entry so many steps on, and beyond the end the text 5012
-    // ("unknown"), where the state becomes 999. With the seven states the two agree. Empty for an
-    // empty list.
+    // The text of the state. Known quirk, kept on purpose: the state counts as a position in the
+    // list and not as a code. 0 and below give the first entry's text, n that of the entry n steps
+    // on. Beyond the end the result is the text 5012 ("unknown"), and the state becomes 999. With
+    // the seven states position and code agree. Empty for an empty list.
     CString GetStatus();
 
     std::int32_t m_status;       // code

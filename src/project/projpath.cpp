@@ -3,54 +3,55 @@
 #include "../core/messageout.h"
 #include "../files/existence.h"
 #include "../files/pathparts.h"
+#include "../host/clienttext.h"
 #include "../text/format.h"
 
 namespace {
 
-// The pointers may be changed, the names that they start with may not.
-constexpr char* Namn(char const* namn) {
-    return const_cast<char*>(namn);
+// Clients may change the pointers, but not the names that the pointers start with.
+constexpr char* Name(char const* name) {
+    return const_cast<char*>(name);
 }
 
-CString Sokvag(CString const& katalog, char const* namn) {
-    return kvarn::PathOf(katalog.GetString(), namn).c_str();
+CString PathIn(CString const& folder, char const* name) {
+    return kvarn::ToCString(kvarn::PathOf(folder.GetString(), name));
 }
 
 } // namespace
 
-constinit char* CProjPath::KvarnDbsNamn = Namn("KVARNBOK.DBS");
-constinit char* CProjPath::KvarnDbkNamn = Namn("KVARNBOK.DBK");
-constinit char* CProjPath::StenDbsNamn = Namn("KLIPPBOK.DBS");
-constinit char* CProjPath::StenDbkNamn = Namn("KLIPPBOK.DBK");
-constinit char* CProjPath::FaltverkDbsNamn = Namn("FALTVERK.GDS");
-constinit char* CProjPath::FaltverkDbkNamn = Namn("FALTVERK.GDK");
-constinit char* CProjPath::TerrDbsNamn = Namn("SKOGSBOK.TDS");
-constinit char* CProjPath::UtvDbsNamn = Namn("KVARNUTV.DBS");
-constinit char* CProjPath::UtvDbkNamn = Namn("KVARNUTV.DBK");
-constinit char* CProjPath::KvarnDbfKat = Namn("KVARNBOK.DBF");
-constinit char* CProjPath::PostDbfKat = Namn("SKOGSBOK.DBF");
-constinit char* CProjPath::StackKat = Namn("STACK");
-constinit char* CProjPath::StabRitKat = Namn("DAMMSBOK.RIT");
-constinit char* CProjPath::KvarnRitKat = Namn("KVARNBOK.RIT");
-constinit char* CProjPath::StenRitKat = Namn("KLIPPBOK.RIT");
-constinit char* CProjPath::StenDbfKat = Namn("KLIPPBOK.DBF");
-constinit char* CProjPath::PostRitKat = Namn("SKOGSBOK.RIT");
-constinit char* CProjPath::FaltverkRitKat = Namn("FALTVERK.RIT");
-constinit char* CProjPath::FaltverkDbfKat = Namn("FALTVERK.DBF");
-constinit char* CProjPath::Pictures = Namn("Pictures");
-constinit char* CProjPath::KvarnZipNamn = Namn("KVARNBOK.ZIP");
-constinit char* CProjPath::KvarnAvpNamn = Namn("KVARNBOK.AVP");
-constinit char* CProjPath::KvarnVlNamn = Namn("KVARNBOK.VL");
-constinit char* CProjPath::KvarnParNamn = Namn("KVARNBOK.PAR");
-constinit char* CProjPath::KvarnCfgNamn = Namn("KVARNBOK.CFG");
-constinit char* CProjPath::RamvalNamn = Namn("RAMVAL.DAT");
-constinit char* CProjPath::StenVlNamn = Namn("KLIPPBOK.VL");
-constinit char* CProjPath::Jb23ParNamn = Namn("JB23.PAR");
-constinit char* CProjPath::Kodfil = Namn("KODFIL.DAT");
-constinit char* CProjPath::Miljkod = Namn("MILJKOD.DAT");
-constinit char* CProjPath::Linkod = Namn("LINKOD.PAR");
-constinit char* CProjPath::Gvrref = Namn("Gvrref.dat");
-constinit char* CProjPath::StenParNamn = Namn("KLIPPBOK.PAR");
+constinit char* CProjPath::KvarnDbsNamn = Name("KVARNBOK.DBS");
+constinit char* CProjPath::KvarnDbkNamn = Name("KVARNBOK.DBK");
+constinit char* CProjPath::StenDbsNamn = Name("KLIPPBOK.DBS");
+constinit char* CProjPath::StenDbkNamn = Name("KLIPPBOK.DBK");
+constinit char* CProjPath::FaltverkDbsNamn = Name("FALTVERK.GDS");
+constinit char* CProjPath::FaltverkDbkNamn = Name("FALTVERK.GDK");
+constinit char* CProjPath::TerrDbsNamn = Name("SKOGSBOK.TDS");
+constinit char* CProjPath::UtvDbsNamn = Name("KVARNUTV.DBS");
+constinit char* CProjPath::UtvDbkNamn = Name("KVARNUTV.DBK");
+constinit char* CProjPath::KvarnDbfKat = Name("KVARNBOK.DBF");
+constinit char* CProjPath::PostDbfKat = Name("SKOGSBOK.DBF");
+constinit char* CProjPath::StackKat = Name("STACK");
+constinit char* CProjPath::StabRitKat = Name("DAMMSBOK.RIT");
+constinit char* CProjPath::KvarnRitKat = Name("KVARNBOK.RIT");
+constinit char* CProjPath::StenRitKat = Name("KLIPPBOK.RIT");
+constinit char* CProjPath::StenDbfKat = Name("KLIPPBOK.DBF");
+constinit char* CProjPath::PostRitKat = Name("SKOGSBOK.RIT");
+constinit char* CProjPath::FaltverkRitKat = Name("FALTVERK.RIT");
+constinit char* CProjPath::FaltverkDbfKat = Name("FALTVERK.DBF");
+constinit char* CProjPath::Pictures = Name("Pictures");
+constinit char* CProjPath::KvarnZipNamn = Name("KVARNBOK.ZIP");
+constinit char* CProjPath::KvarnAvpNamn = Name("KVARNBOK.AVP");
+constinit char* CProjPath::KvarnVlNamn = Name("KVARNBOK.VL");
+constinit char* CProjPath::KvarnParNamn = Name("KVARNBOK.PAR");
+constinit char* CProjPath::KvarnCfgNamn = Name("KVARNBOK.CFG");
+constinit char* CProjPath::RamvalNamn = Name("RAMVAL.DAT");
+constinit char* CProjPath::StenVlNamn = Name("KLIPPBOK.VL");
+constinit char* CProjPath::Jb23ParNamn = Name("JB23.PAR");
+constinit char* CProjPath::Kodfil = Name("KODFIL.DAT");
+constinit char* CProjPath::Miljkod = Name("MILJKOD.DAT");
+constinit char* CProjPath::Linkod = Name("LINKOD.PAR");
+constinit char* CProjPath::Gvrref = Name("Gvrref.dat");
+constinit char* CProjPath::StenParNamn = Name("KLIPPBOK.PAR");
 
 CProjPath::CProjPath() = default;
 CProjPath::CProjPath(CProjPath const&) = default;
@@ -59,34 +60,34 @@ CProjPath::~CProjPath() = default;
 
 int CProjPath::SetPath(char const* folder) {
     m_projKat = folder;
-    m_zip = Sokvag(m_projKat, KvarnZipNamn);
-    m_kvarnDbs = Sokvag(m_projKat, KvarnDbsNamn);
-    m_faltverkDbs = Sokvag(m_projKat, FaltverkDbsNamn);
-    m_terrDbs = Sokvag(m_projKat, TerrDbsNamn);
-    m_stenDbs = Sokvag(m_projKat, StenDbsNamn);
-    m_utvDbs = Sokvag(m_projKat, UtvDbsNamn);
-    m_kvarnDbf = Sokvag(m_projKat, KvarnDbfKat);
-    m_kvarnRit = Sokvag(m_projKat, KvarnRitKat);
-    m_stack = Sokvag(m_projKat, StackKat);
-    m_postDbf = Sokvag(m_projKat, PostDbfKat);
-    m_postRit = Sokvag(m_projKat, PostRitKat);
-    m_stabRit = Sokvag(m_projKat, StabRitKat);
-    m_pictures = Sokvag(m_projKat, Pictures);
-    m_kvarnAvp = Sokvag(m_kvarnDbf, KvarnAvpNamn);
-    m_kvarnVl = Sokvag(m_kvarnDbf, KvarnVlNamn);
-    m_kvarnPar = Sokvag(m_projKat, KvarnParNamn);
-    m_stenPar = Sokvag(m_projKat, StenParNamn);
+    m_zip = PathIn(m_projKat, KvarnZipNamn);
+    m_kvarnDbs = PathIn(m_projKat, KvarnDbsNamn);
+    m_faltverkDbs = PathIn(m_projKat, FaltverkDbsNamn);
+    m_terrDbs = PathIn(m_projKat, TerrDbsNamn);
+    m_stenDbs = PathIn(m_projKat, StenDbsNamn);
+    m_utvDbs = PathIn(m_projKat, UtvDbsNamn);
+    m_kvarnDbf = PathIn(m_projKat, KvarnDbfKat);
+    m_kvarnRit = PathIn(m_projKat, KvarnRitKat);
+    m_stack = PathIn(m_projKat, StackKat);
+    m_postDbf = PathIn(m_projKat, PostDbfKat);
+    m_postRit = PathIn(m_projKat, PostRitKat);
+    m_stabRit = PathIn(m_projKat, StabRitKat);
+    m_pictures = PathIn(m_projKat, Pictures);
+    m_kvarnAvp = PathIn(m_kvarnDbf, KvarnAvpNamn);
+    m_kvarnVl = PathIn(m_kvarnDbf, KvarnVlNamn);
+    m_kvarnPar = PathIn(m_projKat, KvarnParNamn);
+    m_stenPar = PathIn(m_projKat, StenParNamn);
     return 0;
 }
 
-int CProjPath::CreateFolder(CString path, int visaFel) {
+int CProjPath::CreateFolder(CString path, int showError) {
     if (kvarn::MakeFolder(path)) {
         return 1;
     }
     char const* const text =
         kvarn::ToMessageBuffer(kvarn::Format("Fel, kan EJ skapa katalog:\n%s", path.GetString()));
-    if (visaFel != 0) {
-        MessageOut(text, kvarn::messageOk, kvarn::messageExclamation, nullptr);
+    if (showError != 0) {
+        kvarn::Notify(text);
     }
     return 0;
 }

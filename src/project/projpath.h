@@ -15,49 +15,51 @@ class KVARNPROG_API CProjPath {
     virtual ~CProjPath();
 
     // Fills every path below from the project folder and the names at this moment. The folder is
-    // taken as it is (without a trailing backslash, please: none is removed); nothing is looked
-    // up or made on disk. Returns 0.
+    // used as given: it must not end in a backslash. The disk is neither read nor changed. Returns
+    // 0.
     int SetPath(char const* folder);
 
     // Makes a project on disk, or what an existing one lacks; this object's paths are neither read
-    // nor changed. Flags are not 0 for yes:
+    // nor changed. Each flag makes something when it is not 0:
     //
-    // create          the project's folder, with missing levels above it. A folder that holds a
-    //                 drawing database is refused when drawing is asked for: string 6039
-    //                 ("Markvida-databas finns redan i Katalog:\n%s"), silently when not
-    //                 interactive
-    // interactive     with create, asks whether an existing folder shall be used (string 6040; No
-    // is the
-    //                 default, and ends the call), and tells which program's folder failed
-    // drawing         KvarnDbfKat, KvarnRitKat, StackKat
-    // postProcessing  PostDbfKat, StabRitKat, PostRitKat
-    // rockDrilling    StenDbfKat, StenRitKat, StackKat
-    // construction    FaltverkDbfKat, FaltverkRitKat, and in the first the file Faltverk.krd, which
-    //                 holds three stars; one that is there stays
-    // folderList      further folders when create is 0 (with create they are always made): the
-    //                 settings file's key "MAPPAR" in section "ARKIV" names a text file with a
-    //                 folder a line, below the project's. No settings object, key or file: none
+    //     create           the project's folder, with missing levels above it. A folder that holds
+    //                      a drawing database is refused when drawing is set, too: string 6039
+    //                      ("Markvida-databas finns redan i Katalog:\n%s"), silently when not
+    //                      interactive
+    //     interactive      nothing. With create it asks whether an existing folder shall be used
+    //                      (string 6040; the default button No ends the call), and it shows which
+    //                      program's folder could not be made
+    //     drawing          KvarnDbfKat, KvarnRitKat, StackKat
+    //     postProcessing   PostDbfKat, StabRitKat, PostRitKat
+    //     rockDrilling     StenDbfKat, StenRitKat, StackKat
+    //     construction     FaltverkDbfKat, FaltverkRitKat, and in the first the file Faltverk.krd
+    //                      with three stars; an existing file is kept
+    //     folderList       further folders when create is 0 (with create they are always made):
+    //                      key "MAPPAR" in section "ARKIV" of the settings file names a text file
+    //                      with one folder a line, below the project's. Without a settings object,
+    //                      the key or the file no folders are made
     //
-    // path is the project's folder, with backslashes, on a drive or a share that is there. Returns
-    // 1 when all of it stands; 0 at the first failure, where what was made stays, for a list that
-    // cannot be read to its end, and for a path that is empty or null, where nothing is made. A
-    // level of the project's folder or of the list that cannot be made is always shown ("Fel, kan
-    // EJ skapa katalog:\n%s"), and so is the file ("Fel, kan EJ skapa fil:\n%s"). The texts pass
-    // through the shared message buffer. The root of a path is that of PathStripToRoot in the
-    // Windows documentation.
+    // path is the project's folder, with backslashes, on an existing drive or share; its root is
+    // that of PathStripToRoot in the Windows documentation. Returns 1 when everything exists.
+    // Returns 0 at the first failure, where what was made stays; for a list that cannot be read to
+    // its end; and for an empty or null path, where nothing is made.
+    //
+    // A box always shows a level of the project's folder or of the list that cannot be made ("Fel,
+    // kan EJ skapa katalog:\n%s"), and the file ("Fel, kan EJ skapa fil:\n%s"). The texts pass
+    // through the shared message buffer.
     int CreateProjectStructure(char const* const path, CAutoIni* settings, int create,
                                int interactive, int drawing, int postProcessing, int rockDrilling,
                                int construction, int folderList);
 
-    // The same with a settings object of its own where the list may be wanted: started by
-    // InitXPWay(0, "sv", nullptr), which may make a user's first settings, else by Init().
+    // The same. When create or folderList is set, it makes a settings object, by InitXPWay(0, "sv",
+    // nullptr), which may make a user's first settings, or by Init() when that fails.
     int CreateProjectStructure(char const* const path, int create, int interactive, int drawing,
                                int postProcessing, int rockDrilling, int construction,
                                int folderList);
 
-    // File and folder names. A host may point any of them at another name, which it keeps; every
-    // path that is built later reads the pointer at that moment. Class-wide and not locked: set
-    // them, if at all, at start-up.
+    // File and folder names. A host may point any of them at another name, which must stay valid;
+    // every path that is built later reads the pointer at that moment. The pointers are shared by
+    // all objects and not locked: set them at start-up.
     static char* KvarnDbsNamn;    // drawing program's database
     static char* KvarnDbkNamn;    // its companion
     static char* StenDbsNamn;     // rock-drilling program's database
@@ -113,8 +115,8 @@ class KVARNPROG_API CProjPath {
     CString m_pictures;    // picture folder
 
   private:
-    // Makes one folder, whose parent must exist. Returns 1 when it exists or was made, else 0; the
-    // message "Fel, kan EJ skapa katalog:\n%s" is then in the shared message buffer, and shown
-    // when visaFel is not 0.
-    int CreateFolder(CString path, int visaFel);
+    // Makes one folder, whose parent must exist. Returns 1 when it exists or was made. Otherwise
+    // returns 0 with the message "Fel, kan EJ skapa katalog:\n%s" in the shared message buffer,
+    // and shows it when showError is not 0.
+    int CreateFolder(CString path, int showError);
 };

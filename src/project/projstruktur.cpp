@@ -16,63 +16,65 @@
 
 namespace {
 
-constexpr UINT databasFinns = 6039;
-constexpr UINT anvandBefintlig = 6040;
+constexpr UINT databaseExistsText = 6039;
+constexpr UINT useExistingText = 6040;
 
-// One of the library's texts about a folder, in the shared message buffer.
-char const* Katalogtext(UINT id, std::string const& katalog) {
+// One of the library's texts about a folder, in the shared message buffer. No compiler checks the
+// format of a resource, so its "%s" is replaced as text.
+char const* FolderText(UINT id, std::string const& folder) {
     std::string text = kvarn::ResourceText(LibraryModule(), id);
-    std::size_t const plats = text.find("%s");
-    if (plats != std::string::npos) {
-        text.replace(plats, 2, katalog);
+    std::size_t const at = text.find("%s");
+    if (at != std::string::npos) {
+        text.replace(at, 2, folder);
     }
     return kvarn::ToMessageBuffer(text);
 }
 
-bool Ja(char const* fraga) {
-    constexpr unsigned jaNejHelstNej = 260; // MB_YESNO, MB_DEFBUTTON2
-    constexpr int ja = 6;                   // IDYES
-    return MessageOut(fraga, jaNejHelstNej, kvarn::messageExclamation, nullptr) == ja;
+bool Confirmed(char const* question) {
+    return MessageOut(question, MB_YESNO | MB_DEFBUTTON2, MB_ICONEXCLAMATION, nullptr) == IDYES;
 }
 
-// The drive or the share that a path begins with.
-std::size_t Rotlangd(std::string path) {
-    constexpr std::size_t enhet = 3; // C:\, taken for a path without a root
-    return PathStripToRootA(path.data()) != FALSE ? std::strlen(path.c_str()) : enhet;
+// The length of the drive or the share that a path begins with. Only levels below it are made: a
+// drive or a share cannot be created as a folder.
+std::size_t RootLength(std::string path) {
+    constexpr std::size_t drive = 3; // of C:\, assumed for a path without a root
+    return PathStripToRootA(path.data()) != FALSE ? std::strlen(path.c_str()) : drive;
 }
 
-// Each level of a path below a root, from the outermost; false when one was refused.
-template <class Gor> bool PerNiva(std::string const& path, std::size_t rot, Gor gor) {
-    for (std::size_t slut = rot; slut <= path.size(); ++slut) {
-        bool const niva = slut == path.size() || path[slut] == '\\';
-        if (niva && !gor(path.substr(0, slut))) {
+// Does something with each level of a path below its root, from the outermost; false, and no
+// further level, when the action fails.
+template <class Action>
+bool ForEachLevel(std::string const& path, std::size_t root, Action action) {
+    for (std::size_t end = root; end <= path.size(); ++end) {
+        bool const level = end == path.size() || path[end] == '\\';
+        if (level && !action(path.substr(0, end))) {
             return false;
         }
     }
     return true;
 }
 
-enum class Borjan { ny, befintlig, nekad };
+enum class Start { fresh, existing, refused };
 
-// What a new project's folder is before it is made. An existing project is refused, silently when
-// nobody is there to be asked.
-Borjan Borja(std::string const& projekt, bool fraga, bool ritprogram) {
-    bool const finns = kvarn::FileExists(projekt.c_str());
-    std::string const databas = kvarn::PathOf(projekt, CProjPath::KvarnDbsNamn);
-    if (ritprogram && finns && kvarn::FileExists(databas.c_str())) {
-        char const* const text = Katalogtext(databasFinns, projekt);
-        if (fraga) {
-            MessageOut(text, kvarn::messageOk, kvarn::messageExclamation, nullptr);
+// Whether a new project's folder is to be made. An existing project is refused, silently when the
+// user is not to be asked.
+Start FindStart(std::string const& projekt, bool ask, bool drawing) {
+    bool const exists = kvarn::FileExists(projekt.c_str());
+    std::string const database = kvarn::PathOf(projekt, CProjPath::KvarnDbsNamn);
+    if (drawing && exists && kvarn::FileExists(database.c_str())) {
+        char const* const text = FolderText(databaseExistsText, projekt);
+        if (ask) {
+            kvarn::Notify(text);
         }
-        return Borjan::nekad;
+        return Start::refused;
     }
-    if (!fraga || !finns) {
-        return Borjan::ny;
+    if (!ask || !exists) {
+        return Start::fresh;
     }
-    return Ja(Katalogtext(anvandBefintlig, projekt)) ? Borjan::befintlig : Borjan::nekad;
+    return Confirmed(FolderText(useExistingText, projekt)) ? Start::existing : Start::refused;
 }
 
-bool SkapaMarkfil(std::string const& path) {
+bool CreateMarkFile(std::string const& path) {
     if (kvarn::FileExists(path.c_str()) ||
         kvarn::RewriteFile(path.c_str(), "***") == kvarn::Rewritten::done) {
         return true;
@@ -81,16 +83,16 @@ bool SkapaMarkfil(std::string const& path) {
     return false;
 }
 
-// The file that lists further folders of a project; empty when there is none.
-std::string Kataloglista(CAutoIni* ini) {
-    CString const namn = ini->ReadKey(CString("ARKIV"), CString("MAPPAR"));
-    return kvarn::FileExists(namn) ? std::string(kvarn::Trimmed(namn.GetString())) : std::string();
+// The file that lists further folders of a project; empty when the key is missing or names no file.
+std::string FolderListFile(CAutoIni* ini) {
+    CString const name = ini->ReadKey(CString("ARKIV"), CString("MAPPAR"));
+    return kvarn::FileExists(name) ? std::string(kvarn::Trimmed(name.GetString())) : std::string();
 }
 
-// The folders of one of the programs, wanted or not.
-struct Programkataloger {
-    int onskade;
-    std::vector<char const*> namn;
+// The folders of one of the programs, and whether the caller wants them.
+struct ProgramFolders {
+    int wanted;
+    std::vector<char const*> names;
 };
 
 } // namespace
@@ -102,55 +104,55 @@ int CProjPath::CreateProjectStructure(char const* const path, CAutoIni* settings
     if (projekt.empty()) {
         return 0;
     }
-    auto const skapaNivaer = [&](std::string const& katalog) {
-        return PerNiva(katalog, Rotlangd(projekt), [this](std::string const& niva) {
-            constexpr int alltid = 1;
-            return CreateFolder(niva.c_str(), alltid) != 0;
+    auto const createLevels = [&](std::string const& folder) {
+        return ForEachLevel(folder, RootLength(projekt), [this](std::string const& level) {
+            constexpr int always = 1;
+            return CreateFolder(level.c_str(), always) != 0;
         });
     };
     if (create != 0) {
-        Borjan const borjan = Borja(projekt, interactive != 0, drawing != 0);
-        if (borjan == Borjan::nekad || (borjan == Borjan::ny && !skapaNivaer(projekt))) {
+        Start const start = FindStart(projekt, interactive != 0, drawing != 0);
+        if (start == Start::refused || (start == Start::fresh && !createLevels(projekt))) {
             return 0;
         }
     }
-    Programkataloger const program[] = {
+    ProgramFolders const programs[] = {
         {drawing, {KvarnDbfKat, KvarnRitKat, StackKat}},
         {postProcessing, {PostDbfKat, StabRitKat, PostRitKat}},
         {rockDrilling, {StenDbfKat, StenRitKat, StackKat}},
         {construction, {FaltverkDbfKat, FaltverkRitKat}},
     };
-    for (Programkataloger const& kataloger : program) {
-        for (char const* const namn : kataloger.namn) {
-            if (kataloger.onskade != 0 &&
-                CreateFolder(kvarn::PathOf(projekt, namn).c_str(), interactive) == 0) {
+    for (ProgramFolders const& folders : programs) {
+        for (char const* const name : folders.names) {
+            if (folders.wanted != 0 &&
+                CreateFolder(kvarn::PathOf(projekt, name).c_str(), interactive) == 0) {
                 return 0;
             }
         }
     }
-    std::string const markkatalog = kvarn::PathOf(projekt, FaltverkDbfKat);
-    if (construction != 0 && !SkapaMarkfil(kvarn::PathOf(markkatalog, "Faltverk.krd"))) {
+    std::string const markFolder = kvarn::PathOf(projekt, FaltverkDbfKat);
+    if (construction != 0 && !CreateMarkFile(kvarn::PathOf(markFolder, "Faltverk.krd"))) {
         return 0;
     }
-    bool const medLista = settings != nullptr && (create != 0 || folderList != 0);
-    kvarn::TextReader lista(medLista ? Kataloglista(settings).c_str() : "");
-    std::string_view rad;
-    while (lista.ReadLine(rad)) {
-        if (!rad.empty() && !skapaNivaer(kvarn::PathOf(projekt, rad))) {
+    bool const withList = settings != nullptr && (create != 0 || folderList != 0);
+    kvarn::TextReader list(withList ? FolderListFile(settings).c_str() : "");
+    std::string_view line;
+    while (list.ReadLine(line)) {
+        if (!line.empty() && !createLevels(kvarn::PathOf(projekt, line))) {
             return 0;
         }
     }
-    return lista.Failed() ? 0 : 1;
+    return list.Failed() ? 0 : 1;
 }
 
 int CProjPath::CreateProjectStructure(char const* const path, int create, int interactive,
                                       int drawing, int postProcessing, int rockDrilling,
                                       int construction, int folderList) {
     CAutoIni ini;
-    bool const medInstallningar = create != 0 || folderList != 0;
-    if (medInstallningar && ini.InitXPWay(0, "sv", nullptr) < 0) {
+    bool const withSettings = create != 0 || folderList != 0;
+    if (withSettings && ini.InitXPWay(0, "sv", nullptr) < 0) {
         ini.Init();
     }
-    return CreateProjectStructure(path, medInstallningar ? &ini : nullptr, create, interactive,
-                                  drawing, postProcessing, rockDrilling, construction, folderList);
+    return CreateProjectStructure(path, withSettings ? &ini : nullptr, create, interactive, drawing,
+                                  postProcessing, rockDrilling, construction, folderList);
 }

@@ -16,9 +16,9 @@ struct ritningsformattype {
     double arkHojd;
 };
 
-// The table of formats, which every object has a copy of: A0 to A4 and their long variants, all but
-// A4 lying. Its sizes are what drawings are made with, the unequal ones too (a sheet of A1 is
-// 840 mm wide, one of A2L 841 mm).
+// The table of formats: A0 to A4 and their long variants, all but A4 in landscape. Every object has
+// its own copy. Known quirk, kept on purpose, since drawings have these sizes: a sheet of A1 is
+// 840 mm wide, one of A2L 841 mm.
 class KVARNPROG_API CRitningsFormat {
   public:
     CRitningsFormat();
@@ -26,8 +26,8 @@ class KVARNPROG_API CRitningsFormat {
     CRitningsFormat& operator=(CRitningsFormat const&);
     virtual ~CRitningsFormat();
 
-    // The index of a format, spelt exactly as in the table: 0 for "A0" to 8 for "A4". -1 for any
-    // other name, null among them, and for a table without entries.
+    // The index of a format, spelt exactly as in the table: 0 for "A0" to 8 for "A4". Returns -1
+    // for any other name, for null and for a table without entries.
     int Format2Index(char const* namn);
 
     ritningsformattype m_format[9];

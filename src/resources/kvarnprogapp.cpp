@@ -4,7 +4,7 @@ BEGIN_MESSAGE_MAP(CKvarnProgApp, CWinApp)
 END_MESSAGE_MAP()
 
 #if defined(KVARNPROG_MFC)
-CKvarnProgApp::CKvarnProgApp() = default; // a module state of its own keeps it apart
+CKvarnProgApp::CKvarnProgApp() = default; // MFC keeps it in the DLL's own module state
 #else
 CKvarnProgApp::CKvarnProgApp() : CWinApp(libraryObject) {}
 #endif

@@ -3,8 +3,8 @@
 
 #include "../host/host.h"
 
-// It stands for the library where MFC asks for one, and does nothing: all state lies in the objects
-// that clients make. AfxGetApp answers with the client's.
+// MFC asks every DLL for an application object. This one does nothing: all state lies in the
+// objects that clients make. AfxGetApp returns the client's.
 class CKvarnProgApp : public CWinApp {
   public:
     CKvarnProgApp();

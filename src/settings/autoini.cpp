@@ -4,13 +4,14 @@
 #include <string>
 
 #include "../host/calls.h"
+#include "../host/clienttext.h"
 #include "../text/format.h"
 #include "../text/letters.h"
 #include "../text/text.h"
 
 namespace {
 
-constexpr std::size_t valueSize = 255;
+constexpr std::size_t valueSize = 255; // as the callers' buffers, see ReadKey in the header
 
 std::string Today() {
     std::time_t const now = std::time(nullptr);
@@ -18,7 +19,7 @@ std::string Today() {
     if (local == nullptr) {
         return {};
     }
-    // A year counted from 1900 that is below 80 is one of the 2000s.
+    // Known quirk, kept on purpose: a year below 80, counted from 1900, belongs to the 2000s.
     constexpr int pivot = 80;
     int const century = local->tm_year < pivot ? 2000 : 1900;
     return kvarn::Format("%4d-%02d-%02d", century + local->tm_year, local->tm_mon + 1,
@@ -32,7 +33,7 @@ void FromDos(CString& text) {
 
 } // namespace
 
-CAutoIni::CAutoIni() : m_idag(Today().c_str()) {}
+CAutoIni::CAutoIni() : m_idag(kvarn::ToCString(Today())) {}
 CAutoIni::CAutoIni(CAutoIni const&) = default;
 CAutoIni& CAutoIni::operator=(CAutoIni const&) = default;
 CAutoIni::~CAutoIni() = default;

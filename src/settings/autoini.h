@@ -28,13 +28,13 @@ class KVARNPROG_API CAutoIni {
     // command line; that folder is written over the command-line text that GetCommandLineA returns.
     // (A command line whose arguments hold a backslash gives a folder inside the arguments.) Keys
     // then go through the client's application object, whose profile file is set to the
-    // "Markvida.ini" of the main directory, or to the bare name where there is none.
+    // "Markvida.ini" of the main directory, or to the bare name when that file does not exist.
     //
     // mode not 0: the main directory is the environment variable "KVARNBOK"; keys go to the INI
     // file directly. Without the variable the directories keep their defaults.
     //
-    // In both the CFG directory starts as the main directory. Surprising and meant so: "AUTOGEN"
-    // set to "NEJ" does not clear m_autoGen, any word but "JA" and "NEJ" does.
+    // In both the CFG directory starts as the main directory. Known quirk, kept on purpose:
+    // "AUTOGEN" set to "NEJ" does not clear m_autoGen, any word but "JA" and "NEJ" does.
     int Init(int mode);
 
     // The value of a key; empty when file, section or key is missing. Section and key may be
@@ -50,52 +50,56 @@ class KVARNPROG_API CAutoIni {
     // 0 on failure and, in mode 0, without an application object.
     int WriteKey(CString section, CString key, CString value);
 
-    // From the installation to the user's own settings folder, which is made and filled at the
+    // Finds the installation and the user's own settings folder, which is made and filled at the
     // first start: in the user's application data, Orsakor\Vallentra\Markvida, R18, R19 or R20 by
     // the release, then the program's name. Called after Init.
     //
-    // ver     18, 19 or 20: that release, wherever it is installed. 0, 1: the release of the
-    // running
-    //         program, found by its folder; with 1, by the folder above it. Others find nothing.
-    // sub     the program's name in keys and folders, two characters
-    // dir     for ver 0 and 1 the folder to look for; null: that of the running program, as the
-    //         process's command line tells (after Init(0) the folder above it, since that text is
-    //         then the folder itself)
+    //     ver           release                           found by
+    //     18, 19, 20    that release                      its registration, in any folder
+    //     0             that of the running program       the program's folder
+    //     1             that of the running program       the folder above the program's
+    //     others        none: returns -1
+    //
+    //     sub   the program's name in keys and folders, two characters
+    //     dir   for ver 0 and 1 the folder to look for. Null: that of the running program, as the
+    //           process's command line tells (after Init(0) the folder above it, since that text is
+    //           then the folder itself)
     //
     // The installation is found by "InstallPath" under HKEY_LOCAL_MACHINE,
     // "SOFTWARE\Wow6432Node\Orsakor\Vallentra\Markvida": keys DIST, RELEASE (of the explicit
     // releases only for 20) and the release's own. A user without settings gets them
     // - from the folder of the program's older name, with any ver;
-    // - with ver 0 from "Markvida.ConfigSwitcher.exe" in the main directory, which is waited for,
-    //   or from the folder of all users. The keys "MSG", "SCRIPTPATH", "ACADVER" and "ACADEXE" are
-    //   then written.
+    // - with ver 0 from "Markvida.ConfigSwitcher.exe" in the main directory, which runs to its end
+    //   first, or from the folder of all users. The keys "MSG", "SCRIPTPATH", "ACADVER" and
+    //   "ACADEXE" are then written.
     // Then the keys are read as Init does; folders of "MSG" and "SCRIPTPATH" that do not exist are
     // replaced by the program's folder in the user's data. Keys go to the user's INI file
     // afterwards, directly or (ver 1) through the application object.
     //
-    // Results, each but the first two told in a message box:
-    //  0  ready (a single file that could not be copied was told of)
-    // -1  no installation found
-    // -2  no settings of the user's, and ver is not 0
-    // -3  no settings of all users
-    // -4  the user's folder could not be made
-    // -5  "Markvida.ini" could not be made for the user
-    // -6  the folder "Orsakor" could not be made in the user's data
+    // Results; a message box tells of all but the first two:
+    //
+    //      0   ready (a box tells of each file that could not be copied)
+    //     -1   no installation found
+    //     -2   the user has no settings, and ver is not 0
+    //     -3   all users have no settings
+    //     -4   the user's folder could not be made
+    //     -5   "Markvida.ini" could not be made for the user
+    //     -6   the folder "Orsakor" could not be made in the user's data
     int InitXPWay(int ver, char const* sub, char const* dir);
 
     // Copies newer files to where the running program finds them: those of all users to the user's
     // settings folder, but for "Markvida.ini", and those of the shared program binaries to the
     // installed platform's "Binaries". A file is copied unless the target is as new, to the second.
-    // The folders are told from m_iniFil by fixed widths: a program's name of two characters, a
-    // release of three. Nothing is shown, and a file that cannot be copied is let be.
+    // The folders are taken from m_iniFil by fixed widths: a program's name of two characters, a
+    // release of three. Shows nothing, and skips a file that cannot be copied.
     //
-    // 0; -1 when the user's folder is missing or cannot be told, or when the platform's "Root
-    // Directory" is not registered (the settings are then refreshed already).
+    // Returns 0, or -1 when the user's folder is missing or m_iniFil is too short for it, or when
+    // the platform's "Root Directory" is not registered (the settings are refreshed even then).
     int AllUserFileCheck();
 
     // Fills a configuration folder with the user's settings files, by the same rule: those with
     // .SDF, .XML, .DAT, .CFG, .KAL or .PAR anywhere in the name, but for "SAMLAREN.DAT". A folder
-    // that holds "Kvarnbok.par" is left alone. 0; -1 when the folder does not exist.
+    // that holds "Kvarnbok.par" is left alone. Returns 0, or -1 when the folder does not exist.
     int User2Cfg(CString& dir);
 
     // The install package: m_paket itself, valid while the object lives.

@@ -8,64 +8,64 @@
 #include "../core/messageout.h"
 #include "../files/existence.h"
 #include "../files/pathparts.h"
+#include "../host/clienttext.h"
 #include "../host/shell.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
 #include "../text/letters.h"
 #include "../text/scan.h"
 #include "../text/text.h"
-#include "anvandarmiljo.h"
 #include "autoini.h"
 #include "bootstrap.h"
 #include "installation.h"
-#include "systemnycklar.h"
+#include "systemkeys.h"
+#include "usersettings.h"
 
 namespace {
 
-using kvarn::Anvandarmiljo;
 using kvarn::BootstrapStep;
+using kvarn::UserSettings;
 using Steps = std::vector<BootstrapStep>;
-using kvarn::Uppstart;
+using kvarn::Startup;
 
-// The release that the user last chose in the project archive program; the other one given where
-// that is no number.
-std::int32_t ValdUtgava(std::int32_t annars) {
+// The release that the user last chose in the project archive program; the other one when the
+// stored text is not a number.
+std::int32_t ChosenRelease(std::int32_t otherwise) {
     constexpr char const* samlaren = "SOFTWARE\\Orsakor\\Vallentra\\Markvida\\Samlaren";
-    std::int32_t utgava = annars;
-    kvarn::Scan(kvarn::LasRegistret(HKEY_CURRENT_USER, samlaren, "ACADVER", "20").GetString(),
-                utgava);
-    return utgava;
+    std::int32_t release = otherwise;
+    kvarn::Scan(kvarn::ReadRegistry(HKEY_CURRENT_USER, samlaren, "ACADVER", "20"), release);
+    return release;
 }
 
-// The keys that may tell where the program is installed, in the order in which they are asked.
-std::vector<std::string> Installationsnycklar(std::int32_t utgava, bool allmanna, char const* sub) {
-    std::vector<std::string> grupper;
-    if (allmanna) {
-        grupper = {"DIST", "RELEASE"};
+// The keys that may name the program's folder, in the order in which they are asked. Windows keeps
+// the keys that 32-bit installers write below Wow6432Node.
+std::vector<std::string> InstallationKeys(std::int32_t release, bool general, char const* sub) {
+    std::vector<std::string> groups;
+    if (general) {
+        groups = {"DIST", "RELEASE"};
     }
-    if (std::string const katalog = kvarn::Utgavekatalog(utgava); !katalog.empty()) {
-        grupper.push_back(katalog);
+    if (std::string const folder = kvarn::ReleaseFolder(release); !folder.empty()) {
+        groups.push_back(folder);
     }
-    for (std::string& grupp : grupper) {
-        grupp =
-            kvarn::Format("SOFTWARE\\Wow6432Node\\%s\\%s\\%s", kvarn::programkatalog, grupp, sub);
+    for (std::string& group : groups) {
+        group =
+            kvarn::Format("SOFTWARE\\Wow6432Node\\%s\\%s\\%s", kvarn::programFolder, group, sub);
     }
-    return grupper;
+    return groups;
 }
 
-// The first of the keys that names an installation which is the one wanted; the steps tell of each
-// that was asked.
+// The first key that names the wanted installation. Each key that was asked becomes a step.
 template <class IsWanted>
 BootstrapStep const* FindInstallation(std::vector<std::string> const& keys, IsWanted isWanted,
                                       Steps& steps) {
     for (std::string const& key : keys) {
-        CString const path = kvarn::LasRegistret(HKEY_LOCAL_MACHINE, key.c_str(), "InstallPath");
-        bool const none = kvarn::ArSaknad(path);
-        BootstrapStep::Kind const kind = none ? BootstrapStep::noInstallation
-                                         : isWanted(path.GetString())
-                                             ? BootstrapStep::installation
-                                             : BootstrapStep::otherInstallation;
-        steps.push_back({kind, key, none ? "" : path.GetString()});
+        std::string const path =
+            kvarn::ReadRegistry(HKEY_LOCAL_MACHINE, key.c_str(), "InstallPath");
+        bool const none = kvarn::IsMissing(path);
+        BootstrapStep::Kind const kind = none             ? BootstrapStep::noInstallation
+                                         : isWanted(path) ? BootstrapStep::installation
+                                                          : BootstrapStep::otherInstallation;
+        steps.push_back({kind, key, none ? "" : path});
         if (kind == BootstrapStep::installation) {
             return &steps.back();
         }
@@ -73,66 +73,67 @@ BootstrapStep const* FindInstallation(std::vector<std::string> const& keys, IsWa
     return nullptr;
 }
 
-// A release that is asked for: wherever it is installed.
-std::optional<std::int32_t> SokUtgava(CAutoIni& ini, std::int32_t utgava, char const* sub,
-                                      Steps& steps) {
-    bool const allmanna = utgava == kvarn::senasteUtgava;
+// A release that the caller asks for, in whatever folder it is installed.
+std::optional<std::int32_t> FindRelease(CAutoIni& ini, std::int32_t release, char const* sub,
+                                        Steps& steps) {
+    bool const general = release == kvarn::latestRelease;
     BootstrapStep const* const found = FindInstallation(
-        Installationsnycklar(utgava, allmanna, sub), [](std::string_view) { return true; }, steps);
+        InstallationKeys(release, general, sub), [](std::string_view) { return true; }, steps);
     if (found == nullptr) {
         return std::nullopt;
     }
-    ini.m_huvudKat = found->value.c_str();
-    return utgava;
+    ini.m_huvudKat = kvarn::ToCString(found->value);
+    return release;
 }
 
-// The folder of the running program, by the process's command line, in capitals.
-std::string KorandeKatalog() {
+// The folder of the running program, from the process's command line. Arguments after the program's
+// name are cut off first, since they may hold backslashes too.
+std::string RunningFolder() {
     std::string text = GetCommandLineA();
-    int antal = 0;
-    LPWSTR* const argument = CommandLineToArgvW(GetCommandLineW(), &antal);
+    int count = 0;
+    LPWSTR* const argument = CommandLineToArgvW(GetCommandLineW(), &count);
     LocalFree(argument);
-    if (antal > 1) {
+    if (count > 1) {
         constexpr std::string_view exe = ".EXE";
         text.erase(0, text.find_first_not_of('"'));
         ToUpperNordic(text.data());
-        std::size_t const slut = text.find(exe);
-        text.resize(slut == std::string::npos ? text.size() : slut + exe.size());
+        std::size_t const end = text.find(exe);
+        text.resize(end == std::string::npos ? text.size() : end + exe.size());
     }
     return kvarn::SplitPathArgument(text).folder;
 }
 
 // The release that the running program belongs to: an installation in its folder.
-std::optional<std::int32_t> SokEgenUtgava(CAutoIni& ini, bool katalogenOver, char const* sub,
-                                          char const* dir, Steps& steps) {
-    std::string katalog = dir != nullptr ? dir : KorandeKatalog();
-    if (dir == nullptr && katalogenOver) {
-        katalog.resize(std::min(katalog.size(), katalog.rfind('\\')));
+std::optional<std::int32_t> FindOwnRelease(CAutoIni& ini, bool folderAbove, char const* sub,
+                                           char const* dir, Steps& steps) {
+    std::string folder = dir != nullptr ? dir : RunningFolder();
+    if (dir == nullptr && folderAbove) {
+        folder.resize(std::min(folder.size(), folder.rfind('\\')));
     }
-    ini.m_huvudKat = katalog.c_str();
-    std::int32_t const utgava = ValdUtgava(kvarn::senasteUtgava);
+    ini.m_huvudKat = kvarn::ToCString(folder);
+    std::int32_t const release = ChosenRelease(kvarn::latestRelease);
     auto const isHere = [&](std::string_view path) {
         path.remove_suffix(path.ends_with('\\') ? 1 : 0);
-        return kvarn::SameText(path, katalog);
+        return kvarn::SameText(path, folder);
     };
     BootstrapStep const* const found =
-        FindInstallation(Installationsnycklar(utgava, true, sub), isHere, steps);
+        FindInstallation(InstallationKeys(release, true, sub), isHere, steps);
     if (found == nullptr) {
         return std::nullopt;
     }
-    CString const paket =
-        kvarn::LasRegistret(HKEY_LOCAL_MACHINE, found->place.c_str(), "Package", "");
-    kvarn::CopyText(ini.m_paket, sizeof ini.m_paket, paket.GetString());
-    return utgava;
+    std::string const package =
+        kvarn::ReadRegistry(HKEY_LOCAL_MACHINE, found->place.c_str(), "Package", "");
+    kvarn::CopyText(ini.m_paket, sizeof ini.m_paket, package);
+    return release;
 }
 
-// As the switcher's own boxes look.
-void VarnaOmVaxling(std::string const& text) {
+// With the caption of the switcher's own boxes.
+void WarnOfSwitching(std::string const& text) {
     kvarn::DesktopMessage(text.c_str(), "IniProfile");
 }
 
 // Starts a program and waits until it ends. False when it cannot be started.
-bool Kor(std::string const& program) {
+bool Run(std::string const& program) {
     STARTUPINFOA start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
@@ -147,47 +148,50 @@ bool Kor(std::string const& program) {
 }
 
 // Lets the configuration switcher make the user's settings. True when it ran.
-bool KorVaxlaren(std::string const& huvudKat) {
-    std::string const program = kvarn::PathOf(huvudKat, "Markvida.ConfigSwitcher.exe");
+bool RunSwitcher(std::string const& mainFolder) {
+    std::string const program = kvarn::PathOf(mainFolder, "Markvida.ConfigSwitcher.exe");
     if (!kvarn::FileExists(program.c_str())) {
-        VarnaOmVaxling(kvarn::Format("Can not find Markvida.ConfigSwitcher.exe:\n%s", program));
+        WarnOfSwitching(kvarn::Format("Can not find Markvida.ConfigSwitcher.exe:\n%s", program));
         return false;
     }
-    if (!Kor(program)) {
-        VarnaOmVaxling("Installation error, can not start Markvida.ConfigSwitcher.exe");
+    if (!Run(program)) {
+        WarnOfSwitching("Installation error, can not start Markvida.ConfigSwitcher.exe");
         return false;
     }
     return true;
 }
 
-// What the installation did before there was a switcher.
-Uppstart HamtaUtanVaxlare(Anvandarmiljo const& miljo) {
-    if (!miljo.HarIni()) {
-        VarnaOmVaxling("Can not find result from Markvida.ConfigSwitcher.exe");
+// Copies the settings of all users, as was done before there was a switcher.
+Startup FetchWithoutSwitcher(UserSettings const& user) {
+    if (!user.HasIni()) {
+        WarnOfSwitching("Can not find result from Markvida.ConfigSwitcher.exe");
     }
-    VarnaOmVaxling("Markvida.ConfigSwitcher did not set data. \nI will do it the old way "
-                   "(prior to 15.3.*)");
-    Uppstart const hamtade = miljo.HamtaFranGemensamma();
-    if (hamtade == kvarn::klar && !miljo.HarIni()) {
-        kvarn::NotifyTitled("Fel! Hittar inte kunde inte skapa Markvida.ini under den lokala "
-                            "användaren!"_1252);
-        return kvarn::ingenIniFil;
+    WarnOfSwitching("Markvida.ConfigSwitcher did not set data. \nI will do it the old way "
+                    "(prior to 15.3.*)");
+    Startup const fetched = user.FetchFromShared();
+    if (fetched == kvarn::ready && !user.HasIni()) {
+        kvarn::Notify("Fel! Hittar inte kunde inte skapa Markvida.ini under den lokala "
+                      "användaren!"_1252,
+                      kvarn::Caption::title);
+        return kvarn::noIniFile;
     }
-    return hamtade;
+    return fetched;
 }
 
-// What the user's new settings begin with.
-void Inled(CAutoIni& ini, kvarn::Reservkataloger const& reserv, std::int32_t utgava) {
-    auto const skriv = [&](char const* nyckel, CString const& varde) {
-        ini.WriteKey(kvarn::systemSektion, nyckel, varde);
+// The keys that a user's new settings begin with: they depend on the user and the release.
+void WriteFirstKeys(CAutoIni& ini, kvarn::FallbackFolders const& fallback, std::int32_t release) {
+    auto const write = [&](char const* key, std::string_view value) {
+        ini.WriteKey(kvarn::systemSection, key, kvarn::ToCString(value));
     };
-    skriv("MSG", reserv.meddelanden.c_str());
-    if (kvarn::LasKatalognyckel(ini, "SCRIPTPATH").IsEmpty()) {
-        skriv("SCRIPTPATH", reserv.script.c_str());
+    write("MSG", fallback.messages);
+    if (kvarn::ReadFolderKey(ini, "SCRIPTPATH").IsEmpty()) {
+        write("SCRIPTPATH", fallback.script);
     }
-    skriv("ACADVER", std::to_string(utgava).c_str());
-    if (utgava == 19 || utgava == 20) {
-        skriv("ACADEXE", ini.ReadKey(kvarn::systemSektion, utgava == 19 ? "ACADEXEB" : "ACADEXEA"));
+    write("ACADVER", std::to_string(release));
+    if (release == 19 || release == 20) {
+        write(
+            "ACADEXE",
+            ini.ReadKey(kvarn::systemSection, release == 19 ? "ACADEXEB" : "ACADEXEA").GetString());
     }
 }
 
@@ -195,69 +199,70 @@ void Inled(CAutoIni& ini, kvarn::Reservkataloger const& reserv, std::int32_t utg
 
 int kvarn::Bootstrap(CAutoIni& ini, int ver, char const* sub, char const* dir,
                      std::vector<BootstrapStep>& steps) {
-    bool const egen = ver == 0 || ver == 1;
+    bool const own = ver == 0 || ver == 1;
     sub = sub != nullptr ? sub : "";
-    ini.m_lage = egen ? 0 : 1;
+    ini.m_lage = own ? 0 : 1;
     ini.m_paket[0] = '\0';
-    std::optional<std::int32_t> const funnen =
-        egen ? SokEgenUtgava(ini, ver == 1, sub, dir, steps) : SokUtgava(ini, ver, sub, steps);
-    if (!funnen) {
-        return ingenInstallation;
+    std::optional<std::int32_t> const found =
+        own ? FindOwnRelease(ini, ver == 1, sub, dir, steps) : FindRelease(ini, ver, sub, steps);
+    if (!found) {
+        return noInstallation;
     }
-    std::int32_t utgava = *funnen;
+    std::int32_t release = *found;
     ini.m_cfgKat = ini.m_huvudKat;
 
-    Anvandarmiljo miljo(sub);
-    auto const valj = [&] {
-        miljo.ValjUtgava(utgava);
-        if (!miljo.Katalog().empty()) {
-            ini.m_cfgKat = miljo.Katalog().c_str();
+    UserSettings user(sub);
+    auto const choose = [&] {
+        user.ChooseRelease(release);
+        if (!user.Folder().empty()) {
+            ini.m_cfgKat = ToCString(user.Folder());
         }
     };
-    auto const tell = [&](BootstrapStep::Kind kind) { steps.push_back({kind, miljo.Ini(), ""}); };
-    valj();
-    bool const fanns = miljo.HarIni();
-    if (Uppstart const hamtade = miljo.HamtaFranAldre(); hamtade != klar) {
-        return hamtade;
+    auto const tell = [&](BootstrapStep::Kind kind) { steps.push_back({kind, user.Ini(), ""}); };
+    choose();
+    bool const existed = user.HasIni();
+    if (Startup const fetched = user.FetchFromOlder(); fetched != ready) {
+        return fetched;
     }
-    bool const ny = !miljo.HarIni();
-    if (ny && ver != 0) {
+    bool const fresh = !user.HasIni();
+    if (fresh && ver != 0) {
         tell(BootstrapStep::noSettings);
-        NotifyTitled("Fel! Hittar inte data för Markvida för aktuell användare. "
-                     "Starta upp via Samlaren!"_1252);
-        return ingaAnvandardata;
+        Notify("Fel! Hittar inte data för Markvida för aktuell användare. "
+               "Starta upp via Samlaren!"_1252,
+               Caption::title);
+        return noUserData;
     }
-    if (!ny) {
-        tell(fanns ? BootstrapStep::usersSettings : BootstrapStep::olderSettings);
+    if (!fresh) {
+        tell(existed ? BootstrapStep::usersSettings : BootstrapStep::olderSettings);
     } else {
-        bool const korde = KorVaxlaren(ini.m_huvudKat.GetString());
-        if (korde) {
-            utgava = ValdUtgava(utgava);
-            valj();
+        bool const ran = RunSwitcher(ini.m_huvudKat.GetString());
+        if (ran) {
+            release = ChosenRelease(release);
+            choose();
         }
-        bool const lamnade = korde && miljo.HarIni();
-        tell(lamnade ? BootstrapStep::switcher : BootstrapStep::noSwitcher);
-        if (!lamnade) {
-            Uppstart const hamtade = HamtaUtanVaxlare(miljo);
-            if (hamtade != klar) {
-                return hamtade;
+        bool const filled = ran && user.HasIni();
+        tell(filled ? BootstrapStep::switcher : BootstrapStep::noSwitcher);
+        if (!filled) {
+            Startup const fetched = FetchWithoutSwitcher(user);
+            if (fetched != ready) {
+                return fetched;
             }
             tell(BootstrapStep::sharedSettings);
         }
     }
 
-    ini.m_iniFil = miljo.Ini().c_str();
+    ini.m_iniFil = ToCString(user.Ini());
     if (ver == 0) {
         ini.m_lage = 1;
     } else {
-        StyrOmProfil(miljo.Ini());
+        RedirectProfile(user.Ini());
     }
-    Reservkataloger const reserv = {miljo.Programkatalog("Kvarnbok.msg"), miljo.Programkatalog()};
-    if (ny) {
-        Inled(ini, reserv, utgava);
+    FallbackFolders const fallback = {user.ProgramFolder("Kvarnbok.msg"), user.ProgramFolder()};
+    if (fresh) {
+        WriteFirstKeys(ini, fallback, release);
     }
-    LasSystemnycklar(ini, &reserv);
-    return klar;
+    ReadSystemKeys(ini, &fallback);
+    return ready;
 }
 
 int CAutoIni::InitXPWay(int ver, char const* sub, char const* dir) {

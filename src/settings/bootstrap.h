@@ -1,4 +1,4 @@
-// The first start of a user, told step by step: CAutoIni::InitXPWay without the telling.
+// The first start of a user. CAutoIni::InitXPWay does the same without a report of its steps.
 #pragma once
 
 #include <string>
@@ -8,17 +8,17 @@
 
 namespace kvarn {
 
-// What was looked at and what was done, in that order.
+// What was examined and what was done, in this order.
 struct BootstrapStep {
     enum Kind {
-        noInstallation,    // the key names none
-        otherInstallation, // the key names one in another folder
-        installation,      // the one that is taken
-        usersSettings,     // "Markvida.ini" of the user's was there
+        noInstallation,    // the key names no installation
+        otherInstallation, // the key names an installation in another folder
+        installation,      // the key names the installation that is used
+        usersSettings,     // the user already had a "Markvida.ini"
         olderSettings,     // the user's settings were copied from the folder of the older name
-        noSettings,        // the user has none, and none are made
-        switcher,          // the configuration switcher was run, and left settings
-        noSwitcher,        // it could not be run, or left none
+        noSettings,        // the user has no settings, and none are made
+        switcher,          // the configuration switcher ran and left settings
+        noSwitcher,        // the switcher could not be run, or left no settings
         sharedSettings     // the settings were copied from those of all users
     };
     Kind kind;

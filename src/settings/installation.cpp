@@ -10,44 +10,45 @@
 namespace kvarn {
 namespace {
 
+// Windows keeps the folders of the user and of all users here as well, as plain texts.
 constexpr char const* shellFolders =
     "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
 
 } // namespace
 
-bool ArSaknad(CString const& varde) {
-    return SameText(varde.GetString(), saknad);
+bool IsMissing(std::string_view value) {
+    return SameText(value, missingText);
 }
 
-CString LasRegistret(HKEY rot, char const* nyckel, char const* namn, char const* standard) {
-    CRegistry register_;
-    register_.SetRootKey(rot);
-    return register_.SetKey(nyckel, 0, KEY_READ) != 0 ? register_.ReadString(namn, standard)
-                                                      : CString(standard);
+std::string ReadRegistry(HKEY root, char const* key, char const* name, char const* standard) {
+    CRegistry registry;
+    registry.SetRootKey(root);
+    bool const found = registry.SetKey(key, 0, KEY_READ) != 0;
+    return found ? registry.ReadString(name, standard).GetString() : standard;
 }
 
-CString Anvandardata() {
-    return LasRegistret(HKEY_CURRENT_USER, shellFolders, "Appdata");
+std::string UserData() {
+    return ReadRegistry(HKEY_CURRENT_USER, shellFolders, "Appdata");
 }
 
-CString Gemensamdata() {
-    return LasRegistret(HKEY_LOCAL_MACHINE, shellFolders, "Common Appdata");
+std::string SharedData() {
+    return ReadRegistry(HKEY_LOCAL_MACHINE, shellFolders, "Common Appdata");
 }
 
-std::vector<std::string> FilerI(std::string const& katalog, char const* sist) {
-    constexpr int osorterat = 0;
-    constexpr int tomForst = 1;
-    constexpr int lage = 0;
-    constexpr int utanKataloger = 0;
-    CDirSort lista;
-    lista.Init(PathOf(katalog, "*.*").c_str(), osorterat, tomForst, lage, utanKataloger);
-    std::vector<std::string> namn;
-    for (bool finns = lista.Home() == 0; finns; finns = lista++ != nullptr) {
-        namn.emplace_back(lista.Get_aktel()->namn);
+std::vector<std::string> FilesIn(std::string const& folder, char const* last) {
+    constexpr int unsorted = 0;
+    constexpr int emptyFirst = 1;
+    constexpr int mode = 0;
+    constexpr int withoutFolders = 0;
+    CDirSort list;
+    list.Init(PathOf(folder, "*.*").c_str(), unsorted, emptyFirst, mode, withoutFolders);
+    std::vector<std::string> names;
+    for (bool found = list.Home() == 0; found; found = list++ != nullptr) {
+        names.emplace_back(list.Get_aktel()->namn);
     }
-    std::stable_partition(namn.begin(), namn.end(),
-                          [&](std::string const& ett) { return !SameText(ett, sist); });
-    return namn;
+    std::stable_partition(names.begin(), names.end(),
+                          [&](std::string const& one) { return !SameText(one, last); });
+    return names;
 }
 
 } // namespace kvarn

@@ -4,28 +4,30 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "../host/host.h"
 
 namespace kvarn {
 
-constexpr char const* iniNamn = "Markvida.ini";
-constexpr char const* programkatalog = "Orsakor\\Vallentra\\Markvida";
+constexpr char const* iniName = "Markvida.ini";
+constexpr char const* programFolder = "Orsakor\\Vallentra\\Markvida";
 
-// What a missing value of the registry reads as; in any case.
-constexpr char const* saknad = "Saknas";
-bool ArSaknad(CString const& varde);
+// A missing value of the registry is read as this word; its case does not count.
+constexpr char const* missingText = "Saknas";
+bool IsMissing(std::string_view value);
 
 // A text of the registry, or the default.
-CString LasRegistret(HKEY rot, char const* nyckel, char const* namn, char const* standard = saknad);
+std::string ReadRegistry(HKEY root, char const* key, char const* name,
+                         char const* standard = missingText);
 
-// The application data of the user and of all users, as the registry tells.
-CString Anvandardata();
-CString Gemensamdata();
+// The folders of the user's and of all users' application data, from the registry.
+std::string UserData();
+std::string SharedData();
 
-// The names of a folder's files. One of them comes last: the one by which others tell that a folder
-// is filled, so that a copying that was cut short is made up for.
-std::vector<std::string> FilerI(std::string const& katalog, char const* sist);
+// The names of a folder's files. The file whose presence marks a filled folder comes last, so that
+// a folder whose copying was cut short is filled at the next start.
+std::vector<std::string> FilesIn(std::string const& folder, char const* last);
 
 } // namespace kvarn

@@ -13,138 +13,137 @@
 #include "../text/letters.h"
 #include "autoini.h"
 #include "installation.h"
-#include "systemnycklar.h"
+#include "systemkeys.h"
 
 namespace {
 
-// A configuration folder that holds this file is filled.
-constexpr char const* fylldMarke = "Kvarnbok.par";
+// A configuration folder that holds this file counts as filled.
+constexpr char const* filledMark = "Kvarnbok.par";
 
 // Where the settings folder of an INI file lies, by fixed widths:
 // ...\R20\AX\Markvida.ini.
-class Platser {
+class Locations {
   public:
-    explicit Platser(std::string_view iniFil) {
-        constexpr std::size_t iniBredd = 13; // with the backslash before it
-        constexpr std::size_t programBredd = 2;
-        constexpr std::size_t utgaveBredd = 3;
-        Kapa(iniFil, iniBredd);
-        m_program = Kapa(iniFil, programBredd);
-        Kapa(iniFil, 1);
-        m_utgava = Kapa(iniFil, utgaveBredd);
+    explicit Locations(std::string_view iniFile) {
+        constexpr std::size_t iniWidth = 13; // with the backslash before it
+        constexpr std::size_t programWidth = 2;
+        constexpr std::size_t releaseWidth = 3;
+        TakeEnd(iniFile, iniWidth);
+        m_program = TakeEnd(iniFile, programWidth);
+        TakeEnd(iniFile, 1);
+        m_release = TakeEnd(iniFile, releaseWidth);
     }
 
     // False for a path that is too short for the widths.
-    bool Kanda() const { return !m_program.empty() && !m_utgava.empty(); }
+    bool Known() const { return !m_program.empty() && !m_release.empty(); }
 
     // The user's settings folder.
-    std::string Egen() const {
-        return kvarn::PathOf(kvarn::PathOf(Programkatalog(kvarn::Anvandardata()), m_utgava),
-                             m_program);
+    std::string Own() const {
+        return kvarn::PathOf(kvarn::PathOf(ProgramFolder(kvarn::UserData()), m_release), m_program);
     }
-    std::string Gemensam() const {
-        return kvarn::PathOf(Programkatalog(kvarn::Gemensamdata()), m_program);
+    std::string Shared() const {
+        return kvarn::PathOf(ProgramFolder(kvarn::SharedData()), m_program);
     }
 
   private:
     std::string m_program;
-    std::string m_utgava;
+    std::string m_release;
 
     // Takes the last characters off a path; all or none.
-    static std::string Kapa(std::string_view& path, std::size_t bredd) {
-        std::string_view const slut =
-            path.size() >= bredd ? path.substr(path.size() - bredd) : std::string_view();
-        path.remove_suffix(slut.empty() ? path.size() : bredd);
-        return std::string(slut);
+    static std::string TakeEnd(std::string_view& path, std::size_t width) {
+        std::string_view const end =
+            path.size() >= width ? path.substr(path.size() - width) : std::string_view();
+        path.remove_suffix(end.empty() ? path.size() : width);
+        return std::string(end);
     }
-    static std::string Programkatalog(CString const& data) {
-        return kvarn::PathOf(data.GetString(), kvarn::programkatalog);
+    static std::string ProgramFolder(std::string const& data) {
+        return kvarn::PathOf(data, kvarn::programFolder);
     }
 };
 
-// Seconds since 1601; nothing for a file that is not there.
-std::optional<std::uint64_t> Andrad(std::string const& fil) {
-    constexpr std::uint64_t perSekund = 10'000'000;
+// In seconds since 1601, where FILETIME's count begins; nothing when the file is missing.
+std::optional<std::uint64_t> ChangeTime(std::string const& file) {
+    constexpr std::uint64_t perSecond = 10'000'000;
     WIN32_FILE_ATTRIBUTE_DATA status{};
-    if (GetFileAttributesExA(fil.c_str(), GetFileExInfoStandard, &status) == FALSE) {
+    if (GetFileAttributesExA(file.c_str(), GetFileExInfoStandard, &status) == FALSE) {
         return std::nullopt;
     }
-    FILETIME const& tid = status.ftLastWriteTime;
-    return (std::uint64_t{tid.dwHighDateTime} << 32U | tid.dwLowDateTime) / perSekund;
+    FILETIME const& time = status.ftLastWriteTime;
+    return (std::uint64_t{time.dwHighDateTime} << 32U | time.dwLowDateTime) / perSecond;
 }
 
-// Copies a file unless there is one that is as new. A copy that fails is let be.
-void KopieraNyare(std::string const& fran, std::string const& till) {
-    std::optional<std::uint64_t> const kalla = Andrad(fran);
-    std::optional<std::uint64_t> const mal = Andrad(till);
-    if (kalla && (!mal || *kalla > *mal)) {
-        kvarn::CopyWhole(fran.c_str(), till.c_str(), kvarn::Existing::replaced);
+// Copies a file unless the target is as new. A failure is not reported: the next start tries again.
+void CopyNewer(std::string const& from, std::string const& to) {
+    std::optional<std::uint64_t> const source = ChangeTime(from);
+    std::optional<std::uint64_t> const target = ChangeTime(to);
+    if (source && (!target || *source > *target)) {
+        kvarn::CopyWhole(from.c_str(), to.c_str(), kvarn::Existing::replaced);
     }
 }
 
-template <class Villkor>
-void KopieraNyare(std::string const& fran, std::string const& till, Villkor ska) {
-    for (std::string const& namn : kvarn::FilerI(fran, fylldMarke)) {
-        std::string versaler = namn;
-        ToUpperNordic(versaler.data());
-        if (ska(versaler)) {
-            KopieraNyare(kvarn::PathOf(fran, namn), kvarn::PathOf(till, namn));
+template <class Condition>
+void CopyNewer(std::string const& from, std::string const& to, Condition wanted) {
+    for (std::string const& name : kvarn::FilesIn(from, filledMark)) {
+        std::string capitals = name;
+        ToUpperNordic(capitals.data());
+        if (wanted(capitals)) {
+            CopyNewer(kvarn::PathOf(from, name), kvarn::PathOf(to, name));
         }
     }
 }
 
-// The files that a configuration folder is filled with: anywhere in the name, so that a
-// PLAN.DAT.BAK counts too.
-bool HorTillKonfigurationen(std::string const& versaler) {
-    constexpr std::array<char const*, 6> delar = {".SDF", ".XML", ".DAT", ".CFG", ".KAL", ".PAR"};
-    return versaler != "SAMLAREN.DAT" &&
-           std::any_of(delar.begin(), delar.end(),
-                       [&](char const* del) { return versaler.find(del) != std::string::npos; });
+// Known quirk, kept on purpose: the extension may be anywhere in the name, so that PLAN.DAT.BAK
+// is copied too.
+bool BelongsToConfiguration(std::string const& capitals) {
+    constexpr std::array<char const*, 6> parts = {".SDF", ".XML", ".DAT", ".CFG", ".KAL", ".PAR"};
+    return capitals != "SAMLAREN.DAT" &&
+           std::any_of(parts.begin(), parts.end(),
+                       [&](char const* part) { return capitals.find(part) != std::string::npos; });
 }
 
-// The platform's own folder; "Saknas" where none is registered.
-CString Plattformskatalog(CAutoIni& ini) {
-    CString version = ini.ReadKey(kvarn::systemSektion, "VALLENTRAVER");
-    version = version.IsEmpty() ? CString("18.30") : version;
-    std::string const nyckel =
+// The folder of the platform that the settings name; "Saknas" when it is not registered.
+std::string PlatformFolder(CAutoIni& ini) {
+    CString version = ini.ReadKey(kvarn::systemSection, "VALLENTRAVER");
+    version = version.IsEmpty() ? CString("18.30") : version; // when the settings have no such key
+    std::string const key =
         std::string("SOFTWARE\\Orsakor\\Vallentra\\") + version.GetString() + "\\Kernel Services";
-    CRegistry register_;
-    register_.SetRootKey(HKEY_LOCAL_MACHINE);
-    return register_.ReadStringKey3264(nyckel.c_str(), "Root Directory", kvarn::saknad);
+    CRegistry registry;
+    registry.SetRootKey(HKEY_LOCAL_MACHINE);
+    return registry.ReadStringKey3264(key.c_str(), "Root Directory", kvarn::missingText)
+        .GetString();
 }
 
 } // namespace
 
 int CAutoIni::AllUserFileCheck() {
-    Platser const platser(m_iniFil.GetString());
-    if (!platser.Kanda() || !kvarn::FileExists(platser.Egen().c_str())) {
+    Locations const locations(m_iniFil.GetString());
+    if (!locations.Known() || !kvarn::FileExists(locations.Own().c_str())) {
         return -1;
     }
-    KopieraNyare(platser.Gemensam(), platser.Egen(), [](std::string const& versaler) {
-        return versaler != "MARKVIDA.INI"; // the user's own settings
+    CopyNewer(locations.Shared(), locations.Own(), [](std::string const& capitals) {
+        return capitals != "MARKVIDA.INI"; // the user's own settings
     });
 
-    CString const plattform = Plattformskatalog(*this);
-    if (kvarn::ArSaknad(plattform)) {
+    std::string const platform = PlatformFolder(*this);
+    if (kvarn::IsMissing(platform)) {
         return -1;
     }
-    CString const program = kvarn::LasRegistret(
+    std::string const program = kvarn::ReadRegistry(
         HKEY_LOCAL_MACHINE, "Software\\Microsoft\\Windows\\CurrentVersion", "ProgramFilesDir");
-    KopieraNyare(kvarn::PathOf(program.GetString(), "Orsakor\\Binaries"),
-                 kvarn::PathOf(plattform.GetString(), "Binaries"),
-                 [](std::string const&) { return true; });
+    CopyNewer(kvarn::PathOf(program, "Orsakor\\Binaries"), kvarn::PathOf(platform, "Binaries"),
+              [](std::string const&) { return true; });
     return 0;
 }
 
 int CAutoIni::User2Cfg(CString& dir) {
-    std::string const katalog = dir.GetString();
-    if (!kvarn::FileExists(katalog.c_str())) {
+    std::string const folder = dir.GetString();
+    if (!kvarn::FileExists(folder.c_str())) {
         return -1;
     }
-    Platser const platser(m_iniFil.GetString());
-    bool const fylld = kvarn::FileExists(kvarn::PathOf(katalog, fylldMarke).c_str());
-    if (!fylld && platser.Kanda()) {
-        KopieraNyare(platser.Egen(), katalog, HorTillKonfigurationen);
+    Locations const locations(m_iniFil.GetString());
+    bool const filled = kvarn::FileExists(kvarn::PathOf(folder, filledMark).c_str());
+    if (!filled && locations.Known()) {
+        CopyNewer(locations.Own(), folder, BelongsToConfiguration);
     }
     return 0;
 }

@@ -6,14 +6,15 @@
 #include "../files/existence.h"
 #include "../files/pathparts.h"
 #include "../host/calls.h"
+#include "../host/clienttext.h"
 #include "autoini.h"
 #include "installation.h"
-#include "systemnycklar.h"
+#include "systemkeys.h"
 
 namespace {
 
-// The folder of the running program. It takes the place of the process's command line, so that
-// every later reader of that text sees the folder alone.
+// The folder of the running program, which is written over the process's command line. Known quirk,
+// kept on purpose: programs read the folder from that text later.
 std::string TakeProgramFolder() {
     char* const line = GetCommandLineA();
     std::string folder = kvarn::SplitPathArgument(line).folder;
@@ -26,6 +27,8 @@ std::optional<std::string> EnvironmentFolder() {
     if (folder.empty()) {
         return std::nullopt;
     }
+    // The first call counted the zero, the second does not (GetEnvironmentVariable in the Windows
+    // documentation).
     folder.resize(
         GetEnvironmentVariableA("KVARNBOK", folder.data(), static_cast<DWORD>(folder.size())));
     return folder;
@@ -41,17 +44,17 @@ int CAutoIni::Init(int mode) {
     m_lage = mode;
     std::optional<std::string> const folder = mode != 0 ? EnvironmentFolder() : TakeProgramFolder();
     if (folder) {
-        m_huvudKat = m_cfgKat = folder->c_str();
+        m_huvudKat = m_cfgKat = kvarn::ToCString(*folder);
     }
 
-    std::string const candidate = kvarn::PathOf(m_huvudKat.GetString(), kvarn::iniNamn);
-    std::string const iniFile = kvarn::FileExists(candidate.c_str()) ? candidate : kvarn::iniNamn;
+    std::string const candidate = kvarn::PathOf(m_huvudKat.GetString(), kvarn::iniName);
+    std::string const iniFile = kvarn::FileExists(candidate.c_str()) ? candidate : kvarn::iniName;
     if (mode != 0) {
-        m_iniFil = iniFile.c_str();
+        m_iniFil = kvarn::ToCString(iniFile);
     } else {
-        kvarn::StyrOmProfil(iniFile);
+        kvarn::RedirectProfile(iniFile);
     }
 
-    kvarn::LasSystemnycklar(*this, nullptr);
+    kvarn::ReadSystemKeys(*this, nullptr);
     return 0;
 }

@@ -82,8 +82,8 @@ constexpr int CompareNoCase1252(std::string_view a, std::string_view b) {
     return a.size() == b.size() ? 0 : a.size() < b.size() ? -1 : 1;
 }
 
-// Takes the next code point off the front of a UTF-8 text; nothing, and the text as it was, where
-// it does not begin with a well-formed one.
+// Takes the next code point off the front of a UTF-8 text. When the text does not begin with a
+// well-formed code point the result is nothing, and the text stays as it was.
 constexpr std::optional<char32_t> TakeCodePoint(std::string_view& utf8) {
     auto const lead = static_cast<unsigned char>(utf8.front());
     std::size_t const length = lead < 0x80                    ? 1
@@ -139,8 +139,8 @@ inline std::string ToUtf8(std::string_view text) {
     return utf8;
 }
 
-// A UTF-8 literal as a template argument, and as zero-ended text in code page 1252. A letter
-// outside the code page makes the conversion no constant expression: it does not compile.
+// A UTF-8 literal as a template argument, and as zero-ended text in code page 1252. A literal with
+// a letter outside the code page does not compile: value() of nothing is no constant expression.
 template <std::size_t N> struct Literal1252 {
     consteval Literal1252(char const (&utf8)[N]) {
         std::string_view rest(utf8, N - 1);

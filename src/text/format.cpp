@@ -6,7 +6,7 @@
 namespace kvarn {
 namespace {
 
-// More decimals than a double can have only add zeros; the caller's number may be any.
+// A double has at most 1,074 decimals: more only add zeros, and callers may ask for any number.
 constexpr int mostDecimals = 1100;
 // 309 digits before the point, the point, and a sign.
 constexpr std::size_t mostCharacters = mostDecimals + 311;
@@ -53,6 +53,7 @@ void AppendNumber(std::string& out, double value, Conversion const& c) {
                                    std::chars_format::fixed, decimals)
                          .ptr;
     std::string_view const text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+    // printf pads infinities and NaNs with blanks, also when zeros are asked for.
     bool const finite = text.find_first_of("in") == std::string_view::npos; // "inf", "nan"
     Pad(out, text, c, c.zeros && finite);
 }

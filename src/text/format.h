@@ -1,5 +1,4 @@
-// Texts with values. The format is checked against its arguments when it is compiled: one that does
-// not fit does not compile.
+// Texts with values. A format that does not fit its arguments does not compile.
 //
 // Conversions: %s (text), %d and %ld (32 bits), %f and %lf (double), %%; with the flags - and 0,
 // width and precision, each of which may be * (32 bits, before its value). The results are printf's
@@ -39,7 +38,7 @@ struct Conversion {
     bool precisionGiven = false;
     int width = 0;
     int precision = -1;
-    char letter = '\0'; // s, d, f or %; the zero when the conversion is none of those offered
+    char letter = '\0'; // s, d, f or %; zero for any other conversion
 };
 
 // The conversion that follows a '%'; takes it off the format.
@@ -81,8 +80,8 @@ constexpr Conversion TakeConversion(std::string_view& format) {
     return conversion;
 }
 
-// Where the next conversion begins; the end where there is none. (A loop and not find, whose null
-// test GCC does not take for constant under the undefined-behaviour sanitizer.)
+// The index of the next conversion, or the format's length. (A loop and not find: under the
+// undefined-behaviour sanitizer GCC does not accept find's null test as constant.)
 constexpr std::size_t NextPercent(std::string_view format) {
     std::size_t i = 0;
     while (i < format.size() && format[i] != '%') {
@@ -116,7 +115,7 @@ void TheFormatDoesNotFitItsArguments();
 
 template <class... T> class FormatString {
   public:
-    // NOLINTNEXTLINE(google-explicit-constructor): a literal is to be passed as it stands.
+    // NOLINTNEXTLINE(google-explicit-constructor): callers pass a plain literal.
     consteval FormatString(char const* text) : m_text(text) {
         std::array<FormatArgument::Kind, sizeof...(T) + 1> const kinds = {
             KindOfType<T>()..., FormatArgument::Kind::none};

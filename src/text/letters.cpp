@@ -24,12 +24,12 @@ constexpr LetterTable Table(std::initializer_list<LetterPair> letters) {
 }
 
 constexpr LetterTable UpperTable() {
-    LetterTable table = Table({{229, 197},
-                               {228, 196},
-                               {246, 214}, // å ä ö
-                               {134, 143},
-                               {132, 142},
-                               {148, 153}}); // å ä ö of code page 437
+    // clang-format off
+    LetterTable table = Table({
+        {229, 197}, {228, 196}, {246, 214}, // å ä ö
+        {134, 143}, {132, 142}, {148, 153}, // å ä ö of code page 437
+    });
+    // clang-format on
     for (char c = 'a'; c <= 'z'; ++c) {
         table[static_cast<unsigned char>(c)] = static_cast<char>(c - 'a' + 'A');
     }
@@ -38,18 +38,14 @@ constexpr LetterTable UpperTable() {
 
 constexpr LetterTable upper = UpperTable();
 
-constexpr LetterTable ansi = Table({{134, 229},
-                                    {143, 197}, // å Å
-                                    {132, 228},
-                                    {142, 196}, // ä Ä
-                                    {148, 246},
-                                    {153, 214}, // ö Ö
-                                    {145, 230},
-                                    {146, 198}, // æ Æ
-                                    {155, 248},
-                                    {237, 216}, // ø Ø
-                                    {130, 233},
-                                    {144, 201}}); // é É
+// clang-format off
+constexpr LetterTable ansi = Table({
+    {134, 229}, {132, 228}, {148, 246}, // å ä ö
+    {143, 197}, {142, 196}, {153, 214}, // Å Ä Ö
+    {145, 230}, {155, 248}, {130, 233}, // æ ø é
+    {146, 198}, {237, 216}, {144, 201}, // Æ Ø É
+});
+// clang-format on
 
 void Convert(char* text, LetterTable const& table) {
     for (; *text != '\0'; ++text) {

@@ -6,10 +6,10 @@
 #include <cstring>
 #include <limits>
 
+#include "text.h"
+
 namespace kvarn {
 namespace {
-
-constexpr std::string_view whiteSpace = "\t\n\v\f\r ";
 
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
@@ -21,7 +21,8 @@ bool IsHexDigit(char c) {
     return IsDigit(c) || (Lower(c) >= 'a' && Lower(c) <= 'f');
 }
 
-// True and past it when the text goes on with the lower-case word, in any case.
+// Takes a word off the front of the text, whatever its case; false when the text has another. The
+// word is given in lower case.
 bool Take(std::string_view& text, std::string_view word) {
     bool const found =
         text.size() >= word.size() && std::equal(word.begin(), word.end(), text.begin(),
@@ -56,6 +57,7 @@ std::size_t NumberLength(std::string_view text, bool hex) {
 
 // Whether a number beyond the range of its type is too large rather than too small.
 bool IsHuge(std::string_view number, bool hex) {
+    // Beyond any length of a text, so that a sum with one cannot overflow.
     constexpr std::int64_t most = 1'000'000'000'000;
     std::size_t const mark = number.find_first_of(hex ? "pP" : "eE");
     std::string_view const mantissa = number.substr(0, mark);

@@ -1,6 +1,6 @@
-// Numbers and words from text, with the results of the runtime library's sscanf under a "." locale,
-// whatever locale the process has: leading white space, sign, exponent, hexadecimal, inf and nan,
-// and what is read of a text that only begins as a number.
+// Reads numbers and words from text, with the results of the runtime library's sscanf under a "."
+// locale, whatever locale the process has: leading white space, sign, exponent, hexadecimal, inf
+// and nan, and texts that only begin as a number.
 #pragma once
 
 #include <cstddef>
@@ -36,8 +36,8 @@ class Scanner {
     std::string_view m_rest;
 };
 
-// Reads the values one after another and returns how many it read, stopping at the first that the
-// text does not give; -1 when the text ends before the first.
+// Reads the values one after another and stops at the first that fails. Returns how many it read,
+// or -1 when the text ends before the first.
 template <class... T> int Scan(std::string_view text, T&... values) {
     Scanner scanner(text);
     int count = 0;

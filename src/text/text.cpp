@@ -25,7 +25,7 @@ bool SameText(std::string_view a, std::string_view b) {
 
 void CopyText(char* buffer, std::size_t size, std::string_view text) {
     std::size_t const length = std::min(text.size(), size - 1);
-    std::char_traits<char>::move(buffer, text.data(), length); // a client may pass its own field
+    std::char_traits<char>::move(buffer, text.data(), length); // the text may lie in the buffer
     buffer[length] = '\0';
 }
 

@@ -9,9 +9,9 @@ namespace kvarn {
 
 inline constexpr std::string_view whiteSpace = "\t\n\v\f\r ";
 
-// Without the white space, or whatever the set holds, at both ends.
+// The text without white space, or the characters of the set, at both ends.
 std::string_view Trimmed(std::string_view text, std::string_view set = whiteSpace);
-// Without that at its end alone.
+// The text without white space at its end.
 std::string_view TrimmedRight(std::string_view text);
 
 // Equal when the letters of code page 1252 are folded.
@@ -20,7 +20,7 @@ bool SameText(std::string_view a, std::string_view b);
 // Copies a text into a buffer of `size` bytes, cut to fit, with a zero at its end.
 void CopyText(char* buffer, std::size_t size, std::string_view text);
 
-// The text of a field that clients fill as well, with or without a zero at its end.
+// The text of a field. Clients fill fields too, and may leave out the zero at the end.
 template <std::size_t N> std::string_view FieldText(char const (&field)[N]) {
     std::string_view const all(field, N - 1);
     return all.substr(0, all.find('\0'));

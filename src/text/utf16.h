@@ -6,7 +6,7 @@
 
 namespace kvarn {
 
-// What files begin with whose units have their lower byte first.
+// The first two bytes of files in UTF-16 with the lower byte first.
 inline constexpr std::string_view utf16Mark = "\xFF\xFE";
 
 // Between code page 1252 and UTF-16; letters that the code page lacks become question marks.
@@ -17,7 +17,8 @@ std::string FromUtf16(std::u16string_view text);
 std::string ToBytes(std::u16string_view text);
 std::u16string FromBytes(std::string_view bytes);
 
-// Names are compared in capitals: case counts for no letter of code page 1252.
+// Names are compared in these capitals, so that the case of letters of code page 1252 does not
+// count.
 char16_t Capital(char16_t c);
 std::u16string Capitals(std::u16string_view text);
 

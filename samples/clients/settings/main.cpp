@@ -2,7 +2,7 @@
 //
 //     settingsclient PROJECT [sv|no] [PICTURES SECOND-PROJECT]
 //
-// With the last two it shows itself and ends: 0 when all came as it should.
+// With the last two arguments it shows itself and ends, with 0 when every step went as expected.
 #include <cstring>
 #include <memory>
 

@@ -11,7 +11,7 @@ class MainWindow : public CWnd {
 
     // language 0: the settings pages are Swedish, 1: Norwegian.
     explicit MainWindow(int language);
-    // Its window is gone when the object goes.
+    // Destroys the window.
     ~MainWindow() override;
 
     // Reads the project's road too: the library shows a line that it cannot read in the status bar,

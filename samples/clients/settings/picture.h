@@ -3,6 +3,6 @@
 
 #include <windows.h>
 
-// Saves what the screen shows of a window, and of all that lies over it, as a PNG file. False when
-// that failed.
+// Saves a window as the screen shows it, with all that lies over it, as a PNG file. False when that
+// fails.
 bool SavePicture(HWND window, char const* path);

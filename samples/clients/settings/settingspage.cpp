@@ -11,7 +11,7 @@ using kvarn::SettingsKind;
 
 constexpr int initialData = 240; // the resource's type
 constexpr unsigned addToCombo = 0x403;
-constexpr std::size_t longestValue = 258; // that a parameter file gives back
+constexpr std::size_t longestValue = 258; // longer values are lost at the next reading
 
 struct Resource {
     Resource(HINSTANCE library, int page, char const* type) {
@@ -97,7 +97,7 @@ std::string ShownCheck(HWND box, char const* before) {
     return state == BST_INDETERMINATE || Same(before, value) ? before : value;
 }
 
-// The value that the user sees, as the file is to have it.
+// The value that the user sees, as it is written to the file.
 std::string Shown(HWND dialog, SettingsControl const& control, std::string const& before) {
     HWND const box = GetDlgItem(dialog, control.control);
     return control.kind == SettingsKind::check ? ShownCheck(box, before.c_str()) : TextOf(box);
@@ -107,7 +107,8 @@ bool Save(CKvarnInst& inst, char const* file, char const* key, std::string const
     return inst.WriteKey(file, key, value.c_str()) == 0;
 }
 
-// Values are the words of a line, and lines are added one at a time: all are written, in order.
+// Values are words of a line, and a short file grows by one line a write, so all values are written
+// in their order.
 bool SaveJb23(CKvarnInst& inst, char const* file, std::size_t page,
               std::vector<std::string> const& values) {
     auto value = values.begin();

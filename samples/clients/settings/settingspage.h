@@ -15,14 +15,14 @@ struct InitialEntry {
     std::string text; // in code page 1252
 };
 
-// What the resource of type 240 of a page holds; empty where there is none. Data that ends early
-// gives the entries before it.
+// The entries in a page's resource of type 240; empty when the page has no such resource. Data that
+// ends early gives the entries before its end.
 std::vector<InitialEntry> InitialEntries(HINSTANCE library, int page);
 
-// A page as a child of a window, hidden; null where there is no such resource.
+// Makes a page as a hidden child of a window; null when the library has no such resource.
 HWND CreateSettingsPage(HINSTANCE library, int page, HWND parent);
 
-// As MFC's dialogs do. False when an entry could not be added.
+// Fills the combo boxes as MFC's dialogs do. False when an entry could not be added.
 bool FillComboBoxes(HWND dialog, HINSTANCE library, int page);
 
 // The values of all keys of a page: `page` is a place in kvarn::settingsPages. A value other than

@@ -53,7 +53,7 @@ void OnApply(HWND dialog) {
     SetResult(dialog, saved ? PSNRET_NOERROR : PSNRET_INVALID);
 }
 
-// The user has edited, chosen or clicked something; what the program itself fills in comes while
+// Whether the user has edited, chosen or clicked something. The program fills in values only while
 // the page is hidden.
 bool IsChange(WPARAM command, HWND dialog) {
     switch (HIWORD(command)) {

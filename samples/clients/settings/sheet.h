@@ -6,8 +6,8 @@
 // Returns when the user has closed it. language 0: Swedish, 1: Norwegian.
 void ShowSettingsSheet(HWND owner, CKvarnInst& inst, int language);
 
-// While one lives, the first message of the library is shown over the program's main window and
-// the others are not: a file that cannot be opened fails anew for each key that is read of it.
+// While this object lives, only the first message of the library is shown, over the program's main
+// window: a file that cannot be opened fails again for each key that is read from it.
 class OneBox {
   public:
     OneBox();

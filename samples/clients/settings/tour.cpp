@@ -10,7 +10,7 @@
 namespace {
 
 constexpr UINT pace = 300;   // milliseconds between the steps: windows paint themselves
-constexpr int patience = 60; // steps that nothing comes of
+constexpr int patience = 60; // steps to wait for a window
 constexpr int planPage = 1;
 
 Tour* running = nullptr;
@@ -51,8 +51,8 @@ void Tour::GiveUp() {
     PostMessageA(over, over == m_window.m_hWnd ? WM_DESTROY : WM_CLOSE, 0, 0);
 }
 
-// A step that opens something goes on before it is closed again: it stands at the end, and what is
-// posted runs a loop of its own, in which the timer comes too.
+// A window may stay open until the tour closes it, so a step is counted before its window is
+// opened. The window runs its own message loop, in which the timer comes too.
 void Tour::Next() {
     HWND const popup = GetLastActivePopup(m_window.m_hWnd);
     bool const open = popup != m_window.m_hWnd && IsWindowVisible(popup) != FALSE;

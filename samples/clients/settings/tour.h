@@ -9,14 +9,13 @@
 
 class Tour {
   public:
-    // Pictures go to a folder; the second project is one whose road cannot be opened, and neither
-    // its settings.
+    // Saves the pictures in a folder. The second project's road and settings cannot be opened.
     Tour(MainWindow& window, std::string pictures, std::string secondProject);
     ~Tour();
     Tour(Tour const&) = delete;
     Tour& operator=(Tour const&) = delete;
 
-    // Whether all of it came as it should.
+    // Whether every step went as expected.
     bool Done() const { return m_step == last && !m_failed; }
 
   private:

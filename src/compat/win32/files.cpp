@@ -21,6 +21,7 @@ namespace {
 
 thread_local DWORD lastError = ERROR_SUCCESS;
 
+// The library asks for these alone; every other error is a general failure.
 DWORD WindowsError(int error) {
     switch (error) {
     case ENOENT:
@@ -57,8 +58,8 @@ BOOL Done(long hostResult) {
     return FALSE;
 }
 
-// A host call on a path as it is spelt, which nearly always exists, and else on the one that is
-// found without regard to case.
+// Makes a host call on the path as it is spelt. When that does not exist, which is rare, makes it
+// on the path that is found without regard to case.
 template <class Call> int OnPath(LPCSTR path, Call call) {
     if (*path == '\0') {
         errno = ENOTDIR; // "path not found", as Windows answers
@@ -78,19 +79,20 @@ template <class Call> int OnPath(LPCSTR path, Call call) {
 }
 
 int OpenFlags(DWORD access, DWORD disposition) {
-    int flags = O_CLOEXEC | O_NONBLOCK; // a pipe without a reader would wait for one
+    int flags = O_CLOEXEC | O_NONBLOCK; // otherwise a pipe without a reader waits for one
     flags |= (access & GENERIC_WRITE) == 0  ? O_RDONLY
              : (access & GENERIC_READ) == 0 ? O_WRONLY
                                             : O_RDWR;
     if (disposition == CREATE_NEW) {
         flags |= O_CREAT | O_EXCL;
     } else if (disposition != OPEN_EXISTING) {
-        flags |= O_CREAT; // not O_TRUNC: whoever writes the file may keep us out
+        flags |= O_CREAT; // not O_TRUNC: the lock of another writer is tried first
     }
     return flags;
 }
 
-// Until the folder is on disk too, a crash may bring the old name back.
+// A renamed file has its new name for sure once its folder is on the disk (fsync in the Linux
+// manual pages).
 void FlushFolderOf(std::string const& hostPath) {
     std::size_t const slash = hostPath.rfind('/');
     std::string const folder = slash == std::string::npos ? "." : hostPath.substr(0, slash + 1);
@@ -129,8 +131,8 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*,
                    DWORD, HANDLE) {
     int const flags = OpenFlags(access, disposition);
     auto const openIt = [flags](char const* hostPath) { return open(hostPath, flags, 0666); };
-    // No file is made beside one that differs in case alone. (By CREATE_NEW it is: that spares a
-    // new file the listing of its folder.)
+    // A file whose name differs in case alone is opened, and no second one is made. CREATE_NEW does
+    // not look for it: its unique names need no listing of the folder.
     bool const finds = disposition == OPEN_ALWAYS || disposition == CREATE_ALWAYS;
     int const descriptor =
         finds && *path != '\0' ? openIt(HostPath(path).c_str()) : OnPath(path, openIt);
@@ -143,7 +145,7 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*,
         lastError = ERROR_ACCESS_DENIED;
         return INVALID_HANDLE_VALUE;
     }
-    // Writers lock each other out, but for those that all share.
+    // A writer that does not share takes the lock alone; writers that share take it together.
     bool const writes = (access & GENERIC_WRITE) != 0;
     int const lock = (share & FILE_SHARE_WRITE) == 0 ? LOCK_EX : LOCK_SH;
     if (writes && flock(descriptor, lock | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
@@ -198,6 +200,8 @@ BOOL SetEndOfFile(HANDLE file) {
     if (!Done(end) || !Done(fstat(Descriptor(file), &status))) {
         return FALSE;
     }
+    // posix_fallocate reserves blocks, so that a full disk shows here; ftruncate would leave a
+    // hole.
     if (end > status.st_size) {
         errno = posix_fallocate(Descriptor(file), status.st_size, end - status.st_size);
         return Done(errno == 0 ? 0 : -1);
@@ -229,7 +233,7 @@ DWORD GetFinalPathNameByHandleA(HANDLE file, LPSTR path, DWORD size, DWORD) {
     if (!Done(length) || !Done(fstat(Descriptor(file), &status))) {
         return 0;
     }
-    if (status.st_nlink == 0) { // the link would tell a name that is gone
+    if (status.st_nlink == 0) { // deleted: the link gives its former name
         lastError = ERROR_FILE_NOT_FOUND;
         return 0;
     }

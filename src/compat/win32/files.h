@@ -1,5 +1,5 @@
 // Files and folders by the Windows calls that the library uses, for hosts that are not Windows.
-// Behaviour is what Windows documents, for the arguments that are really used; paths are code
+// They behave as Windows documents, for the arguments that are really used. Paths are in code
 // page 1252 with backslashes (see paths.h).
 #pragma once
 
@@ -10,9 +10,11 @@ constexpr DWORD ERROR_FILE_NOT_FOUND = 2;
 constexpr DWORD ERROR_PATH_NOT_FOUND = 3;
 constexpr DWORD ERROR_ACCESS_DENIED = 5;
 constexpr DWORD ERROR_INVALID_HANDLE = 6;
+constexpr DWORD ERROR_WRITE_FAULT = 29;
 constexpr DWORD ERROR_GEN_FAILURE = 31;
 constexpr DWORD ERROR_SHARING_VIOLATION = 32;
 constexpr DWORD ERROR_FILE_EXISTS = 80;
+constexpr DWORD ERROR_INVALID_PARAMETER = 87;
 constexpr DWORD ERROR_DISK_FULL = 112;
 constexpr DWORD ERROR_INSUFFICIENT_BUFFER = 122;
 constexpr DWORD ERROR_INVALID_NAME = 123;
@@ -52,15 +54,15 @@ struct LARGE_INTEGER {
 struct OVERLAPPED;
 struct SECURITY_ATTRIBUTES;
 
-// Of the share modes one is kept: without FILE_SHARE_WRITE a writer keeps out other writers. A
-// folder cannot be opened, and neither can a pipe.
+// One share mode has an effect: without FILE_SHARE_WRITE a writer keeps out other writers. Folders
+// and pipes cannot be opened.
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
                    DWORD disposition, DWORD attributes, HANDLE templateFile);
 BOOL ReadFile(HANDLE file, void* buffer, DWORD size, DWORD* read, OVERLAPPED* overlapped);
 BOOL WriteFile(HANDLE file, void const* data, DWORD size, DWORD* written, OVERLAPPED* overlapped);
 BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size);
 BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INTEGER* position, DWORD from);
-// A file that grows has its room on the disk when it returns.
+// Reserves the room of a growing file on the disk.
 BOOL SetEndOfFile(HANDLE file);
 BOOL FlushFileBuffers(HANDLE file);
 BOOL CloseHandle(HANDLE file);
@@ -68,12 +70,12 @@ DWORD GetFileType(HANDLE file);
 DWORD GetFinalPathNameByHandleA(HANDLE file, LPSTR path, DWORD size, DWORD flags);
 
 DWORD GetFileAttributesA(LPCSTR path);
-// Read-only takes the right to write from everybody, its absence gives it to the owner; the others
-// have no counterpart.
+// Read-only takes the right to write from everybody, its absence gives it to the owner. The other
+// attributes have no counterpart.
 BOOL SetFileAttributesA(LPCSTR path, DWORD attributes);
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES* security);
 BOOL DeleteFileA(LPCSTR path);
-// The new name is on disk when it returns.
+// The new name is on the disk when the call returns.
 BOOL MoveFileExA(LPCSTR from, LPCSTR to, DWORD flags);
 
 using SECURITY_INFORMATION = DWORD;
@@ -82,8 +84,8 @@ constexpr SECURITY_INFORMATION OWNER_SECURITY_INFORMATION = 1;
 constexpr SECURITY_INFORMATION GROUP_SECURITY_INFORMATION = 2;
 constexpr SECURITY_INFORMATION DACL_SECURITY_INFORMATION = 4;
 
-// A file's owner, group and mode as an opaque block of bytes: all three are read, those that are
-// asked for are set. The mode stands for the access list.
+// A file's owner, group and mode as an opaque block of bytes. Get reads all three, Set sets those
+// that are asked for. The mode takes the place of the access list.
 BOOL GetFileSecurityA(LPCSTR path, SECURITY_INFORMATION which, PSECURITY_DESCRIPTOR block,
                       DWORD size, DWORD* needed);
 BOOL SetFileSecurityA(LPCSTR path, SECURITY_INFORMATION which, PSECURITY_DESCRIPTOR block);

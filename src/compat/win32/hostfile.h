@@ -1,4 +1,4 @@
-// What the stand-ins for files, searches and processes share of the host.
+// Handles and file status of the host, for the stand-ins of files, searches and processes.
 #pragma once
 
 #include <sys/stat.h>
@@ -15,12 +15,12 @@ inline int Descriptor(HANDLE handle) {
     return static_cast<int>(reinterpret_cast<std::intptr_t>(handle)) - 1;
 }
 
-// The status of the file at a path of the library; false, with the reason for GetLastError, where
-// there is none.
+// The status of the file at a Windows path; false when the file is missing or cannot be examined,
+// with the reason for GetLastError.
 bool FileStatus(LPCSTR path, struct stat& status);
 bool FileStatus(HANDLE file, struct stat& status);
 
-// As GetFileAttributes tells them.
+// As GetFileAttributes returns them.
 DWORD Attributes(struct stat const& status);
 
 } // namespace kvarn

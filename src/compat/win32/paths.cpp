@@ -27,7 +27,8 @@ std::string DrivesFolder() {
     return drives.empty() ? UserDataFolder() + "/kvarnprog/drives" : drives;
 }
 
-// The name in a folder that equals `name` but for case, or an empty text.
+// The first name in a folder, in the order of bytes, that differs from `name` in case alone; empty
+// when the folder has no such name.
 std::string FindWithoutCase(std::string const& folder, std::string_view name) {
     struct Close {
         void operator()(DIR* dir) const { closedir(dir); }
@@ -64,7 +65,7 @@ std::string TakeRoot(std::string_view& path) {
 } // namespace
 
 std::string SpeltHostPath(std::string_view path) {
-    constexpr std::size_t longestLetter = 3; // bytes of UTF-8
+    constexpr std::size_t longestLetter = 3; // bytes of UTF-8, for any letter of code page 1252
     std::string host = TakeRoot(path);
     std::size_t end = host.size();
     host.resize(end + longestLetter * path.size());
@@ -88,8 +89,8 @@ std::string HostPath(std::string_view path) {
     if (Exists(spelt)) { // nearly always
         return spelt;
     }
-    // Below the root every component comes from the path, in UTF-8; the drives' folder is the
-    // host's.
+    // Only components of the path are looked up, in UTF-8. The folder of the drives is a host path
+    // and is used as it is.
     std::string host = TakeRoot(path);
     std::string_view rest = std::string_view(spelt).substr(host.size());
     std::size_t const last = rest.rfind('/');

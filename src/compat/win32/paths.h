@@ -18,17 +18,17 @@ namespace kvarn {
 //   on, the spelling is kept.
 std::string HostPath(std::string_view path);
 
-// The same without a look at the disk: every component as it is spelt.
+// The same without reading the disk: every component as it is spelt.
 std::string SpeltHostPath(std::string_view path);
 
-// A host path in code page 1252; nothing when it holds a letter outside it.
+// A host path in code page 1252; nothing when it holds a letter outside that page.
 std::optional<std::string> FromHostPath(std::string_view hostPath);
 
-// The folders where the host's programs keep the user's data, and configuration.
+// The folders of the user's data and configuration, by the XDG base directory specification.
 std::string UserDataFolder();
 std::string UserConfigFolder();
 
-// The file that stands for the registry.
+// The file that holds the registry.
 std::string RegistryFile();
 
 } // namespace kvarn

@@ -12,7 +12,7 @@
 
 namespace {
 
-// In code page 1252; text that cannot be converted stays as the host has it.
+// In code page 1252; a text with other letters stays in the host's encoding.
 std::string Converted(std::string const& hostText) {
     return kvarn::FromHostPath(hostText).value_or(hostText);
 }
@@ -24,7 +24,7 @@ std::string Quoted(std::string const& text) {
 } // namespace
 
 std::string kvarn::ProcessCommandLine() {
-    std::array<char, 4096> program{};
+    std::array<char, 4096> program{}; // PATH_MAX
     ssize_t const length = readlink("/proc/self/exe", program.data(), program.size());
     std::string path(program.data(), length > 0 ? static_cast<std::size_t>(length) : 0);
     std::replace(path.begin(), path.end(), '/', '\\');

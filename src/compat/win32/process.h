@@ -7,16 +7,16 @@
 
 namespace kvarn {
 
-// The text that GetCommandLineA begins with: what programs do to that one does not change it.
+// The process's own command line. GetCommandLineA returns a copy, which programs may change.
 std::string ProcessCommandLine();
 
 } // namespace kvarn
 
-// The program's full path with backslashes, quoted where it holds blanks, and the arguments. The
+// The program's full path with backslashes, in quotes if it holds blanks, and the arguments. The
 // text belongs to the process and may be changed in place.
 LPSTR GetCommandLineA();
-// The variable's length, or the room that it needs (with the zero) when that is more than size; 0
-// when there is none.
+// The variable's length, or, when that does not fit, the size that it needs (with the zero). 0 when
+// the variable is missing.
 DWORD GetEnvironmentVariableA(LPCSTR name, LPSTR buffer, DWORD size);
 DWORD GetCurrentProcessId();
 void Sleep(DWORD milliseconds);

@@ -37,9 +37,9 @@ FILETIME Changed(struct stat const& status) {
                       status.st_mtim.tv_nsec / 100);
 }
 
-// What a search and a question for one file tell alike: all but the name.
+// Fills what a search and a question for one file both return: all but the name.
 template <class Data> void Tell(Data& data, struct stat const& status) {
-    // Folders have no size.
+    // Windows gives folders no size.
     auto const size = S_ISDIR(status.st_mode) ? 0 : static_cast<std::uint64_t>(status.st_size);
     data = {};
     data.dwFileAttributes = kvarn::Attributes(status);
@@ -48,11 +48,13 @@ template <class Data> void Tell(Data& data, struct stat const& status) {
     data.nFileSizeLow = static_cast<DWORD>(size);
 }
 
-// The characters that stand for the old rules in the pattern of FsRtlIsNameInExpression.
+// The characters for the wildcards' MS-DOS rules in a pattern of FsRtlIsNameInExpression: DOS_STAR,
+// DOS_QM and DOS_DOT in the Windows documentation.
 constexpr char dosStar = '<';
 constexpr char dosMark = '>';
 constexpr char dosDot = '"';
 
+// A pattern of FindFirstFile as FsRtlIsNameInExpression takes it.
 std::string Translated(std::string_view pattern) {
     bool const endsInDot = pattern.ends_with('.');
     pattern = pattern.substr(0, pattern.find_last_not_of(" .") + 1); // no name ends in them
@@ -77,8 +79,9 @@ std::string Translated(std::string_view pattern) {
     return text;
 }
 
-// Whether a pattern from some character on matches a name from some character on: rest[j] tells it
-// of the pattern's next character and the name from j on, and passed[j] where c stands for nothing.
+// One row of a table: whether the pattern from its character c on matches the name from j on. rest
+// is the row of the pattern's next character; passed is the same row for a c that matches nothing
+// of the name.
 std::vector<char> Matches(char c, std::string_view name, std::vector<char> const& rest,
                           std::vector<char> const& passed) {
     std::size_t const end = name.size();
@@ -152,7 +155,7 @@ std::vector<Found> Entries(std::string const& folder, std::string const& pattern
 bool Fill(WIN32_FIND_DATAA& entry, std::string const& folder, Found const& found) {
     std::string const path = folder + "/" + found.hostName;
     struct stat status {};
-    // A link into nowhere is an entry too.
+    // A link without a target is an entry too.
     if (stat(path.c_str(), &status) != 0 && lstat(path.c_str(), &status) != 0) {
         return false;
     }
@@ -170,8 +173,8 @@ bool MatchesWildcards(char const* pattern, char const* name) {
     std::string_view const text = name;
     std::vector<char> rest(text.size() + 1);
     rest.back() = 1;
-    // A pattern whose last wildcards stand for nothing before a dot that ends the name takes that
-    // dot along. So "?" finds ".", and "*." finds "." and "..".
+    // When the last wildcards of a pattern match nothing before a dot that ends the name, they
+    // match that dot too. So "?" finds ".", and "*." finds "." and "..".
     std::vector<char> passed = rest;
     if (text.ends_with('.')) {
         passed[text.size() - 1] = 1;

@@ -31,8 +31,8 @@ struct WIN32_FIND_DATAA {
 
 constexpr DWORD ERROR_NO_MORE_FILES = 18;
 
-// Entries come in the order that NTFS gives, by their names in capitals, after "." and "..". Those
-// whose names are not in code page 1252 are left out.
+// Returns "." and "..", then the entries in the order of NTFS, by their names in capitals. Leaves
+// out entries whose names have letters outside code page 1252.
 //
 // The wildcards of the pattern's last part are those that Windows documents for
 // FsRtlIsNameInExpression, after the translation that FindFirstFile makes: blanks and dots at its
@@ -63,10 +63,11 @@ BOOL GetFileInformationByHandle(HANDLE file, BY_HANDLE_FILE_INFORMATION* informa
 // -1, 0 or 1 as the first time is before, equals or is after the second.
 LONG CompareFileTime(FILETIME const* a, FILETIME const* b);
 
-// By the zone's present distance from UTC, summer or winter, whatever the time, as Windows does.
-// Of a file that is open for writing: the time of its last change, the others are not looked at.
+// Sets the time of the last change of a file that is open for writing; ignores the other times.
 BOOL SetFileTime(HANDLE file, FILETIME const* created, FILETIME const* accessed,
                  FILETIME const* written);
+// Uses the zone's present distance from UTC, also for times in the other half of the year, as
+// Windows does.
 BOOL FileTimeToLocalFileTime(FILETIME const* time, FILETIME* local);
 BOOL FileTimeToSystemTime(FILETIME const* time, SYSTEMTIME* calendar);
 

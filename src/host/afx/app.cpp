@@ -103,7 +103,7 @@ CWinApp::~CWinApp() {
 }
 
 CString CWinApp::GetProfileString(char const* section, char const* key, char const* standard) {
-    char value[4096];
+    char value[4096]; // as MFC's own
     GetPrivateProfileStringA(section, key, standard != nullptr ? standard : "", value, sizeof value,
                              m_pszProfileName);
     return value;

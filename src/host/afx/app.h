@@ -1,6 +1,6 @@
-// MFC's windows, application object and message box, for toolchains without MFC: names, signatures
+// MFC's windows, application object and message box, for toolchains without MFC. Names, signatures
 // and behaviour are those that MFC documents, for the part of it that the library and its clients
-// meet. The objects' state lives in the library, so that client and library see the same
+// use. The objects' state lives in the library, so that client and library see the same
 // application.
 #pragma once
 
@@ -9,8 +9,8 @@
 #include "../../export.h"
 #include "cstring.h"
 
-// The Windows headers turn these names into their ANSI forms, as they do with MFC's own members;
-// elsewhere the same is done here, so that both hosts agree on one spelling.
+// The Windows headers turn these names into their ANSI forms, MFC's own members included. Other
+// hosts do the same here, so that both spell them alike.
 #if !defined(_WIN32)
 #define GetProfileString GetProfileStringA
 #define WriteProfileString WriteProfileStringA
@@ -72,14 +72,14 @@ class KVARNPROG_API CWinThread {
     CWnd* m_pMainWnd = nullptr;
 };
 
-// The client's application object. The first one that lives registers itself.
+// The client's application object. The first object registers itself as the application.
 class KVARNPROG_API CWinApp : public CWinThread {
   public:
     explicit CWinApp(char const* name = nullptr);
     ~CWinApp() override; // frees both names
 
-    // A key of the profile file m_pszProfileName; the default (null: the empty text) when it is
-    // missing. Values are cut at 4,095 characters.
+    // The value of a key in the profile file m_pszProfileName, or the default (null: the empty
+    // text) when the key is missing. Values are cut at 4,095 characters.
     virtual CString GetProfileString(char const* section, char const* key,
                                      char const* standard = nullptr);
     // Writes a key, or removes it when the value is null. Nonzero on success.
@@ -100,8 +100,8 @@ KVARNPROG_API CWinApp* AfxGetApp();
 KVARNPROG_API CWinThread* AfxGetThread();
 KVARNPROG_API CWnd* AfxGetMainWnd();
 
-// A box over the main window with the application's name, or its title where it has no name, as
-// the caption. Returns the button's id.
+// Shows a box over the main window. Its caption is the application's name, or its title when it has
+// no name. Returns the button's id.
 KVARNPROG_API int AfxMessageBox(char const* text, UINT style = 0, UINT help = 0);
 
 // A string resource of the program, else of the library. Returns its length, 0 when neither has it.

@@ -1,6 +1,6 @@
-// MFC's 8-bit string, for toolchains without MFC: names, signatures and behaviour are those that
-// MFC documents, for the part of it that the library and its clients meet. Text is in code
-// page 1252.
+// MFC's 8-bit string, for toolchains without MFC. Names, signatures and behaviour are those that
+// MFC documents, for the part of it that the library and its clients use. Text is in code page
+// 1252.
 #pragma once
 
 #include <cstdarg>
@@ -32,8 +32,8 @@ class CString {
     char const* GetString() const { return m_text.c_str(); }
     operator char const*() const { return m_text.c_str(); }
 
-    // A buffer for at least minLength characters and a zero, valid until ReleaseBuffer, which sets
-    // the length: up to the first zero, or as given.
+    // A buffer for at least minLength characters and a zero, valid until ReleaseBuffer. That sets
+    // the length: as given, or up to the first zero.
     char* GetBuffer(int minLength = 0) {
         if (minLength > GetLength()) {
             m_text.resize(Size(minLength));
@@ -77,7 +77,7 @@ class CString {
     CString Mid(int first) const { return Part(first, GetLength()); }
     CString Mid(int first, int count) const { return Part(first, count); }
 
-    // Without argument white space, else every character of the set (or the one character).
+    // Without an argument they trim white space, else the characters of the set, or the character.
     CString& TrimLeft() { return TrimLeft(" \t\n\v\f\r"); }
     CString& TrimLeft(char const* set) {
         m_text.erase(0, m_text.find_first_not_of(set));
@@ -94,7 +94,7 @@ class CString {
     KVARNPROG_API CString& MakeUpper();
     KVARNPROG_API CString& MakeLower();
 
-    // As printf formats, in the numeric locale of the process. Pass GetString() for a "%s".
+    // Formats as printf does, in the numeric locale of the process. Pass GetString() for a "%s".
 #if defined(__GNUC__)
     __attribute__((format(printf, 2, 3)))
 #endif

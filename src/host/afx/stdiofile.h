@@ -1,6 +1,5 @@
-// MFC's CStdioFile, for toolchains without MFC. Clients meet it only as a member of the key files,
-// which never leave it open between calls; the files themselves are read and written by
-// files/textfil.
+// MFC's CStdioFile, for toolchains without MFC. Clients see it only as a member of the key files,
+// which never leave it open between calls; files/textfil reads and writes the files themselves.
 #pragma once
 
 class CStdioFile {

@@ -1,5 +1,5 @@
-// MFC's small value classes and its font object, for toolchains without MFC: names and behaviour
-// are those that MFC documents, for the part of them that clients of the registry class meet.
+// MFC's small value classes and its font object, for toolchains without MFC. Names and behaviour
+// are those that MFC documents, for the part of them that clients of the registry class use.
 #pragma once
 
 #include "../../compat/types.h"

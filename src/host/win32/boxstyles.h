@@ -1,5 +1,5 @@
-// Styles and buttons of message boxes, for hosts that are not Windows: what a client's message
-// handler meets.
+// Styles and buttons of message boxes, for hosts that are not Windows. A client's message handler
+// gets the styles and returns a button.
 #pragma once
 
 #include "../../compat/win32/types.h"

@@ -13,7 +13,7 @@ bool Same(std::u16string_view a, std::u16string_view b) {
 }
 
 constexpr std::u16string_view blanksOfLines = u" \t\v\f\r\n";
-constexpr std::u16string_view blanksOfNames = u" "; // that a program asks for
+constexpr std::u16string_view blanksOfNames = u" "; // around names that a program asks for
 
 std::u16string_view Trimmed(std::u16string_view text, std::u16string_view blanks = blanksOfLines) {
     std::size_t const first = text.find_first_not_of(blanks);
@@ -80,7 +80,7 @@ std::optional<Section> FindSection(std::u16string_view ini, std::u16string_view 
     return section;
 }
 
-// Where a key stands, or where it would be added.
+// The place of a key in the text, or the place where it would be added.
 struct Place {
     bool section = false;
     bool key = false;
@@ -106,7 +106,7 @@ Place Find(std::u16string_view ini, std::u16string_view section, std::u16string_
     return place;
 }
 
-// The text up to a position, ended by a line end.
+// The text up to a position. The last line gets a line end if it has none.
 std::u16string WholeLines(std::u16string_view ini, std::size_t end) {
     std::u16string text(ini.substr(0, end));
     if (!text.empty() && !text.ends_with(u'\n')) {

@@ -1,5 +1,4 @@
-// The text of an INI file: finding a value in it, and the text with a value changed or without a
-// section.
+// Finds a value in the text of an INI file, changes a value, and removes a section.
 #pragma once
 
 #include <optional>
@@ -8,21 +7,21 @@
 
 namespace kvarn {
 
-// A file's bytes as a text: UTF-16 where they begin with its mark, else code page 1252. The
-// characters that are left as they are come back as the bytes that they were.
+// A file's bytes as a text: UTF-16 when they begin with its mark, else code page 1252. Characters
+// that do not change are written as the bytes that were read.
 struct IniText {
     explicit IniText(std::string_view bytes);
     std::string Bytes() const;
 
     std::u16string text;
     bool utf16 = false;
-    // Not when the file holds what the text does not: half a character at its end, or anything
-    // after the mark of the other byte order. It must not be written then.
+    // False when the text lacks a part of the file, which must not be written then: half a
+    // character at its end, or anything after the mark of the other byte order.
     bool whole = true;
 };
 
-// Of the names that are asked for, blanks around them do not count; in the lines of the text tabs,
-// vertical tabs and form feeds are blanks too.
+// Blanks around the names that are asked for do not count. In the lines of the text, tabs, vertical
+// tabs and form feeds are blanks too. So Windows' own functions do.
 
 // The first value of the key in the first section of the name, without the blanks around it and
 // without one pair of quotes; nothing when the section or the key is missing.
@@ -30,8 +29,8 @@ std::optional<std::u16string_view> IniValue(std::u16string_view ini, std::u16str
                                             std::u16string_view key);
 
 // The text with the key's value replaced, added or (without a value) removed. A new key follows the
-// last key of its section, before the comments and blank lines that end it, a new section the end
-// of the text; every other line stays as it is.
+// last key of its section, before the comments and blank lines at the section's end. A new section
+// follows the end of the text. Every other line stays as it is.
 std::u16string WithIniValue(std::u16string_view ini, std::u16string_view section,
                             std::u16string_view key, std::optional<std::u16string_view> value);
 

@@ -8,6 +8,6 @@ constexpr DWORD GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS = 4;
 
 // The program itself carries no resources here: null.
 HMODULE GetModuleHandleA(LPCSTR name);
-// By an address inside it, the one module there is: the library. Null where the objects are linked
+// Gives the only module, the library, for any address. Null when the library's objects are linked
 // without its resources.
 BOOL GetModuleHandleExA(DWORD flags, LPCSTR nameOrAddress, HMODULE* module);

@@ -21,7 +21,8 @@ bool IsBare(std::string_view path) {
     return path.find_first_of("\\/:") == std::string_view::npos;
 }
 
-// As Windows looks for the file: a bare name lies in its own folder.
+// Windows looks for a bare name in its own folder (GetPrivateProfileString in the Windows
+// documentation).
 std::string FullPath(LPCSTR path) {
     std::string const name = path != nullptr ? path : "WIN.INI";
     return IsBare(name) ? std::string(windowsFolder) + "\\" + name : name;
@@ -67,7 +68,7 @@ BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR
     auto const old = kvarn::WholeFile(target.c_str());
     kvarn::IniText ini(old.value_or(""));
     if ((exists && !old) || !ini.whole) {
-        return FALSE; // what cannot be read is not replaced
+        return FALSE; // replacing a file that was not read whole would lose the rest
     }
     std::u16string text = Changed(ini.text, section, key, value);
     if (text == ini.text) {
@@ -75,7 +76,7 @@ BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR
     }
     ini.text = std::move(text);
     if (IsBare(path != nullptr ? path : "")) {
-        std::error_code unwritable; // the write tells
+        std::error_code unwritable; // the write below fails then
         std::filesystem::create_directories(kvarn::HostPath(windowsFolder), unwritable);
     }
     return kvarn::RewriteFile(target.c_str(), ini.Bytes()) == kvarn::Rewritten::done ? TRUE : FALSE;

@@ -18,16 +18,13 @@
 namespace kvarn {
 namespace {
 
-constexpr LSTATUS writeFault = 29;   // ERROR_WRITE_FAULT
-constexpr LSTATUS invalidName = 123; // ERROR_INVALID_NAME
-
-// The store's file as a path of the library; empty when its name is not in code page 1252.
+// The store's file as a Windows path; empty when its name has letters outside code page 1252.
 std::string StorePath() {
     return FromHostPath(RegistryFile()).value_or("");
 }
 
-// By what a file is known to be the one that was read, unchanged. The time is that of the last
-// change of any kind, which no program can set back.
+// Tells an unchanged file from a changed or another one. The time is that of the last change of any
+// kind (st_ctim), which no program can set back.
 struct Stamp {
     bool operator==(Stamp const&) const = default;
 
@@ -41,8 +38,8 @@ std::int64_t Nanoseconds(timespec const& time) {
     return time.tv_sec * std::int64_t{1'000'000'000} + time.tv_nsec;
 }
 
-// Nothing for a file that changed so short a time ago that a change that comes now may get the same
-// time: the coarsest file systems count in steps of two seconds.
+// Nothing for a file that changed less than two seconds ago: a change that comes now might get the
+// same time, since the coarsest file systems count in steps of two seconds.
 std::optional<Stamp> StampOf(std::string const& path) {
     constexpr std::int64_t longestStep = 2'000'000'000;
     timespec now{};
@@ -67,7 +64,7 @@ Memory& LastRead() {
     return memory;
 }
 
-// Nothing for a file that is there and cannot be read.
+// Null for a file that exists and cannot be read.
 RegStore const* Load(std::string const& path, Memory& memory) {
     std::optional<Stamp> const stamp = StampOf(path); // before the file is read: it may change
     if (stamp && stamp == memory.stamp) {
@@ -86,11 +83,12 @@ RegStore const* Load(std::string const& path, Memory& memory) {
     return &memory.store;
 }
 
-// One program at a time changes the store: a file beside it, kept open, is the token.
+// One program at a time changes the store: the one that has the token open, a file beside the
+// store. A killed program's token closes by itself.
 class Turn {
   public:
     explicit Turn(std::string const& path) {
-        constexpr int attempts = 250; // five seconds
+        constexpr int attempts = 250; // five seconds: many programs may be waiting
         constexpr DWORD pause = 20;
         constexpr DWORD alone = FILE_SHARE_READ;
         std::string const token = path + ".lock";
@@ -132,7 +130,7 @@ LSTATUS ChangeStore(std::function<LSTATUS(RegStore&)> const& change) {
                                         failed);
     std::string const path = StorePath();
     if (path.empty()) {
-        return writeFault;
+        return ERROR_WRITE_FAULT;
     }
     Turn const turn(path);
     Memory& memory = LastRead();
@@ -143,16 +141,18 @@ LSTATUS ChangeStore(std::function<LSTATUS(RegStore&)> const& change) {
     }
     RegStore store = *before;
     LSTATUS const result = change(store);
+    // The new text is read once more before it is written: a store that cannot be read back would
+    // lock everybody out.
     std::string after = store.Bytes();
     if (result != ERROR_SUCCESS || after == before->Bytes()) {
         return result;
     }
     RegStore written(after);
-    if (!written.Whole()) { // a name that no line can hold
-        return invalidName;
+    if (!written.Whole()) { // a name with a line end, for one
+        return ERROR_INVALID_NAME;
     }
     if (RewriteFile(path.c_str(), after) != Rewritten::done) {
-        return writeFault;
+        return ERROR_WRITE_FAULT;
     }
     memory.stamp.reset();
     memory.store = std::move(written);

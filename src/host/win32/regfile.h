@@ -1,5 +1,5 @@
-// The file that the registry is kept in. It is read again when it has changed, and parsed again
-// when its content has; programs take turns at changing it.
+// The file that holds the registry. It is read again when it has changed, and parsed again when its
+// content has changed. Programs take turns at changing it.
 #pragma once
 
 #include <functional>
@@ -9,11 +9,11 @@
 
 namespace kvarn {
 
-// The result of what is looked up in the store. A store that cannot be read is ERROR_BADDB; without
-// a file the store is empty.
+// Looks something up in the store and returns the result, or ERROR_BADDB when the store cannot be
+// read. Without a file the store is empty.
 LSTATUS ReadStore(std::function<LSTATUS(RegStore const&)> const& look);
 
-// The result of a change, which is on the disk when it succeeded.
+// Changes the store and returns the result. After success the change is on the disk.
 LSTATUS ChangeStore(std::function<LSTATUS(RegStore&)> const& change);
 
 } // namespace kvarn

@@ -14,8 +14,6 @@ struct HKEY__ {
 
 namespace {
 
-constexpr LSTATUS invalidParameter = 87; // ERROR_INVALID_PARAMETER
-
 char16_t const* RootName(HKEY key) {
     return key == HKEY_CLASSES_ROOT     ? u"HKEY_CLASSES_ROOT"
            : key == HKEY_CURRENT_USER   ? u"HKEY_CURRENT_USER"
@@ -39,7 +37,7 @@ std::u16string PathOf(HKEY parent, LPCSTR path) {
 }
 
 bool HasTooLongName(std::u16string_view path) {
-    constexpr std::size_t longest = 255;
+    constexpr std::size_t longest = 255; // "Registry element size limits", Windows documentation
     while (path.size() > longest) {
         std::size_t const end = path.find(u'\\');
         if (std::min(end, path.size()) > longest) {
@@ -79,7 +77,7 @@ void Give(DWORD* out, std::size_t value) {
 LSTATUS RegOpenKeyExA(HKEY parent, LPCSTR path, DWORD, REGSAM, HKEY* key) {
     std::u16string const full = PathOf(parent, path);
     if (HasTooLongName(full)) {
-        return invalidParameter;
+        return ERROR_INVALID_PARAMETER;
     }
     return kvarn::ReadStore([&](kvarn::RegStore const& store) {
         if (!Exists(store, full)) {

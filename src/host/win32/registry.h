@@ -1,10 +1,10 @@
 // The registry by the Windows calls that the library uses, for hosts that are not Windows. It is
 // kept in a text file (see regstore.h): $KVARNPROG_REGISTRY, by default kvarnprog/registry.reg in
-// the user's configuration folder. Every call sees the file as it is then, and one that changes
-// something replaces it in one step; programs take turns. A file that cannot be read, or with a
-// line that is not understood, is never written.
+// the user's configuration folder. Every call reads the present file, and a change replaces it in
+// one step; programs take turns. A file that cannot be read, or that has a line that is not
+// understood, is never written.
 //
-// There are no access rights and there is one view: access masks are taken and not looked at.
+// The store has no access rights and a single view: access masks have no effect.
 #pragma once
 
 #include "../../compat/win32/files.h"

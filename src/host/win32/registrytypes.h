@@ -1,5 +1,5 @@
-// Keys, access rights and types of the registry, for hosts that are not Windows: what clients of
-// CRegistry name.
+// Keys, access rights and types of the registry, for hosts that are not Windows, as clients of
+// CRegistry use them.
 #pragma once
 
 #include "../../compat/win32/types.h"

@@ -14,7 +14,7 @@ namespace {
 constexpr std::u16string_view header = u"Windows Registry Editor Version 5.00";
 constexpr std::u16string_view lineEnd = u"\r\n";
 constexpr std::u16string_view blanks = u" \t";
-constexpr std::size_t lineWidth = 80;
+constexpr std::size_t lineWidth = 80; // the registry editor breaks longer lines of bytes
 
 constexpr std::array<std::u16string_view, 5> roots = {u"HKEY_CLASSES_ROOT", u"HKEY_CURRENT_USER",
                                                       u"HKEY_LOCAL_MACHINE", u"HKEY_USERS",
@@ -28,6 +28,7 @@ std::u16string_view Trimmed16(std::u16string_view text) {
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
+// Letters beyond U+FFFF become two units (RFC 2781).
 void Append(std::u16string& text, char32_t codePoint) {
     if (codePoint < 0x10000) {
         text += static_cast<char16_t>(codePoint);
@@ -106,7 +107,7 @@ std::string DwordBytes(unsigned value) {
     return bytes;
 }
 
-// What stands after the equals sign; false when it is not understood.
+// Reads the data after the equals sign; false when they are not understood.
 bool ReadData(std::u16string_view text, RegValue& value) {
     constexpr std::u16string_view dword = u"dword:";
     constexpr std::u16string_view hex = u"hex";
@@ -156,7 +157,7 @@ std::u16string Quoted(std::u16string_view text) {
     return quoted + u'"';
 }
 
-// A text that stands in quotes: on one line, ended by its only zero.
+// Whether a value can be written as a text in quotes: on one line, ended by its only zero.
 bool IsPlainText(RegValue const& value) {
     std::u16string const text = FromBytes(value.data);
     auto const control = std::find_if(text.begin(), text.end(), [](char16_t c) { return c < 32; });
@@ -242,7 +243,7 @@ RegStore::RegStore(std::string_view bytes) {
 
 void RegStore::Read(std::u16string_view text) {
     bool headerSeen = false;
-    std::u16string joined; // of a value that goes on
+    std::u16string joined; // the lines of a value that goes on after a backslash
     while (!text.empty()) {
         std::size_t const feed = text.find(u'\n');
         std::u16string_view line = text.substr(0, feed);

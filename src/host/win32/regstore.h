@@ -20,10 +20,10 @@ struct RegValue {
 class RegKey {
   public:
     RegValue const* Find(std::u16string_view name) const;
-    // The value, after the others where it is missing.
+    // The value; made after the others if it is missing.
     RegValue& Make(std::u16string_view name);
     void Delete(std::u16string_view name);
-    // In the order in which they were made, by numbers.
+    // Numbered in the order in which they were made.
     std::map<std::size_t, RegValue> const& Values() const { return m_values; }
 
     std::u16string path; // with the root's full name
@@ -38,18 +38,18 @@ class RegKey {
 class RegStore {
   public:
     RegStore() = default;
-    // Reads UTF-16 with its mark, UTF-8, or code page 1252. A line that is not understood is passed
-    // over.
+    // Reads UTF-16 with its mark, UTF-8, or code page 1252. Skips a line that it does not
+    // understand.
     explicit RegStore(std::string_view bytes);
 
     // Whether every line was understood: otherwise writing the store loses something.
     bool Whole() const { return m_whole; }
-    // UTF-16 with its mark, lines ended by CR LF. Comments (lines that begin with a semicolon) stay
-    // before the key or value that they stood before.
+    // UTF-16 with its mark; lines end in CR LF. Comments (lines that begin with a semicolon) stay
+    // before the key or value that followed them.
     std::string Bytes() const;
 
     RegKey const* Find(std::u16string_view path) const;
-    // The key, made with those above it where it is missing.
+    // The key; made with those above it if it is missing.
     RegKey& Make(std::u16string_view path);
     void Delete(std::u16string_view path);
     std::size_t CountKeysBelow(std::u16string_view path) const;
@@ -62,7 +62,7 @@ class RegStore {
     std::map<std::u16string, RegKey> m_keys; // by their paths in capitals
     bool m_whole = true;
     RegKey* m_current = nullptr; // while reading
-    std::u16string m_comment;    // not yet attached; at last those at the end
+    std::u16string m_comment;    // before the next key or value; after reading, the file's last
 };
 
 } // namespace kvarn

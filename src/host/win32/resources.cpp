@@ -5,7 +5,7 @@
 
 #include "modules.h"
 
-// Defined by resources/; absent where its objects are not linked.
+// Defined in resources/. Weak, since the tests of the internals link without it.
 extern kvarn::ModuleResources const kvarnprogResources __attribute__((weak));
 
 HMODULE GetModuleHandleA(LPCSTR) {

@@ -1,5 +1,5 @@
-// Modules and their string resources, for hosts that are not Windows: a module handle is a pointer
-// to what the module carries.
+// Modules and their string resources, for hosts that are not Windows. A module handle is a pointer
+// to the module's resources.
 #pragma once
 
 #include <cstddef>
@@ -14,7 +14,7 @@ struct StringResource {
     char const* text;
 };
 
-// Pass one, cast to HINSTANCE, wherever a module's handle is asked for.
+// A client casts the address of its own to HINSTANCE.
 struct ModuleResources {
     StringResource const* strings;
     std::size_t count;
@@ -22,5 +22,5 @@ struct ModuleResources {
 
 } // namespace kvarn
 
-// The length of the text as stored: cut to size - 1 characters, 0 when there is none.
+// Copies a text, cut to size - 1 characters. Returns its length, 0 for an unknown id.
 KVARNPROG_API int LoadStringA(HINSTANCE module, UINT id, LPSTR buffer, int size);

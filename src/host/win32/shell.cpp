@@ -76,7 +76,7 @@ LPWSTR* CommandLineToArgvW(LPCWSTR line, int* count) {
     for (std::wstring const& argument : arguments) {
         characters += argument.size() + 1;
     }
-    // The pointers, and the texts that they point to, in one block.
+    // The pointers and their texts lie in one block, which one LocalFree frees.
     std::size_t const pointers = (arguments.size() + 1) * sizeof(LPWSTR);
     void* const block = ::operator new(pointers + characters * sizeof(wchar_t));
     auto** const table = static_cast<LPWSTR*>(block);
@@ -123,7 +123,7 @@ BOOL CreateProcessA(LPCSTR program, LPSTR, SECURITY_ATTRIBUTES*, SECURITY_ATTRIB
         return FALSE;
     }
     auto const process = static_cast<int>(syscall(SYS_pidfd_open, child, 0));
-    if (process < 0) { // no such descriptors here: wait for the child at once
+    if (process < 0) { // kernels before 5.3 have no such descriptors: wait at once
         waitpid(child, nullptr, 0);
     }
     *information = {kvarn::ToHandle(process), kvarn::ToHandle(dup(process)),

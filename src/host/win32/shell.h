@@ -12,12 +12,12 @@ using HRESULT = std::int32_t;
 constexpr int CSIDL_APPDATA = 0x001A;
 constexpr int CSIDL_FLAG_CREATE = 0x8000;
 
-// The user's configuration folder, for CSIDL_APPDATA; into a buffer of MAX_PATH bytes. 0, or -1
-// when it cannot be told, or not be made.
+// Copies the path of the user's configuration folder, for CSIDL_APPDATA, into a buffer of MAX_PATH
+// bytes. Returns 0, or -1 when the path does not fit or the folder cannot be made.
 HRESULT SHGetFolderPathA(HWND owner, int folder, HANDLE token, DWORD flags, LPSTR path);
 
-// Cuts a path after its root: the drive with its backslash, server and share, or a backslash. FALSE
-// for a path without one, which is left empty.
+// Cuts a path after its root: the drive with its backslash, server and share, or a backslash.
+// Returns FALSE for a path without a root, and leaves it empty.
 BOOL PathStripToRootA(LPSTR path);
 
 LPCWSTR GetCommandLineW();
@@ -29,7 +29,7 @@ constexpr DWORD CREATE_DEFAULT_ERROR_MODE = 0x04000000;
 constexpr DWORD INFINITE = 0xFFFFFFFF;
 
 struct STARTUPINFOA {
-    DWORD cb; // the rest of the structure is not looked at
+    DWORD cb; // the other members have no effect
 };
 struct PROCESS_INFORMATION {
     HANDLE hProcess;
@@ -42,5 +42,5 @@ struct PROCESS_INFORMATION {
 BOOL CreateProcessA(LPCSTR program, LPSTR line, SECURITY_ATTRIBUTES* process,
                     SECURITY_ATTRIBUTES* thread, BOOL inherit, DWORD flags, void* environment,
                     LPCSTR folder, STARTUPINFOA* start, PROCESS_INFORMATION* information);
-// Waits until a process ends, whatever the time given. Returns 0.
+// Waits until a process ends; ignores the time. Returns 0.
 DWORD WaitForSingleObject(HANDLE process, DWORD milliseconds);

@@ -7,6 +7,8 @@
 
 namespace {
 
+// The buttons of each style, from the left; the default button is one of them. A button that a
+// style lacks is its first.
 constexpr std::array<std::array<int, 3>, 6> buttonsOf = {{{IDOK, IDOK, IDOK},
                                                           {IDOK, IDCANCEL, IDOK},
                                                           {IDABORT, IDRETRY, IDIGNORE},

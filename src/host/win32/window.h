@@ -1,4 +1,4 @@
-// Windows and message boxes, for hosts without a desktop: a box is a text on standard error, and
+// Windows and message boxes, for hosts without a desktop. A box is a text on standard error, and
 // any window handle but null is a live window.
 #pragma once
 

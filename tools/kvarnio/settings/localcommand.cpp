@@ -3,11 +3,12 @@
 #include <memory>
 
 #include <CLI/CLI.hpp>
+#include <files/infile.h>
 #include <kvarnfiles/defaults.h>
 #include <kvarnfiles/localfiles.h>
+#include <project/searchorder.h>
 
 #include "../commands.h"
-#include "../shared/backup.h"
 #include "../shared/copies.h"
 #include "../shared/output.h"
 
@@ -34,13 +35,8 @@ std::string InProject(Context const& context, LocalFile const& file) {
 }
 
 // The file that a project's own copy is made from.
-std::optional<Copy> SourceOf(Context const& context, LocalFile const& file) {
-    for (Copy& place : PlacesOf(context, file.name)) {
-        if (place.place != std::string("project") && Exists(place.path)) {
-            return std::move(place);
-        }
-    }
-    return std::nullopt;
+std::string SourceOf(Context const& context, LocalFile const& file) {
+    return kvarn::SharedCopy(&context.ini, file.name).GetString();
 }
 
 // --- status --------------------------------------------------------------------------------------
@@ -54,7 +50,7 @@ void PrintSummary(Context const& context, std::vector<LocalFile> const& files) {
     }
     std::string missing;
     for (LocalFile const& file : files) {
-        bool const copied = IsMade(file) || SourceOf(context, file);
+        bool const copied = IsMade(file) || !SourceOf(context, file).empty();
         if (copied && !Exists(InProject(context, file))) {
             missing.append(missing.empty() ? "" : ", ").append(file.name);
         }
@@ -128,20 +124,24 @@ std::vector<Before> StateOf(Context const& context, LocalArguments const& argume
 }
 
 Outcome Created(Context const& context, Before const& before, bool overwrite) {
-    auto const source = SourceOf(context, before.file);
-    std::string const from = source ? source->path : "";
+    std::string const from = SourceOf(context, before.file);
     bool const replace = overwrite && before.file.isReplaced;
     if (before.existed && !replace) {
         return {before.path, "kept", ""};
     }
-    if (!source && !IsMade(before.file)) {
+    if (from.empty() && !IsMade(before.file)) {
         return {before.path, "none", ""};
     }
-    bool const same = !source || ReadWhole(from) == ReadIfThere(before.path);
+    auto const copy = kvarn::WholeFile(before.path.c_str());
+    bool const same = from.empty() || (copy && copy == kvarn::WholeFile(from.c_str()));
     if (!Exists(before.path) || !same) {
         return {before.path, "failed", from};
     }
-    return {before.path, before.existed ? "replaced" : source ? "created" : "created empty", from};
+    return {before.path,
+            before.existed ? "replaced"
+            : from.empty() ? "created empty"
+                           : "created",
+            from};
 }
 
 ExitStatus Create(Context& context, LocalArguments const& arguments) {

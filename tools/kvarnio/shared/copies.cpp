@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include <files/existence.h>
-#include <files/pathparts.h>
+#include <project/searchorder.h>
 
 #include "output.h"
 #include "platform.h"
@@ -11,13 +11,11 @@
 namespace kvarnio {
 
 std::vector<Copy> PlacesOf(Context const& context, std::string const& name) {
-    auto const copy = [&](char const* place, CString const& folder) {
-        return Copy{place, kvarn::PathOf(folder.GetString(), name)};
-    };
-    std::vector<Copy> places = {copy("CFG", context.ini.m_cfgKat),
-                                copy("main", context.ini.m_huvudKat)};
-    if (!context.project.m_projKat.IsEmpty()) {
-        places.insert(places.begin(), copy("project", context.project.m_projKat));
+    constexpr char const* names[] = {"project", "CFG", "main"};
+    std::vector<Copy> places;
+    for (kvarn::SearchPlace const& place :
+         kvarn::SearchPlaces(&context.project, &context.ini, name.c_str())) {
+        places.push_back({names[static_cast<int>(place.kind)], place.path.GetString()});
     }
     return places;
 }

@@ -1,4 +1,4 @@
-#include "systemnycklar.h"
+#include "systemkeys.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -6,6 +6,7 @@
 #include "../files/existence.h"
 #include "../files/pathparts.h"
 #include "../host/calls.h"
+#include "../host/clienttext.h"
 #include "../text/scan.h"
 #include "../text/text.h"
 
@@ -13,25 +14,26 @@ namespace kvarn {
 namespace {
 
 // Reads keys into members of an object.
-class Lasare {
+class KeyReader {
   public:
-    explicit Lasare(CAutoIni& ini) : m_ini(ini) {}
+    explicit KeyReader(CAutoIni& ini) : m_ini(ini) {}
 
-    CString Value(char const* key) const { return m_ini.ReadKey(systemSektion, key); }
+    CString Value(char const* key) const { return m_ini.ReadKey(systemSection, key); }
 
     // True when the member was set.
     bool Text(char const* key, CString& member) const { return Set(Value(key), member); }
     bool Folder(char const* key, CString& member) const {
         bool const set = Set(Value(key), member);
         if (set) {
-            member = LasKatalognyckel(m_ini, key);
+            member = ReadFolderKey(m_ini, key);
         }
         return set;
     }
     void Number(char const* key, std::int32_t& member) const {
         Scan(Value(key).GetString(), member);
     }
-    // "NEJ" leaves the flag as it was; every other word but "JA" clears it.
+    // Known quirk, kept on purpose: "NEJ" leaves the flag as it was, every other word but "JA"
+    // clears it.
     void YesNo(char const* key, std::int32_t& member) const {
         CString const value = Value(key);
         if (SameText(value.GetString(), "JA")) {
@@ -44,8 +46,8 @@ class Lasare {
         member = SameText(Value(key).GetString(), "MSTATION") ? 1 : 0;
     }
     void Replace(char const* key, std::string const& value, CString& member) const {
-        m_ini.WriteKey(systemSektion, key, value.c_str());
-        member = value.c_str();
+        member = ToCString(value);
+        m_ini.WriteKey(systemSection, key, member);
     }
 
   private:
@@ -62,22 +64,22 @@ class Lasare {
 
 } // namespace
 
-CString LasKatalognyckel(CAutoIni& ini, char const* nyckel) {
-    return ini.ReadKey(systemSektion, nyckel).Trim().TrimRight('\\');
+CString ReadFolderKey(CAutoIni& ini, char const* key) {
+    return ini.ReadKey(systemSection, key).Trim().TrimRight('\\');
 }
 
-void LasSystemnycklar(CAutoIni& ini, Reservkataloger const* reserv) {
-    Lasare const keys(ini);
+void ReadSystemKeys(CAutoIni& ini, FallbackFolders const* fallback) {
+    KeyReader const keys(ini);
     keys.Text("KVARNBOK.CFG", ini.m_cfgKat);
-    bool const medKat = keys.Text("MSG", ini.m_medKat);
-    if (medKat && reserv != nullptr &&
+    bool const hasMessages = keys.Text("MSG", ini.m_medKat);
+    if (hasMessages && fallback != nullptr &&
         !FileExists(std::string(FolderOf(ini.m_medKat.GetString())).c_str())) {
-        keys.Replace("MSG", reserv->meddelanden, ini.m_medKat);
+        keys.Replace("MSG", fallback->messages, ini.m_medKat);
     }
     keys.Text("ACADEXE", ini.m_acadExe);
-    bool const scriptKat = keys.Folder("SCRIPTPATH", ini.m_scriptKat);
-    if (scriptKat && reserv != nullptr && !FileExists(ini.m_scriptKat.GetString())) {
-        keys.Replace("SCRIPTPATH", reserv->script, ini.m_scriptKat);
+    bool const hasScripts = keys.Folder("SCRIPTPATH", ini.m_scriptKat);
+    if (hasScripts && fallback != nullptr && !FileExists(ini.m_scriptKat.GetString())) {
+        keys.Replace("SCRIPTPATH", fallback->script, ini.m_scriptKat);
     }
     keys.Text("ACADLTEXE", ini.m_acadLtExe);
     keys.Text("ACADOPT", ini.m_acadOpt);
@@ -91,12 +93,14 @@ void LasSystemnycklar(CAutoIni& ini, Reservkataloger const* reserv) {
     keys.IsMicroStation("BANKCAD", ini.m_bankMstation);
 }
 
-void StyrOmProfil(std::string const& iniFil) {
+void RedirectProfile(std::string const& iniFile) {
     CWinApp* const application = AfxGetApp();
     auto* const copy =
-        application != nullptr ? static_cast<char*>(std::malloc(iniFil.size() + 1)) : nullptr;
-    if (copy != nullptr) { // the application object frees it
-        std::memcpy(copy, iniFil.c_str(), iniFil.size() + 1);
+        application != nullptr ? static_cast<char*>(std::malloc(iniFile.size() + 1)) : nullptr;
+    // The application object frees the name with free(), as MFC's CWinApp does, so it must come
+    // from malloc().
+    if (copy != nullptr) {
+        std::memcpy(copy, iniFile.c_str(), iniFile.size() + 1);
         std::free(const_cast<char*>(application->m_pszProfileName));
         application->m_pszProfileName = copy;
     }

@@ -1,0 +1,138 @@
+#include "usersettings.h"
+
+#include "../core/messageout.h"
+#include "../files/existence.h"
+#include "../files/filecopy.h"
+#include "../files/pathparts.h"
+#include "../host/shell.h"
+#include "../text/codepage.h"
+#include "../text/format.h"
+#include "../text/text.h"
+#include "installation.h"
+
+namespace kvarn {
+namespace {
+
+void CopyOne(std::string const& from, std::string const& to) {
+    if (!CopyWhole(from.c_str(), to.c_str(), Existing::replaced)) {
+        Notify(Format("Kunde inte kopiera filen:\n%s\ntill:\n%s", from, to), Caption::title);
+    }
+}
+
+// Markvida.ini comes last: a folder that holds it counts as filled.
+void CopyAll(std::string const& from, std::string const& to) {
+    for (std::string const& name : FilesIn(from, iniName)) {
+        CopyOne(PathOf(from, name), PathOf(to, name));
+    }
+}
+
+// The same path under the former name. Both names have the same length, so the text keeps its size.
+std::string WithOlderName(std::string text) {
+    constexpr std::string_view present = "Orsakor";
+    constexpr std::string_view former = "Brinvik";
+    static_assert(present.size() == former.size());
+    for (std::size_t i = text.find(present); i != std::string::npos; i = text.find(present, i)) {
+        former.copy(&text[i], former.size());
+    }
+    return text;
+}
+
+// The user's application data: the registry's text, else the shell's answer, which makes the
+// folder.
+std::string DataFolder() {
+    std::string data(Trimmed(UserData()));
+    if (!data.empty() && !IsMissing(data)) {
+        return data;
+    }
+    char folder[MAX_PATH] = "";
+    SHGetFolderPathA(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, 0, folder);
+    return folder;
+}
+
+} // namespace
+
+std::string ReleaseFolder(std::int32_t release) {
+    switch (release) {
+    case 18:
+        return "R18";
+    case 19:
+        return "R19";
+    case latestRelease:
+        return "R20";
+    default:
+        return "";
+    }
+}
+
+UserSettings::UserSettings(std::string program)
+    : m_data(DataFolder()), m_program(std::move(program)) {}
+
+void UserSettings::ChooseRelease(std::int32_t release) {
+    std::string const name = ReleaseFolder(release);
+    if (!name.empty() && !m_data.empty()) {
+        m_releaseFolder = ProgramFolder(name.c_str());
+        m_folder = PathOf(m_releaseFolder, m_program);
+        m_ini = PathOf(m_folder, iniName);
+    }
+}
+
+bool UserSettings::HasIni() const {
+    return !m_ini.empty() && FileExists(m_ini.c_str());
+}
+
+std::string UserSettings::ProgramFolder() const {
+    return PathOf(m_data, programFolder);
+}
+
+std::string UserSettings::ProgramFolder(char const* file) const {
+    return PathOf(ProgramFolder(), file);
+}
+
+Startup UserSettings::FetchFromOlder() const {
+    std::string const olderIni = WithOlderName(m_ini);
+    bool const exists = !olderIni.empty() && FileExists(olderIni.c_str());
+    return exists && !HasIni() ? Fill(WithOlderName(m_folder)) : ready;
+}
+
+Startup UserSettings::FetchFromShared() const {
+    std::string const folder = PathOf(PathOf(SharedData(), programFolder), m_program);
+    std::string const ini = PathOf(folder, iniName);
+    if (!FileExists(ini.c_str())) {
+        Notify(
+            Format(
+                "Fel! Hittar inte data för Markvida för All Users, felaktig installation?!\n%s"_1252,
+                ini),
+            Caption::title);
+        return noSharedData;
+    }
+    return Fill(folder);
+}
+
+Startup UserSettings::Fill(std::string const& from) const {
+    Startup const created = CreateFolders();
+    if (created == ready) {
+        CopyAll(from, m_folder);
+    }
+    return created;
+}
+
+Startup UserSettings::CreateFolders() const {
+    std::string const mainFolder = PathOf(m_data, "Orsakor");
+    if (m_data.empty() || !MakeFolder(mainFolder.c_str())) {
+        Notify(Format("Kunde inte skapa applikationens huvudkatalog:\n%s", mainFolder),
+               Caption::title);
+        return noMainFolder;
+    }
+    // Their results are not needed: when one of them fails, the folders below fail too.
+    MakeFolder(PathOf(mainFolder, "Vallentra").c_str());
+    MakeFolder(ProgramFolder().c_str());
+    for (std::string const& folder : {m_releaseFolder, m_folder}) {
+        if (!MakeFolder(folder.c_str())) {
+            Notify(Format("Kunde inte skapa lokala kataloger:\n%s", folder), Caption::title);
+            return noUserFolder;
+        }
+    }
+    return ready;
+}
+
+} // namespace kvarn

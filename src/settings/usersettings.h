@@ -1,0 +1,59 @@
+// The user's own settings folder of one program and release, and how it is filled the first time.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace kvarn {
+
+// What CAutoIni::InitXPWay returns.
+enum Startup {
+    ready = 0,
+    noInstallation = -1,
+    noUserData = -2,
+    noSharedData = -3,
+    noUserFolder = -4,
+    noIniFile = -5,
+    noMainFolder = -6
+};
+
+constexpr std::int32_t latestRelease = 20;
+
+// A release as the last part of its registry key and of its folder, "R20"; empty for others.
+std::string ReleaseFolder(std::int32_t release);
+
+class UserSettings {
+  public:
+    // Finds the user's application data and makes the folder if it is missing. The program is the
+    // name in its keys and folders.
+    explicit UserSettings(std::string program);
+
+    // Chooses the folder of a known release; any other number changes nothing. Before the first
+    // choice folder and INI file are empty.
+    void ChooseRelease(std::int32_t release);
+
+    std::string const& Folder() const { return m_folder; }
+    std::string const& Ini() const { return m_ini; }
+    bool HasIni() const;
+    // The folder above those of the releases, or a file in it.
+    std::string ProgramFolder() const;
+    std::string ProgramFolder(char const* file) const;
+
+    // Each makes the user's folder and copies files into it, and shows the user what fails. The
+    // older folder lies under the former name "Brinvik"; it is used when it has an INI file and the
+    // user has none. The shared folder is that of all users, which has no level for the release.
+    Startup FetchFromOlder() const;
+    Startup FetchFromShared() const;
+
+  private:
+    Startup Fill(std::string const& from) const;
+    Startup CreateFolders() const;
+
+    std::string m_data;
+    std::string m_program;
+    std::string m_releaseFolder;
+    std::string m_folder;
+    std::string m_ini;
+};
+
+} // namespace kvarn
