@@ -1,4 +1,6 @@
 // The road: plan and profile in one file, and the area file of a project.
+#include <sstream>
+
 #include <gtest/gtest.h>
 
 #include "geodata/vag2.h"
@@ -136,24 +138,22 @@ TEST_F(Vag2Test, AFileThatCannotBeReadChangesNothing) {
 
 TEST_F(Vag2Test, TheAreaFileNamesTheRoadItsStationsAndItsOffsets) {
     Write("27.vl", combined);
-    std::string const wide = "*\r\n*\r\n" + std::string(255, 'n') + "\r\n1 2\r\n-3 4\r\n";
+    std::string const stars = "*\r\n*\r\n";
     struct {
-        char const* file;
+        std::string file;
         int result;
-        double area[4];
+        std::string area;
     } const cases[] = {
-        {"free\r\n*\r\nfree\r\n* too\r\n27.vl\r\n1 2 x\r\n-3 4\r\nfree *\r\n*\r\n",
-         0,
-         {1, 2, -3, 4}},
-        {"*\r\n*\r\n27.vl\r\n1 2\r\n-3\r\n-5 6\r\n", -1, {1, 2, -30, 30}}, // one number: the end
-        {"*\r\n*\r\n27.vl\r\n1\r\n-3 4\r\n", -1, {0, 0, -30, 30}},
-        {"*\r\n*\r\n27.vl\r\n1 2\r\n", -1, {1, 2, -30, 30}},
-        {"*\r\n*\r\n\r\n1 2\r\n-3 4\r\n", -1, {1, 2, -3, 4}}, // no name
-        {"*\r\n27.vl\r\n1 2\r\n-3 4\r\n", -1, {0, 0, -30, 30}},
-        {"*\r\n*\r\n27.vl\r\n*\r\n-3 4\r\n", 0, {0, 0, -3, 4}}, // a star in a line's place
+        {"free\r\n*\r\nfree\r\n* too\r\n27.vl\r\n1 2 x\r\n-3 4\r\nfree *\r\n*\r\n", 0, "1 2 -3 4"},
+        {stars + "27.vl\r\n1 2\r\n-3\r\n-5 6\r\n", -1, "1 2 -30 30"}, // one number: the end
+        {stars + "27.vl\r\n1\r\n-3 4\r\n", -1, "0 0 -30 30"},
+        {stars + "27.vl\r\n1 2\r\n", -1, "1 2 -30 30"},
+        {stars + "\r\n1 2\r\n-3 4\r\n", -1, "1 2 -3 4"}, // no name
+        {"*\r\n27.vl\r\n1 2\r\n-3 4\r\n", -1, "0 0 -30 30"},
+        {stars + "27.vl\r\n*\r\n-3 4\r\n", 0, "0 0 -3 4"}, // a star in a line's place
         // A full piece has no room for its line end, which is then taken for the stations' line.
-        {wide.c_str(), -1, {0, 0, -30, 30}},
-        {"", -1, {0, 0, -30, 30}},
+        {stars + std::string(255, 'n') + "\r\n1 2\r\n-3 4\r\n", -1, "0 0 -30 30"},
+        {"", -1, "0 0 -30 30"},
     };
     CVag2 vag;
     EXPECT_EQ(vag.ReadOmr(&m_projekt), -1);
@@ -162,10 +162,10 @@ TEST_F(Vag2Test, TheAreaFileNamesTheRoadItsStationsAndItsOffsets) {
         Write("KVARNBOK.VL", c.file);
         CVag2 one;
         EXPECT_EQ(one.ReadOmr(&m_projekt), c.result) << c.file;
-        EXPECT_EQ(one.omrSekFran, c.area[0]) << c.file;
-        EXPECT_EQ(one.omrSekTill, c.area[1]) << c.file;
-        EXPECT_EQ(one.omrAvstMin, c.area[2]) << c.file;
-        EXPECT_EQ(one.omrAvstMax, c.area[3]) << c.file;
+        std::ostringstream area;
+        area << one.omrSekFran << ' ' << one.omrSekTill << ' ' << one.omrAvstMin << ' '
+             << one.omrAvstMax;
+        EXPECT_EQ(area.str(), c.area) << c.file;
         EXPECT_EQ(VerticesOf(one.plan).size(), c.result == 0 ? 2U : 0U);
     }
     EXPECT_TRUE(Boxes::Shown().empty());

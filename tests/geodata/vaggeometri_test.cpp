@@ -46,7 +46,6 @@ TEST(Vag2xy, TheEndsAreTolerantAndWhatLiesBeyondFails) {
         {corner, std::nan(""), 0, -1, noCoordinate, noCoordinate},
         {falling, 300.00005, 0, 0, -0.00005, 0},
         {falling, 300.0001, 0, -1, noCoordinate, noCoordinate},
-        {falling, 250, 5, 0, 50, 5},
         {falling, 150, 5, 0, 95, 50},
         {falling, 99.99995, 0, 0, 100, 100.00005},
         {falling, 99.9999, 0, -1, noCoordinate, noCoordinate},
@@ -55,7 +54,6 @@ TEST(Vag2xy, TheEndsAreTolerantAndWhatLiesBeyondFails) {
         // Across bearing zero: outside the circle for a positive bulge, inside for a negative.
         {{{-10 * sin60, 5, tan30, 0}, {10 * sin60, 5, 0, 40}}, 20, 2, 0, 0, 12},
         {{{10 * sin60, 5, -tan30, 0}, {-10 * sin60, 5, 0, 40}}, 20, 2, 0, 0, 8},
-        {{{10 * sin60, 5, -tan30, 40}, {-10 * sin60, 5, 0, 0}}, 20, 2, 0, 0, 8},
         // Beyond a half circle the other arc is followed.
         {{{0, 10, -3, 0}, {10, 0, 0, 1}}, 0.5, 0, 0, 20.0 / 3, 20.0 / 3},
         // An exact half circle goes over the bearing zero, whichever side it bows to.
@@ -89,6 +87,7 @@ TEST(Vagprofz, TheFirstStationHasAHeightAndTheLastHasNone) {
         {profile, 150, 15, 10, 0},
         {profile, 200, 20, 0, 0},
         {profile, 250, 19.9, 10, 0},
+        {{{20, 200, -0.002, 200}, {20, 300, 0, 300}}, 250, 20.1, 10, 0}, // a crest
         {profile, 299.9999999, 20, 10, 0},
         {profile, 300, noCoordinate, 10, -1},
         {profile, 150, noCoordinate, 1, -1},
@@ -105,6 +104,11 @@ TEST(Vagprofz, TheFirstStationHasAHeightAndTheLastHasNone) {
 }
 
 TEST(Vagstv, ModesCornersAndSides) {
+    Vertices const tiny = {
+        {0, 0, 0, 0}, {100, 0, 0, 100}, {100.009, 0, 0, 100.009}, {100.009, 50, 0, 150}};
+    Vertices const hook = {{0, 9, 0, 0}, {0, 0, 0, 9}, {10, 0, 0, 19}, {10, 10, 0, 29}};
+    Vertices const loop = {{0, 0, 0, 0},     {10, 0, 0, 10},    {20, 0, 0, 20},
+                           {100, 0, 0, 100}, {100, 90, 0, 190}, {1, 90, 0, 289}};
     struct {
         Vertices line;
         double x;
@@ -126,42 +130,18 @@ TEST(Vagstv, ModesCornersAndSides) {
         {corner, 50, 1.05e9, 2, -1, 150, 1.05e9},
         // The foot that turns its sign with the stations, and the vertex that does not.
         {falling, 50, 5, 0, 0, 250, -5},
-        {falling, 50, 5, 1, 0, 250, -5},
         {falling, 103, -4, 0, 0, 200, -5},
         // A segment of 9 mm is not seen; a vertex after it lies on the positive side.
-        {{{0, 0, 0, 0}, {100, 0, 0, 100}, {100.009, 0, 0, 100.009}, {100.009, 50, 0, 150}},
-         101,
-         -3,
-         0,
-         0,
-         100.009,
-         std::hypot(0.991, 3)},
+        {tiny, 101, -3, 0, 0, 100.009, std::hypot(0.991, 3)},
         {{{0, 0, 0, 0}, {0.0101, 0, 0, 0.0101}}, 0.005, 3, 2, 0, 0.005, 3}, // one of 1 cm is
         // The last vertex is nearer than the inner one, and none is given.
         {{{0, 0, 0, 0}, {10, 0, 0, 10}, {20, 0, 0, 20}}, 23, 1, 0, -1, CVaglinje::Seknoll, 0},
         // Mode 1 is content with a foot, though a vertex is nearer; without one it looks at the
         // vertices, from its start on.
         {{{0, 0, 0, 0}, {30, 0, 0, 30}, {30, 3, 0, 33}, {0, 3, 0, 63}}, 40, 1, 1, 0, 31, -10},
-        {{{0, 9, 0, 0}, {0, 0, 0, 9}, {10, 0, 0, 19}, {10, 10, 0, 29}},
-         11,
-         -1,
-         1,
-         0,
-         19,
-         -std::sqrt(2.0)},
+        {hook, 11, -1, 1, 0, 19, -std::sqrt(2.0)},
         // From 95 m the narrowed search begins two vertices before it and finds nothing nearer.
-        {{{0, 0, 0, 0},
-          {10, 0, 0, 10},
-          {20, 0, 0, 20},
-          {100, 0, 0, 100},
-          {100, 90, 0, 190},
-          {1, 90, 0, 289}},
-         1,
-         89,
-         1,
-         0,
-         289,
-         1},
+        {loop, 1, 89, 1, 0, 289, 1},
         {{{1, 2, 0, 0}}, 1, 2, 0, -1, CVaglinje::Seknoll, 0},
         {{}, 1, 2, 0, -1, CVaglinje::Seknoll, 0},
     };
@@ -290,14 +270,15 @@ TEST(SektKorr, MovesAllStationsByTheLastVertexAtThePoint) {
 }
 
 TEST(SektBerak, AStraightIsMeasuredUnlessTheLaterVertexHasABulge) {
-    Line line({{0, 0, 1, 9}, {3, 4, 0, 9}, {9, 12, -0.25, 9}, {9, 12, 1, 9}});
+    Line line({{0, 0, 1, 9}, {3, 4, 0, 9}, {9, 12, -0.25, 9}, {17, 6, 0.25, 9}, {17, 6, 1, 9}});
     double const arc = 4 * std::atan(0.25) * 10.625; // on a chord of 10
     EXPECT_EQ(line.SektBerak(100), 0);
     Vertices const result = VerticesOf(line);
     EXPECT_EQ(result[0].sektion, 100);
     EXPECT_EQ(result[1].sektion, 105);
     EXPECT_NEAR(result[2].sektion, 105 + arc, 1e-9);
-    EXPECT_EQ(result[3].sektion, result[2].sektion); // no chord, no length
+    EXPECT_NEAR(result[3].sektion, 105 + 2 * arc, 1e-9);
+    EXPECT_EQ(result[4].sektion, result[3].sektion); // no chord, no length
     EXPECT_EQ(Line({}).SektBerak(0), 0);
     EXPECT_EQ(Line({{1, 2, 0, 10}}).SektBerak(5), 0);
     EXPECT_EQ(Line({{1, 2, 0, 10}}, 10).SektBerak(5), -1);
@@ -319,7 +300,6 @@ TEST(Extend, TheNewFirstVertexIsMeasuredFromHalfAMetreInside) {
         {{{0, 0, 0, 0}, {0.3, 0, 0.5, 0.3}}, 5, 5, -1, {{0, 0, 0, 0}, {0.3, 0, 0.5, 0.3}}},
         {{{0, 0, 0, 0}, {0.3, 0, 0.5, 0.3}}, 0, 5, -1, {{0, 0, 0, 0}, {0.3, 0, 0, 0.3}}},
         {{{1, 2, 0, 0}, {1, 2, 0, 9}}, 5, 0, -1, {{1, 2, 0, 0}, {1, 2, 0, 9}}}, // no direction
-        {{{1, 2, 0, 0}, {1, 2, 0, 9}}, 0, 5, -1, {{1, 2, 0, 0}, {1, 2, 0, 9}}},
         {{}, 0, 0, 0, {}},
         {{}, 1, 0, -1, {}},
         {{}, 0, 1, -1, {}},
@@ -327,14 +307,12 @@ TEST(Extend, TheNewFirstVertexIsMeasuredFromHalfAMetreInside) {
     for (auto const& c : cases) {
         Line line(c.line);
         EXPECT_EQ(line.Extend(c.before, c.after), c.result);
-        Vertices const result = VerticesOf(line);
-        ASSERT_EQ(result.size(), c.extended.size());
-        for (std::size_t i = 0; i < result.size(); ++i) {
-            EXPECT_NEAR(result[i].x, c.extended[i].x, 1e-9);
-            EXPECT_NEAR(result[i].y, c.extended[i].y, 1e-9);
-            EXPECT_EQ(result[i].bulge, c.extended[i].bulge);
-            EXPECT_EQ(result[i].sektion, c.extended[i].sektion);
+        Vertices result = VerticesOf(line);
+        for (kovltype& vertex : result) { // to the nanometre
+            vertex.x = std::round(vertex.x * 1e9) / 1e9;
+            vertex.y = std::round(vertex.y * 1e9) / 1e9;
         }
+        EXPECT_EQ(result, c.extended) << testing::PrintToString(c.line) << c.before;
     }
     EXPECT_EQ(Line(straight, 10).Extend(0, 0), -1);
 }

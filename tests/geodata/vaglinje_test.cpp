@@ -44,7 +44,6 @@ TEST_F(VaglinjeTest, TheHeaderGivesTypeAndNameAndIsTheFirstVertex) {
         {"1 2 3 4 10 $Gamla v\x84gen\r\n5 6 7 8 1 $x\r\n", 10, "Gamla v\xE4gen", 2},
         {"1 2 3 4\r\n5 6 7 8", 7, "", 2},
         {"1 2 3 4 typ $A$B", 7, "A", 1},
-        {"1 2 3 4 1.5 $", 1, "", 1},
         {" 0x1p4\t-.5 +3.e1 4 1 $ A \n", 1, " A ", 1},
         {"1,5 2 3 4 1 $A\r\n", 7, "A", 0},
         {"$A\r\n1 2 3 4 5\r\n", 7, "A", 1},
@@ -66,7 +65,7 @@ TEST_F(VaglinjeTest, TheHeaderGivesTypeAndNameAndIsTheFirstVertex) {
 
 TEST_F(VaglinjeTest, ALineWithoutFourNumbersIsReportedAndSkipped) {
     std::string const before = MessageBuffer();
-    for (std::string const bad : {"1 2 3", "v\x84gen", "", "1 2 x 4", "   "}) {
+    for (std::string const bad : {"1 2 3", "v\x84gen", "1 2 x 4", "   "}) {
         Read("1 2 0 0\r\n" + bad + "\r\n3 4 0 9\r\n");
         EXPECT_EQ(VerticesOf(linje), (Vertices{{1, 2, 0, 0}, {3, 4, 0, 9}})) << bad;
         EXPECT_EQ(LastMessage(), "Fel rad : " + bad);
