@@ -73,21 +73,16 @@ struct Materials : Lista {
 };
 
 TEST_F(BergOrMateListaTest, BuiltInLists) {
-    struct {
-        int slag;
-        int norsk;
-        int antal;
-        char const* last;
-    } const cases[] = {{rock, 0, 22, "21 Kf/"},  {rock, 1, 64, "63 \xD8yegneis/"},
-                       {fill, 0, 14, "13 of/"},  {fill, 1, 14, "13 of/"},
-                       {soil, 0, 13, "12 mn /"}, {7, 1, 13, "12 mn /"}};
-    for (auto const& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.slag << ' ' << c.norsk);
-        Materials lista(nullptr, &m_projekt, c.slag, c.norsk);
-        EXPECT_EQ(lista.Count(), c.antal);
-        EXPECT_EQ(lista.Fields(c.antal - 1), c.last);
+    std::tuple<int, int, int, char const*> const cases[] = {
+        {rock, 0, 22, "21 Kf/"}, {rock, 1, 64, "63 \xD8yegneis/"}, {fill, 0, 14, "13 of/"},
+        {fill, 1, 14, "13 of/"}, {soil, 0, 13, "12 mn /"},         {7, 1, 13, "12 mn /"}};
+    for (auto const& [slag, norsk, antal, last] : cases) {
+        SCOPED_TRACE(testing::Message() << slag << ' ' << norsk);
+        Materials lista(nullptr, &m_projekt, slag, norsk);
+        EXPECT_EQ(lista.Count(), antal);
+        EXPECT_EQ(lista.Fields(antal - 1), last);
         EXPECT_EQ(lista.Fields(0), "0  /");
-        EXPECT_EQ(lista.Find(c.antal), "??");
+        EXPECT_EQ(lista.Find(antal), "??");
     }
     Materials lista(nullptr, nullptr, rock);
     CString name = "g\xD6";
@@ -101,11 +96,7 @@ TEST_F(BergOrMateListaTest, BuiltInLists) {
 TEST_F(BergOrMateListaTest, LinesOfTheFile) {
     std::string const name30(30, 'n');
     std::string const text16(16, 't');
-    struct {
-        std::string line;
-        int nr;
-        std::string fields;
-    } const cases[] = {
+    std::tuple<std::string, int, std::string> const cases[] = {
         {"3 Kv", 3, "3 Sk/"},
         {"3 a t 2.5 7 90\n3 Kv", 3, "3 Sk/"}, // what is left out is reset
         {"3 Kv text 2.5 7 90 1", 3, "3 Sk/text 2.500 4 1.570796 0"},
@@ -124,9 +115,9 @@ TEST_F(BergOrMateListaTest, LinesOfTheFile) {
         {"-5 " + name30 + "n " + text16 + "t", -5, "-5 " + name30 + "/" + text16},
         {"*\n-5 Egen", -5, "none"}, // the section ends
     };
-    for (auto const& c : cases) {
-        Write(c.line + "\n");
-        EXPECT_EQ(Materials(&m_ini, &m_projekt, rock).Fields(c.nr), c.fields) << c.line;
+    for (auto const& [line, nr, fields] : cases) {
+        Write(line + "\n");
+        EXPECT_EQ(Materials(&m_ini, &m_projekt, rock).Fields(nr), fields) << line;
     }
     Write("-5 A\n-5 B\n*\n1 fyll text\n-7 F\n*\n-8 G\n");
     EXPECT_EQ(Materials(&m_ini, &m_projekt, rock).Count(), 22 + 2);
@@ -142,15 +133,13 @@ TEST_F(BergOrMateListaTest, NorwegianNumbersShiftAfter31) {
           "StenkodN.dat");
     Write("31 Ikke x", "Stenkod.dat");
     Materials lista(&m_ini, &m_projekt, rock, 1);
-    struct {
-        int nr;
-        char const* fields;
-    } const cases[] = {{30, "30 Hornfels/fore"}, {31, "31 Kalkspat/efter"},
-                       {32, "32 Kalkstein/"},    {63, "63 D/sist"},
-                       {80, "80 E/ny"}, // a new one keeps its number
-                       {-3, "-3 F/egen"},        {0, "0  /"}};
-    for (auto const& c : cases) {
-        EXPECT_EQ(lista.Fields(c.nr), c.fields);
+    std::pair<int, char const*> const cases[] = {
+        {30, "30 Hornfels/fore"}, {31, "31 Kalkspat/efter"},
+        {32, "32 Kalkstein/"},    {63, "63 D/sist"},
+        {80, "80 E/ny"}, // a new one keeps its number
+        {-3, "-3 F/egen"},        {0, "0  /"}};
+    for (auto const& [nr, fields] : cases) {
+        EXPECT_EQ(lista.Fields(nr), fields);
     }
     EXPECT_EQ(lista.Count(), 64 + 3); // 0 was matched as -1, and appended
     EXPECT_EQ(Materials(&m_ini, &m_projekt, rock).Fields(31), "31 Ikke/x");

@@ -34,12 +34,8 @@ TEST_F(Jb23Test, EachKeyHasItsLineAndColumn) {
 }
 
 TEST_F(Jb23Test, AShortFileGrowsByOneLineWhicheverTheKeyHas) {
-    struct {
-        char const* file;
-        char const* key;
-        char const* read; // the file's, or the default
-        char const* written;
-    } const cases[] = {
+    // read: the file's, or the default
+    std::tuple<char const*, char const*, char const*, char const*> const cases[] = {
         {"100 50\r\n40 10\r\n", "KRAFTSKALA", "30", "100 50\r\n40 10\r\nNY   0\r\n"},
         {"100 50\n40 11", "HASTSTEG", "11", "100 50\r\n40   NY\r\n"},
         {"100 50\n", "USTEG", "200", "100 50\r\n0   NY\r\n"},
@@ -48,12 +44,12 @@ TEST_F(Jb23Test, AShortFileGrowsByOneLineWhicheverTheKeyHas) {
         {"10 5 extra\n", "SJUNKSKALA", "10", "NY   5\r\n"},
         {"*\n", "SJUNKSKALA", "*", "NY   \r\n"},
     };
-    for (auto const& c : cases) {
-        SCOPED_TRACE(std::string(c.file) + c.key);
-        Write("JB23.PAR", c.file);
-        EXPECT_EQ(m_inst.ReadKey("JB23.PAR", c.key), c.read);
-        EXPECT_EQ(m_inst.WriteKey("JB23.PAR", c.key, "NY"), 0);
-        EXPECT_EQ(Read("JB23.PAR"), c.written);
+    for (auto const& [file, key, read, written] : cases) {
+        SCOPED_TRACE(std::string(file) + key);
+        Write("JB23.PAR", file);
+        EXPECT_EQ(m_inst.ReadKey("JB23.PAR", key), read);
+        EXPECT_EQ(m_inst.WriteKey("JB23.PAR", key, "NY"), 0);
+        EXPECT_EQ(Read("JB23.PAR"), written);
     }
     EXPECT_EQ(m_inst.Jb23ReadKey("KRAFTSKALA"), ""); // knows no default
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_folder / "projekt"), {}), 1);

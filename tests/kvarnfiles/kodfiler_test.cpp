@@ -7,6 +7,8 @@
 
 namespace {
 
+using Results = std::vector<int>;
+
 std::string const longWord(300, 'x');
 std::string const cutWord(255, 'x');
 
@@ -24,6 +26,11 @@ template <class... More> std::string Fields(std::string const& first, More const
     text << first;
     ((text << '/' << more), ...);
     return text.str();
+}
+
+// With the result in front, which stands alone for a bad line.
+std::string Record(int resultat, std::string const& fields) {
+    return resultat > 0 ? std::to_string(resultat) + ':' + fields : resultat == -2 ? "-2" : "";
 }
 
 class KodfilerTest : public ProjektTest {
@@ -47,24 +54,18 @@ class KodfilerTest : public ProjektTest {
                        : "";
         });
     }
-    // With the result in front, which stands alone for a bad line.
     std::string Linkod() {
         int heltal = 0;
         return All([&] {
             int const resultat = m_inst.LinkodRead(m_kod, m_ord, m_text, m_tal, &heltal);
-            return resultat > 0 ? std::to_string(resultat) + ':' +
-                                      Fields(m_kod, m_ord, m_tal[0], heltal, m_text)
-                   : resultat == -2 ? "-2"
-                                    : "";
+            return Record(resultat, Fields(m_kod, m_ord, m_tal[0], heltal, m_text));
         });
     }
     std::string Stampel() {
         return All([&] {
             int const resultat = m_inst.StampParRead(Api("STAMPEL.PAR").c_str(), m_kod, m_ord,
                                                      m_tal, m_tal + 1, m_tal + 2);
-            return resultat > 0     ? Fields(m_kod, m_ord, m_tal[0], m_tal[1], m_tal[2])
-                   : resultat == -2 ? "-2"
-                                    : "";
+            return Record(resultat, Fields(m_kod, m_ord, m_tal[0], m_tal[1], m_tal[2]));
         });
     }
 
@@ -75,10 +76,7 @@ class KodfilerTest : public ProjektTest {
 };
 
 TEST_F(KodfilerTest, KodfilReads) {
-    struct {
-        std::string file;
-        std::string records;
-    } const cases[] = {
+    std::pair<std::string, std::string> const cases[] = {
         {"rubrik\r\n*\r\nK1 Lera\r\nK2  Sand grov\r\n*\r\n", "K1/Lera\nK2/Sand\n"},
         {"K1 Lera\r\nK2 Sand\r\n", ""},                         // all of it header
         {"* 1\nK1 A\nensam\n\n*\nK2 B\n \t\n", "K1/A\nK2/B\n"}, // the end line ends nothing
@@ -86,27 +84,29 @@ TEST_F(KodfilerTest, KodfilReads) {
         {"*\n" + longWord + " " + longWord + "\n", cutWord + "/" + cutWord + "\n"},
         {"*\nK1 l\x84tt\n", "K1/l\x84tt\n"}, // no letters are converted here
     };
-    for (auto const& c : cases) {
-        Write("KODFIL.DAT", c.file);
-        EXPECT_EQ(Kodfil(), c.records) << c.file;
+    for (auto const& [file, records] : cases) {
+        Write("KODFIL.DAT", file);
+        EXPECT_EQ(Kodfil(), records) << file;
     }
 }
 
 TEST_F(KodfilerTest, KodfilIsWrittenWithItsHeader) {
     Write("KODFIL.tmp", "en annans rubrik\n*\n"); // of a program that was killed
     Write("KODFIL.DAT", "; kontorets\n; koder\n*   \nGAMMAL kod\n*\n");
-    EXPECT_EQ(m_inst.KodfilDatWrite(1, "K1", "Lera"), 0);
-    EXPECT_EQ(m_inst.KodfilDatWrite(-5, "K3", "Morän"_1252), 0);
-    EXPECT_EQ(m_inst.KodfilDatWrite(0, "", "ingen"), 0);
-    EXPECT_EQ(m_inst.KodfilDatWrite(2, "K4", "Berg"), 0);
+    auto const write = [&](int mode, char const* code, char const* text) {
+        EXPECT_EQ(m_inst.KodfilDatWrite(mode, code, text), 0);
+    };
+    write(1, "K1", "Lera");
+    write(-5, "K3", "Morän"_1252);
+    write(0, "", "ingen");
+    write(2, "K4", "Berg");
     std::string const header = "; kontorets\r\n; koder\r\n*   \r\n";
     EXPECT_EQ(Read("KODFIL.DAT"), header + "K1 Lera\r\nK3 Mor\xE4n\r\nK4 Berg\r\n*\r\n");
-
-    EXPECT_EQ(m_inst.KodfilDatWrite(3, "", ""), 0);
+    write(3, "", "");
     EXPECT_EQ(Read("KODFIL.DAT"), header + "*\r\n");
-    EXPECT_EQ(m_inst.KodfilDatWrite(1, "K1", "A"), 0);
-    EXPECT_EQ(m_inst.KodfilDatWrite(7, nullptr, nullptr), 0); // as 2
-    EXPECT_EQ(m_inst.KodfilDatWrite(2, "SEN", "kod"), 0);     // nothing is open
+    write(1, "K1", "A");
+    write(7, nullptr, nullptr); // as 2
+    write(2, "SEN", "kod");     // nothing is open
     EXPECT_EQ(Read("KODFIL.DAT"), header + "K1 A\r\n*\r\n");
     EXPECT_FALSE(std::filesystem::exists(m_folder / "projekt/KODFIL.tmp"));
 }
@@ -114,16 +114,13 @@ TEST_F(KodfilerTest, KodfilIsWrittenWithItsHeader) {
 TEST_F(KodfilerTest, ProjectThenCfgThenMain) {
     EXPECT_EQ(m_inst.KodfilDatWrite(3, "K1", "A"), 0); // no file anywhere, and none is made
     EXPECT_EQ(Kodfil(), "");
-    m_folder.Write("huvud/KODFIL.DAT", "*\nH H\n");
-    EXPECT_EQ(Kodfil(), "H/H\n");
-    m_folder.Write("cfg/KODFIL.DAT", "*\nC C\n");
+    for (std::string const place : {"huvud", "cfg", "projekt"}) { // each before the last
+        m_folder.Write(place + "/KODFIL.DAT", "*\nP " + place + "\n");
+        EXPECT_EQ(Kodfil(), "P/" + place + "\n");
+    }
     EXPECT_EQ(m_inst.KodfilDatWrite(3, "K1", "A"), 0);
-    EXPECT_EQ(m_folder.Read("cfg/KODFIL.DAT"), "*\r\nK1 A\r\n*\r\n");
-    EXPECT_EQ(m_folder.Read("huvud/KODFIL.DAT"), "*\nH H\n");
-    Write("KODFIL.DAT", "*\nP P\n");
-    EXPECT_EQ(Kodfil(), "P/P\n");
-    m_inst.Init(nullptr, &m_projekt);
-    EXPECT_EQ(Kodfil(), "P/P\n");
+    EXPECT_EQ(Read("KODFIL.DAT"), "*\r\nK1 A\r\n*\r\n");
+    EXPECT_EQ(m_folder.Read("cfg/KODFIL.DAT"), "*\nP cfg\n");
     m_inst.Init(nullptr, nullptr);
     EXPECT_EQ(Kodfil(), "");
     EXPECT_EQ(m_inst.MiljkodUppdatX(), 0);
@@ -131,10 +128,8 @@ TEST_F(KodfilerTest, ProjectThenCfgThenMain) {
 
 TEST_F(KodfilerTest, MiljkodReads) {
     std::string const head = "rubrik\n*\nnoll\n*\n";
-    struct {
-        std::string records;
-        std::string read; // as section 3
-    } const cases[] = {
+    // read: as section 3
+    std::pair<std::string, std::string> const cases[] = {
         {"FK Föroreningsklass max=6 steg=1"_1252, "FK/Föroreningsklass/6/1"_1252},
         {"FK", "FK//100/20"},
         {"  FK \t text  ", "FK/text/100/20"},
@@ -150,9 +145,9 @@ TEST_F(KodfilerTest, MiljkodReads) {
         {"A \x94ppen gr\x84ns max=5 steg=2", "A/\xF6ppen gr\xE4ns/5/2"},
         {"A " + longWord + " max=5 steg=2", "A/" + cutWord + "/5/2"},
     };
-    for (auto const& c : cases) {
-        Write("MILJKOD.DAT", head + "*\n*\n" + c.records + "\n\n*\nB efter\n");
-        EXPECT_EQ(Miljkod(3), c.read + "\n") << c.records;
+    for (auto const& [records, read] : cases) {
+        Write("MILJKOD.DAT", head + "*\n*\n" + records + "\n\n*\nB efter\n");
+        EXPECT_EQ(Miljkod(3), read + "\n") << records;
     }
     Boxes const boxes;
     Write("MILJKOD.DAT", head + "ABCDE lång kod\nX a max=1 steg=2\n*\nABCD b\n*"_1252);
@@ -171,16 +166,14 @@ TEST_F(KodfilerTest, MiljkodReads) {
 
 TEST_F(KodfilerTest, MiljkodIsWrittenInItsOrder) {
     Write("MILJKOD.DAT", "gammal rubrik\n*\n");
-    EXPECT_EQ(m_inst.MiljKodWrite(2, "X", "a", 0, 0), -1);
-    EXPECT_EQ(m_inst.MiljKodWrite(1, nullptr, nullptr, 0, 0), 0);
-    EXPECT_EQ(m_inst.MiljKodWrite(2, "X", "två ord"_1252, 9, 9), 0);
-    EXPECT_EQ(m_inst.MiljKodWrite(3, "", "", 0, 0), 0);
-    EXPECT_EQ(m_inst.MiljKodWrite(8, "N", "annat", 0, 0), 0);
-    EXPECT_EQ(m_inst.MiljKodWrite(4, "T", "b", 9, 9), 0);
-    EXPECT_EQ(m_inst.MiljKodWrite(5, "", "", 0, 0), 0);
-    EXPECT_EQ(m_inst.MiljKodWrite(6, "FK", "c", 6, -1), 0);
-    EXPECT_EQ(m_inst.MiljKodWrite(7, "", "", 0, 0), 0);
-    EXPECT_EQ(m_inst.MiljKodWrite(7, "", "", 0, 0), -1);
+    auto const write = [&](int mode, char const* code, char const* text, int max = 9) {
+        return m_inst.MiljKodWrite(mode, code, text, max, -1);
+    };
+    EXPECT_EQ(
+        (Results{write(2, "X", "a"), write(1, nullptr, nullptr), write(2, "X", "två ord"_1252),
+                 write(3, "", ""), write(8, "N", "annat"), write(4, "T", "b"), write(5, "", ""),
+                 write(6, "FK", "c", 6), write(7, "", ""), write(7, "", "")}),
+        (Results{-1, 0, 0, 0, 0, 0, 0, 0, 0, -1}));
     EXPECT_EQ(Read("MILJKOD.DAT"),
               "*\r\n*\r\nX två ord\r\n*\r\nT b\r\n*\r\nFK c max=6 steg=-1\r\n*\r\n"_1252);
 }
@@ -191,10 +184,7 @@ TEST_F(KodfilerTest, TheObligatoryCodesAreAddedOnce) {
     std::string const fk = "FK Föroreningsklass max=6 steg=1\r\n*\r\n"_1252;
     std::string const tail = "K " + longWord + "\r\n*\r\n"; // longer than a buffer
     std::string const all = "h\n*\n*\nX\n*\nTOLK\n*\nFK\n*\nsvans";
-    struct {
-        std::string before;
-        std::string after;
-    } const cases[] = {
+    std::pair<std::string, std::string> const cases[] = {
         {"*\n*\n*\n*\n*\n", "*\r\n*\r\n" + x + tolk + fk},
         {"rubrik\n*\nnoll\n*\nX egen\nx liten\n*\n *s blank\nTOLK\n" + tail + "K gr\x84ns max=3\n",
          "*\r\n*\r\nX egen\r\nx liten\r\n*\r\n *s blank\r\nTOLK \r\n" + tail +
@@ -203,10 +193,10 @@ TEST_F(KodfilerTest, TheObligatoryCodesAreAddedOnce) {
          "*\r\n*\r\nx liten\r\n" + x + "TOLK \r\n*\r\nFK  max=100 steg=20\r\n*\r\n"},
         {all, all}, // untouched, byte for byte
     };
-    for (auto const& c : cases) {
-        Write("MILJKOD.DAT", c.before);
+    for (auto const& [before, after] : cases) {
+        Write("MILJKOD.DAT", before);
         EXPECT_EQ(m_inst.MiljkodUppdatX(), 0);
-        EXPECT_EQ(Read("MILJKOD.DAT"), c.after) << c.before;
+        EXPECT_EQ(Read("MILJKOD.DAT"), after) << before;
     }
 }
 
@@ -217,10 +207,7 @@ std::string At49(std::string line, std::string const& text) {
 }
 
 TEST_F(KodfilerTest, LinkodReads) {
-    struct {
-        std::string line;
-        std::string read;
-    } const cases[] = {
+    std::pair<std::string, std::string> const cases[] = {
         {At49("K1 LINJE 0.5 3", "Vägkant  mitt "_1252), "1:K1/LINJE/0.5/3/Vägkant  mitt"_1252},
         {At49("K1 LINJE 0.5 3", ""), "1:K1/LINJE/0.5/3/"},
         {At49("K1 LINJE 2", "12 m"), "1:K1/LINJE/2/12/12 m"}, // the text's number is read
@@ -238,24 +225,25 @@ TEST_F(KodfilerTest, LinkodReads) {
         {"K1 LINJE", "-2"},
         {"", "-2"},
     };
-    for (auto const& c : cases) {
-        Write("LINKOD.PAR", c.line + "\nK2 B 1 1\n*\nefter A 1 1\n");
-        EXPECT_EQ(Linkod(), c.read + "\n1:K2/B/1/1/\n") << c.line;
+    for (auto const& [line, read] : cases) {
+        Write("LINKOD.PAR", line + "\nK2 B 1 1\n*\nefter A 1 1\n");
+        EXPECT_EQ(Linkod(), read + "\n1:K2/B/1/1/\n") << line;
     }
 }
 
 TEST_F(KodfilerTest, LinkodIsWrittenWithItsTextInColumn49) {
-    EXPECT_EQ(m_inst.LinkodWrite(1, nullptr, nullptr, nullptr, nullptr, nullptr), 0);
-    EXPECT_EQ(m_inst.LinkodWrite(2, "K1", "L", "1", "t", nullptr), -1); // no file anywhere
+    auto const write = [&](int mode, char const* a, char const* b, char const* text) {
+        return m_inst.LinkodWrite(mode, a, b, "1", text, mode == 4 ? "7" : nullptr);
+    };
+    EXPECT_EQ((Results{write(1, nullptr, nullptr, nullptr), write(2, "K1", "L", "t")}),
+              (Results{0, -1})); // no file anywhere
     Write("LINKOD.PAR", "gammal");
-    EXPECT_EQ(m_inst.LinkodWrite(1, "", "", "", "", ""), 0);
-    EXPECT_EQ(m_inst.LinkodWrite(2, "K1", "L", "0.5", "text", nullptr), 0);
-    EXPECT_EQ(m_inst.LinkodWrite(4, "12", "G", "1", "PV text", "7"), 0);
-    EXPECT_EQ(m_inst.LinkodWrite(3, "N", "N", "N", "N", "N"), 0);
-    EXPECT_EQ(m_inst.LinkodWrite(2, longWord.c_str(), "L", "1", "jämn"_1252, nullptr), 0);
-    EXPECT_EQ(m_inst.LinkodWrite(5, "", "", "", "", ""), 0);
-    EXPECT_EQ(m_inst.LinkodWrite(5, "", "", "", "", ""), -1);
-    EXPECT_EQ(Read("LINKOD.PAR"), At49("K1 L 0.5", "text\r\n") + At49("PV12 G 1 7", "PV text\r\n") +
+    EXPECT_EQ(
+        (Results{write(1, "", "", ""), write(2, "K1", "L", "text"), write(4, "12", "G", "PV text"),
+                 write(3, "N", "N", "N"), write(2, longWord.c_str(), "L", "jämn"_1252),
+                 write(5, "", "", ""), write(5, "", "", "")}),
+        (Results{0, 0, 0, 0, 0, 0, -1}));
+    EXPECT_EQ(Read("LINKOD.PAR"), At49("K1 L 1", "text\r\n") + At49("PV12 G 1 7", "PV text\r\n") +
                                       At49(longWord, "jämn\r\n*\r\n"_1252));
 }
 
@@ -265,17 +253,18 @@ TEST_F(KodfilerTest, StampelIsReadAndWritten) {
                              " F 1 1 1\n*\nG H 1 2 3\n");
     CommaLocale const comma;
     EXPECT_EQ(Stampel(),
-              "R\xD6R/A/1.5/-2/2.5\nB/C/1/2/3\n-2\nD/E/1/2/3\n" + cutWord + "/F/1/1/1\n");
+              "1:R\xD6R/A/1.5/-2/2.5\n1:B/C/1/2/3\n-2\n1:D/E/1/2/3\n1:" + cutWord + "/F/1/1/1\n");
     Boxes const boxes;
-    EXPECT_EQ(m_inst.StampParWrite(path.c_str(), 1, "", "", "", "", ""), 0);
-    EXPECT_EQ(m_inst.StampParWrite("", 2, "RITNING", "Plan", "10.0", "20.5", "3.5"), 0);
-    EXPECT_EQ(m_inst.StampParWrite("", 4, "N", "N", "N", "N", "N"), 0);
-    EXPECT_EQ(m_inst.StampParWrite("", 2, "DATUM", "-", "1", "2", nullptr), 0);
-    EXPECT_EQ(m_inst.StampParWrite("", 3, "", "", "", "", ""), 0);
-    EXPECT_EQ(m_inst.StampParWrite("", 3, "", "", "", "", ""), -1);
-    EXPECT_EQ(Read("STAMPEL.PAR"), "RITNING Plan 10.0 20.5 3.5\r\nDATUM - 1 2 \r\n");
-    EXPECT_EQ(m_inst.StampParWrite("", 1, "", "", "", "", ""), 0); // opens nothing
-    EXPECT_EQ(m_inst.StampParWrite(nullptr, 2, "", "", "", "", ""), -1);
+    auto const write = [&](int mode, char const* s1, char const* s5, char const* file) {
+        return m_inst.StampParWrite(file, mode, s1, "Plan", "10.0", "20.5", s5);
+    };
+    EXPECT_EQ((Results{write(1, "", "", path.c_str()), write(2, "RITNING", "3.5", ""),
+                       write(4, "N", "N", ""), write(2, "DATUM", nullptr, ""), write(3, "", "", ""),
+                       write(3, "", "", "")}),
+              (Results{0, 0, 0, 0, 0, -1}));
+    // An empty path opens nothing.
+    EXPECT_EQ((Results{write(1, "", "", ""), write(2, "", "", nullptr)}), (Results{0, -1}));
+    EXPECT_EQ(Read("STAMPEL.PAR"), "RITNING Plan 10.0 20.5 3.5\r\nDATUM Plan 10.0 20.5 \r\n");
     EXPECT_TRUE(Boxes::Shown().empty());
 }
 

@@ -11,12 +11,7 @@ TEST_F(KvarnInstTest, ProjectThenSharedThenDefault) {
     m_folder.Write("cfg/KLIPPBOK.PAR", "HSKALA=50\r\n");
     EXPECT_EQ(m_inst.ReadKey("KVARNBOK.PAR", "HSKALA"), "500");
     Write("KVARNBOK.PAR", "HSKALA=200\r\nTXTVIDD=\r\n");
-    struct {
-        char const* file;
-        char const* key;
-        char const* value;
-        char const* standard;
-    } const cases[] = {
+    std::tuple<char const*, char const*, char const*, char const*> const cases[] = {
         {"kvarnbok.par", "hskala", "200", "100"},
         {"KVARNBOK.PAR", "LSKALA", "100", "100"},  // not the shared file's
         {"KVARNBOK.PAR", "TXTVIDD", "1.0", "1.0"}, // empty is missing
@@ -29,29 +24,25 @@ TEST_F(KvarnInstTest, ProjectThenSharedThenDefault) {
         {"cfg\\KVARNBOK.PAR", "HSKALA", "", ""}, // a name, never a path
     };
     CKvarnInst fresh; // knows no files
-    for (auto const& c : cases) {
-        SCOPED_TRACE(std::string(c.file) + ' ' + c.key);
-        EXPECT_EQ(m_inst.ReadKey(c.file, c.key), c.value);
-        EXPECT_EQ(fresh.ReadKey(c.file, CString(c.key)), c.standard);
-        EXPECT_EQ(m_inst.Default(c.file, c.key), c.standard);
+    for (auto const& [file, key, value, standard] : cases) {
+        SCOPED_TRACE(std::string(file) + ' ' + key);
+        EXPECT_EQ(m_inst.ReadKey(file, key), value);
+        EXPECT_EQ(fresh.ReadKey(file, CString(key)), standard);
+        EXPECT_EQ(m_inst.Default(file, key), standard);
     }
 }
 
 TEST_F(KvarnInstTest, NumbersHaveTheirSentinels) {
-    struct {
-        char const* text;
-        int integer;
-        double number;
-    } const cases[] = {
+    std::tuple<char const*, int, double> const cases[] = {
         {"max", -1, -9.0},  {"MAX", -1, -9.0}, {"ord", -9, -9.0},
         {"2.5", 2, 2.5},    {" 7 st", 7, 7.0}, {"99999999999", 2147483647, 99999999999.0},
         {"1e3", 1, 1000.0}, {"2,5", 2, 2.0},   {"MAXIMUM", -9, -9.0},
     };
     CommaLocale const comma; // changes nothing
-    for (auto const& c : cases) {
-        Write("KVARNBOK.PAR", std::string("HSKALA=") + c.text + "\r\n");
-        EXPECT_EQ(m_inst.ReadKeyInt("KVARNBOK.PAR", "HSKALA", 0), c.integer) << c.text;
-        EXPECT_EQ(m_inst.ReadKeyDouble("KVARNBOK.PAR", "HSKALA", 0), c.number) << c.text;
+    for (auto const& [text, integer, number] : cases) {
+        Write("KVARNBOK.PAR", std::string("HSKALA=") + text + "\r\n");
+        EXPECT_EQ(m_inst.ReadKeyInt("KVARNBOK.PAR", "HSKALA", 0), integer) << text;
+        EXPECT_EQ(m_inst.ReadKeyDouble("KVARNBOK.PAR", "HSKALA", 0), number) << text;
     }
     EXPECT_EQ(m_inst.ReadKeyInt("KVARNBOK.PAR", "HSKALA", 1), 100); // the default alone
     EXPECT_EQ(m_inst.ReadKeyInt("KVARNBOK.PAR", "SAKNAS", 1), -9);
@@ -65,28 +56,20 @@ TEST_F(KvarnInstTest, NumbersAreWrittenWithAPointAndOpenScalesAsMax) {
     EXPECT_EQ(m_inst.WriteKey("KVARNBOK.PAR", "HSKALA", "200"), 0); // there is no file
     EXPECT_EQ(m_inst.ReadKey("KVARNBOK.PAR", "HSKALA"), "100");
     Write("KVARNBOK.PAR", "A=1\r\n");
-    struct {
-        char const* key;
-        int value;
-        char const* text;
-    } const whole[] = {{"HSKALA", -1, "MAX"}, {"XSKALAX", -1, "MAX"},
-                       {"HSKALA", -2, "-2"},  {"DECIMAL", -1, "-1"},
-                       {"pskala", -1, "-1"},  {"TAL", INT_MAX, "2147483647"}};
-    for (auto const& c : whole) {
-        EXPECT_EQ(m_inst.WriteKey("KVARNBOK.PAR", c.key, c.value), 0);
-        EXPECT_EQ(m_inst.ReadKey("KVARNBOK.PAR", c.key), c.text) << c.key;
+    std::tuple<char const*, int, char const*> const whole[] = {
+        {"HSKALA", -1, "MAX"}, {"XSKALAX", -1, "MAX"}, {"HSKALA", -2, "-2"},
+        {"DECIMAL", -1, "-1"}, {"pskala", -1, "-1"},   {"TAL", INT_MAX, "2147483647"}};
+    for (auto const& [key, value, text] : whole) {
+        EXPECT_EQ(m_inst.WriteKey("KVARNBOK.PAR", key, value), 0);
+        EXPECT_EQ(m_inst.ReadKey("KVARNBOK.PAR", key), text) << key;
     }
-    struct {
-        double value;
-        int decimals;
-        int result;
-        char const* text; // a value too long changes nothing
-    } const numbers[] = {
+    // text: a value too long changes nothing
+    std::tuple<double, int, int, char const*> const numbers[] = {
         {2.0, 3, 0, "2.000"}, {3.25, -1, 0, "3.250000"}, {2.0, 0, 0, "2"}, {1.0, 1000, -1, "2"}};
     CommaLocale const comma;
-    for (auto const& c : numbers) {
-        EXPECT_EQ(m_inst.WriteKey("KVARNBOK.PAR", "D", c.value, c.decimals), c.result) << c.text;
-        EXPECT_EQ(m_inst.ReadKey("KVARNBOK.PAR", "D"), c.text);
+    for (auto const& [value, decimals, result, text] : numbers) {
+        EXPECT_EQ(m_inst.WriteKey("KVARNBOK.PAR", "D", value, decimals), result) << text;
+        EXPECT_EQ(m_inst.ReadKey("KVARNBOK.PAR", "D"), text);
     }
     EXPECT_EQ(m_inst.WriteKey("ANNAN.PAR", "A", "2"), 0);
     EXPECT_FALSE(std::filesystem::exists(m_folder / "projekt/ANNAN.PAR"));

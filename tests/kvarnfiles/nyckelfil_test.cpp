@@ -49,10 +49,7 @@ TYPED_TEST(NyckelfilTest, LinesAreSplitAtTheFirstEqualsSignAndNothingIsTrimmed) 
                 std::string("\0dropped\r\n\0=\0\r\n", 15) +
                 "\xEF\xBB\xBFMARK=4\nSIST=utan radslut\x1ASEN=6\r\n");
     auto const fil = this->Open();
-    struct {
-        char const* key;
-        char const* value;
-    } const cases[] = {
+    std::pair<char const*, char const*> const cases[] = {
         {"KEY", ""},      {"key ", " A"},
         {"a", "B=C"},     {"Kommentar utan tecken", ""},
         {"", ""},         {"DUBBEL", "1"},
@@ -60,9 +57,9 @@ TYPED_TEST(NyckelfilTest, LinesAreSplitAtTheFirstEqualsSignAndNothingIsTrimmed) 
         {"NUL", "3"},     {"\xEF\xBB\xBFMARK", "4"},
         {"SEN", ""},      {"SIST", "utan radslut"},
     };
-    for (auto const& c : cases) {
-        EXPECT_EQ(fil->ReadKey(c.key), c.value) << c.key;
-        EXPECT_EQ(fil->ReadKey(CString(c.key)), c.value) << c.key;
+    for (auto const& [key, value] : cases) {
+        EXPECT_EQ(fil->ReadKey(key), value) << key;
+        EXPECT_EQ(fil->ReadKey(CString(key)), value) << key;
     }
     EXPECT_EQ(fil->FindKey("saknas"), -1);
     EXPECT_EQ(fil->FindKey("sist"), 0);

@@ -5,6 +5,8 @@
 
 namespace {
 
+using Results = std::vector<int>;
+
 class PassTest : public ProjektTest {
   protected:
     PassTest() {
@@ -48,13 +50,9 @@ class PassTest : public ProjektTest {
 };
 
 TEST_F(PassTest, AReaderOfAnotherKindBeginsItsOwnPass) {
-    EXPECT_EQ(ReadKodfil(m_inst), 0);
-    EXPECT_EQ(ReadMiljkod(m_inst), 0);
-    EXPECT_STREQ(m_kod, "X");
-    EXPECT_EQ(ReadLinkod(m_inst), 1);
-    EXPECT_STREQ(m_kod, "L1");
-    EXPECT_EQ(ReadStampel(stampel), 1);
-    EXPECT_EQ(ReadKodfil(m_inst), 0);
+    EXPECT_EQ((Results{ReadKodfil(m_inst), ReadMiljkod(m_inst), ReadLinkod(m_inst),
+                       ReadStampel(stampel), ReadKodfil(m_inst)}),
+              (Results{0, 0, 1, 1, 0}));
     EXPECT_STREQ(m_kod, "K1"); // from the start again
     EXPECT_EQ(ReadStampel(stampel), 1);
     EXPECT_EQ(ReadStampel(""), 1); // the same pass
@@ -69,13 +67,12 @@ TEST_F(PassTest, AReadLeavesAWritingPassAlone) {
     EXPECT_EQ(WriteLinkod(2), 0);
     std::string const written = Read("LINKOD.PAR"); // each record is there at once
     EXPECT_EQ(written, "NY L 1" + std::string(43, ' ') + "text\r\n");
-    EXPECT_EQ(ReadKodfil(m_inst), -1);
-    EXPECT_EQ(ReadMiljkod(m_inst), -1);
-    EXPECT_EQ(ReadLinkod(m_inst), 0);
-    EXPECT_EQ(ReadStampel(stampel), 0);
-    EXPECT_EQ(WriteKodfil(2), 0); // nor is it another kind's to go on with
-    EXPECT_EQ(WriteMiljkod(7), -1);
-    EXPECT_EQ(WriteStampel(3, stampel), -1);
+    EXPECT_EQ((Results{ReadKodfil(m_inst), ReadMiljkod(m_inst), ReadLinkod(m_inst),
+                       ReadStampel(stampel)}),
+              (Results{-1, -1, 0, 0}));
+    // Nor is it another kind's to go on with.
+    EXPECT_EQ((Results{WriteKodfil(2), WriteMiljkod(7), WriteStampel(3, stampel)}),
+              (Results{0, -1, -1}));
     EXPECT_EQ(Read("LINKOD.PAR"), written);
     EXPECT_EQ(WriteLinkod(5), 0);
     EXPECT_EQ(Read("LINKOD.PAR"), written + "*\r\n");
@@ -83,11 +80,9 @@ TEST_F(PassTest, AReadLeavesAWritingPassAlone) {
 
 TEST_F(PassTest, AWriteLeavesAReadingPassAlone) {
     EXPECT_EQ(ReadKodfil(m_inst), 0);
-    EXPECT_EQ(WriteKodfil(0), 0);
-    EXPECT_EQ(WriteKodfil(2), 0);
-    EXPECT_EQ(WriteMiljkod(2), -1);
-    EXPECT_EQ(WriteLinkod(5), -1);
-    EXPECT_EQ(WriteStampel(3, stampel), -1);
+    EXPECT_EQ((Results{WriteKodfil(0), WriteKodfil(2), WriteMiljkod(2), WriteLinkod(5),
+                       WriteStampel(3, stampel)}),
+              (Results{0, 0, -1, -1, -1}));
     EXPECT_EQ(Read("KODFIL.DAT"), kodfil);
     EXPECT_EQ(ReadKodfil(m_inst), 0);
     EXPECT_STREQ(m_kod, "K2");
@@ -185,36 +180,29 @@ TEST_F(PassTest, AFileThatCannotBeOpenedIsToldInItsOwnWords) {
         std::filesystem::remove(m_folder / "projekt" / name);
         Block(name);
     }
-    auto const reading = [&](char const* name, std::string const& caption) {
-        ExpectBox("Kan inte öppna -filen\n"_1252 + Api(name) + "\nAvbryter läsning!"_1252,
-                  "Läsning av "_1252 + caption + " inställningar"_1252);
+    EXPECT_EQ((Results{ReadKodfil(m_inst), ReadMiljkod(m_inst), ReadLinkod(m_inst),
+                       ReadStampel(stampel), m_inst.MiljkodUppdatX(), WriteKodfil(3),
+                       WriteMiljkod(1), WriteMiljkod(2), WriteLinkod(1), WriteLinkod(2),
+                       WriteStampel(1, stampel), WriteStampel(2, stampel)}),
+              (Results{-1, -1, -1, -1, 0, 0, 0, -1, 0, -1, 0, -1}));
+    std::pair<std::string, std::string> const told[] = {
+        {Api("KODFIL.DAT"), "Läsning av Markvida - kodfil.dat"_1252},
+        {Api("MILJKOD.DAT"), "Läsning av Kvarnbok - Miljkod.dat"_1252},
+        {Api("LINKOD.PAR"), "Läsning av Kvarnbok - Linkod.dat"_1252},
+        {stampel, "Läsning av Kvarnbok - Stämpel"_1252},
+        {Api("MILJKOD.DAT"), "Läsning av Kvarnbok - Miljkod.dat"_1252},
+        {Api("KODFIL.DAT") + '\n' + Api("KODFIL.tmp"), "Skrivning av Kvarnbok - kodfil.dat"},
+        {Api("MILJKOD.DAT"), "Skrivning av Kvarnbok - Miljkod.dat"},
+        {Api("LINKOD.PAR"), "Skrivning av Kvarnbok - Linkod.par"},
+        {stampel, "Skrivning av Kvarnbok - Stämpel"_1252},
     };
-    auto const writing = [&](std::string const& names, std::string const& caption) {
-        ExpectBox("Kan inte öppna -filen\n"_1252 + names + "\nAvbryter!",
-                  "Skrivning av Kvarnbok - " + caption + " inställningar"_1252);
-    };
-    EXPECT_EQ(ReadKodfil(m_inst), -1);
-    reading("KODFIL.DAT", "Markvida - kodfil.dat");
-    EXPECT_EQ(ReadMiljkod(m_inst), -1);
-    reading("MILJKOD.DAT", "Kvarnbok - Miljkod.dat");
-    EXPECT_EQ(ReadLinkod(m_inst), -1);
-    reading("LINKOD.PAR", "Kvarnbok - Linkod.dat");
-    EXPECT_EQ(ReadStampel(stampel), -1);
-    reading("STAMPEL.PAR", "Kvarnbok - Stämpel"_1252);
-    EXPECT_EQ(m_inst.MiljkodUppdatX(), 0);
-    reading("MILJKOD.DAT", "Kvarnbok - Miljkod.dat");
-
-    EXPECT_EQ(WriteKodfil(3), 0);
-    writing(Api("KODFIL.DAT") + '\n' + Api("KODFIL.tmp"), "kodfil.dat");
-    EXPECT_EQ(WriteMiljkod(1), 0);
-    writing(Api("MILJKOD.DAT"), "Miljkod.dat");
-    EXPECT_EQ(WriteMiljkod(2), -1);
-    EXPECT_EQ(WriteLinkod(1), 0);
-    writing(Api("LINKOD.PAR"), "Linkod.par");
-    EXPECT_EQ(WriteLinkod(2), -1);
-    EXPECT_EQ(WriteStampel(1, stampel), 0);
-    writing(stampel, "Stämpel"_1252);
-    EXPECT_EQ(WriteStampel(2, stampel), -1);
+    std::vector<ShownBox> expected;
+    for (auto const& [files, caption] : told) {
+        std::string const stops = caption[0] == 'L' ? "Avbryter läsning!"_1252 : "Avbryter!";
+        expected.push_back({"Kan inte öppna -filen\n"_1252 + files + '\n' + stops,
+                            caption + " inställningar"_1252, 48, 0});
+    }
+    EXPECT_EQ(Boxes::Shown(), expected);
 }
 
 TEST_F(PassTest, WithoutItsCopyTheCodeFileGetsAnEmptyHeader) {
@@ -230,16 +218,12 @@ TEST_F(PassTest, WithoutItsCopyTheCodeFileGetsAnEmptyHeader) {
 
 TEST_F(PassTest, AWriteThatFailsIsTold) {
     Boxes const boxes;
-    EXPECT_EQ(WriteStampel(1, "/dev/full"), 0);
-    EXPECT_EQ(WriteStampel(2, ""), -1);
-    EXPECT_EQ(WriteStampel(3, ""), 0); // it is closed all the same
     Replace("MILJKOD.DAT", "/dev/full");
     Replace("LINKOD.PAR", "/dev/full");
-    EXPECT_EQ(WriteMiljkod(1), -1);
-    EXPECT_EQ(WriteMiljkod(2), -1);
-    EXPECT_EQ(WriteMiljkod(7), -1);
-    EXPECT_EQ(WriteLinkod(1), 0);
-    EXPECT_EQ(WriteLinkod(5), -1);
+    EXPECT_EQ((Results{WriteStampel(1, "/dev/full"), WriteStampel(2, ""), WriteStampel(3, "")}),
+              (Results{0, -1, 0})); // it is closed all the same
+    EXPECT_EQ((Results{WriteMiljkod(1), WriteMiljkod(2), WriteMiljkod(7)}), (Results{-1, -1, -1}));
+    EXPECT_EQ((Results{WriteLinkod(1), WriteLinkod(5)}), (Results{0, -1}));
     EXPECT_EQ(m_inst.m_fil, nullptr);
 }
 

@@ -67,11 +67,8 @@ TEST_F(CheckTest, SaysWhatIsWrong) {
     };
     std::string const jb = "1 2\n1 2\n1 2\n1 2\n1 2\n1 2\n1 2\n1 2\n1 2\n1 2\n";
     using namespace std::string_literals;
-    struct {
-        std::string name;
-        std::string content;
-        char const* findings; // how they begin
-    } const cases[] = {
+    // findings: how they begin
+    std::tuple<std::string, std::string, char const*> const cases[] = {
         {"KVARNBOK.PAR", "\xEF\xBB\xBFHSKALA=5\n"s, "1: a byte-order mark, "},
         {"KVARNBOK.PAR", "\xFF\xFEH\0S\0"s, "1: saved as UTF-16"},
         {"KVARNBOK.PAR", "FONT=a\0b\nHSKALA=5\r\r\n"s,
@@ -127,9 +124,9 @@ TEST_F(CheckTest, SaysWhatIsWrong) {
          "10: LOST the line after the level of \"gvy\"\n11: LOST words after the name\n"
          "11: the file ends inside a block, before its level"},
     };
-    for (auto const& row : cases) {
-        SCOPED_TRACE(row.name + '\n' + row.content);
-        ExpectBeginnings(FindingsOf(row.name, row.content), row.findings);
+    for (auto const& [name, content, findings] : cases) {
+        SCOPED_TRACE(name + '\n' + content);
+        ExpectBeginnings(FindingsOf(name, content), findings);
     }
 }
 
@@ -137,11 +134,7 @@ TEST_F(CheckTest, SaysWhatIsWrong) {
 // around one.
 TEST_F(CheckTest, LettersOfOtherCodePagesAreToldFromSigns) {
     std::string const miljkod = "*\n*\nA ";
-    struct {
-        char const* name;
-        std::string content;
-        std::size_t findings;
-    } const cases[] = {
+    std::tuple<char const*, std::string, std::size_t> const cases[] = {
         {"KVARNBOK.PAR", "ORT=\x94stra \x94Sj\xF6n\x94 \x84text\x93 it\x92s Kvast\x99 \x80 5\n", 0},
         {"KVARNBOK.PAR", "ORT=G\x94teborg\n", 1},
         {"KVARNBOK.PAR", "ORT=V\x84xj\x94\n", 1},
@@ -152,8 +145,8 @@ TEST_F(CheckTest, LettersOfOtherCodePagesAreToldFromSigns) {
         {"MILJKOD.DAT", miljkod + "Kvist\x92s metod\n*\n*\n*\n", 1},
         {"MILJKOD.DAT", miljkod + "K\xC3\xA4nslig\n*\n*\n*\n", 1},
     };
-    for (auto const& row : cases) {
-        EXPECT_EQ(FindingsOf(row.name, row.content).size(), row.findings) << row.content;
+    for (auto const& [name, content, findings] : cases) {
+        EXPECT_EQ(FindingsOf(name, content).size(), findings) << content;
     }
 }
 

@@ -5,6 +5,8 @@
 
 namespace {
 
+using namespace nlohmann::literals;
+
 class CodesTest : public KvarnioTest {
   protected:
     bool HasCopy(std::string const& name) const {
@@ -28,12 +30,8 @@ TEST_F(CodesTest, ListShowsTheFileInForceAsProgramsReadIt) {
     EXPECT_EQ(lines["file"], Path("c/Kvarnbok/Cfg/LINKOD.PAR"));
     EXPECT_EQ(lines["place"], "CFG");
     EXPECT_EQ(lines["codes"].size(), 8U);
-    EXPECT_EQ(lines["codes"][6], Json({{"code", "PV10"},
-                                       {"word", "HELDRAGEN"},
-                                       {"number", 0.7},
-                                       {"integer", 2},
-                                       {"text", "Planerad väg, 10 m bred"},
-                                       {"family", "PV up to 99"}}));
+    EXPECT_EQ(lines["codes"][6], R"({"code": "PV10", "word": "HELDRAGEN", "number": 0.7,
+        "integer": 2, "text": "Planerad väg, 10 m bred", "family": "PV up to 99"})"_json);
     EXPECT_EQ(lines["codes"][7]["family"], "PV from 100");
     EXPECT_EQ(lines["codes"][0]["family"], nullptr);
 
@@ -111,9 +109,8 @@ TEST_F(CodesTest, WhatIsLostIsNamedAndKept) {
     EXPECT_EQ(report["now"], nullptr);
     EXPECT_EQ(report["backup"], Path(name) + ".bak");
     ASSERT_EQ(report["dropped"].size(), 3U) << report; // not the header: it is put back
-    EXPECT_EQ(report["dropped"][0], Json({{"line", 6},
-                                          {"why", "a code over four characters"},
-                                          {"text", "SEDIM Sedimentprov"}}));
+    EXPECT_EQ(report["dropped"][0], R"({"line": 6, "why": "a code over four characters",
+                                        "text": "SEDIM Sedimentprov"})"_json);
     EXPECT_EQ(m_folder.Read(name + ".bak"), before);
     EXPECT_EQ(m_folder.Read(name),
               Cp1252("Miljökoder för Hamnkajen\r\n*\r\nOLD Gammal lista, används ej\r\n*\r\n"
@@ -125,12 +122,7 @@ TEST_F(CodesTest, WhatIsLostIsNamedAndKept) {
 }
 
 TEST_F(CodesTest, ABadFileIsWrittenWithoutHarm) {
-    struct {
-        std::string name;
-        char const* content;
-        std::string add;
-        std::string written;
-    } const cases[] = {
+    std::tuple<std::string, char const*, std::string, std::string> const cases[] = {
         {"MILJKOD.DAT", "A\n*\nb", "miljkod 1 N t", "A\r\n*\r\nb\r\n*\r\nN t\r\n*\r\n*\r\n*\r\n"},
         {"MILJKOD.DAT", "*\n*\n *X t\n", "miljkod 1 N t",
          "*\r\n*\r\n *X t\r\nN t\r\n*\r\n*\r\n*\r\n"},
@@ -139,10 +131,10 @@ TEST_F(CodesTest, ABadFileIsWrittenWithoutHarm) {
          " *a b 1 2147483647" + std::string(31, ' ') + "\r\nN t 1 0" + std::string(42, ' ') +
              "\r\n*\r\n"},
     };
-    for (auto const& row : cases) {
-        m_folder.Write("p/" + row.name, row.content);
-        EXPECT_EQ(Run("codes add " + row.add, "p").status, 0) << row.content;
-        EXPECT_EQ(m_folder.Read("p/" + row.name), row.written);
+    for (auto const& [name, content, add, written] : cases) {
+        m_folder.Write("p/" + name, content);
+        EXPECT_EQ(Run("codes add " + add, "p").status, 0) << content;
+        EXPECT_EQ(m_folder.Read("p/" + name), written);
     }
 }
 

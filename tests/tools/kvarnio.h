@@ -37,7 +37,7 @@ constexpr int notThere = 1;
 constexpr int wrongUsage = 2;
 
 inline void ExpectPart(std::string const& text, std::string const& part) {
-    EXPECT_NE(text.find(part), std::string::npos) << part << "\nis not in\n" << text;
+    EXPECT_TRUE(text.find(part) != std::string::npos) << part << "\nis not in\n" << text;
 }
 
 // Each line of the expected begins the text in its place.

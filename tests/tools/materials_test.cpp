@@ -49,12 +49,7 @@ TEST_F(MaterialsTest, EachEntryHasItsSource) {
 }
 
 TEST_F(MaterialsTest, FindsBothWays) {
-    struct {
-        char const* list;
-        char const* asked;
-        Json number;
-        Json name;
-    } const cases[] = {
+    std::tuple<char const*, char const*, Json, Json> const cases[] = {
         {"rock", "-1", -1, "Lz"},
         {"rock", "gö", 10, "Gö"},
         {"rock", "0", 0, " "},
@@ -62,9 +57,9 @@ TEST_F(MaterialsTest, FindsBothWays) {
         {"fill", "Lz", nullptr, nullptr},
         {"rock --norwegian", "øyegneis", 63, "Øyegneis"},
     };
-    for (auto const& row : cases) {
-        Json const found = {{"asked", row.asked}, {"number", row.number}, {"name", row.name}};
-        EXPECT_EQ(RunJson("materials " + std::string(row.list) + " find " + row.asked),
+    for (auto const& [list, asked, number, name] : cases) {
+        Json const found = {{"asked", asked}, {"number", number}, {"name", name}};
+        EXPECT_EQ(RunJson("materials " + std::string(list) + " find " + asked),
                   Json::array({found}));
     }
     EXPECT_EQ(Run("materials rock find Gr Xx").status, notThere);

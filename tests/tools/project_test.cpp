@@ -3,6 +3,8 @@
 
 namespace {
 
+using namespace nlohmann::literals;
+
 class ProjectTest : public KvarnioTest {
   protected:
     Result Create(std::string const& folder, std::string const& chosen) const {
@@ -31,11 +33,7 @@ class ProjectTest : public KvarnioTest {
 
 TEST_F(ProjectTest, CreateMakesWhatIsChosenAndTellsIt) {
     ListFolders("FOTO\r\n\r\nPROV\\F\xC4LT\r\n");
-    struct {
-        char const* folder;
-        char const* chosen;
-        Words made;
-    } const cases[] = {
+    std::tuple<char const*, char const*, Words> const cases[] = {
         {"ny/bro",
          "",
          {"ny", "ny/bro", "ny/bro/FOTO", "ny/bro/KVARNBOK.DBF", "ny/bro/KVARNBOK.RIT",
@@ -46,10 +44,10 @@ TEST_F(ProjectTest, CreateMakesWhatIsChosenAndTellsIt) {
           "grop/KLIPPBOK.DBF", "grop/KLIPPBOK.RIT", "grop/STACK"}},
         {"lista", "--folders", {"lista", "lista/FOTO", "lista/PROV", "lista/PROV/FÄLT"}},
     };
-    for (auto const& row : cases) {
-        Result const result = Create(row.folder, row.chosen);
+    for (auto const& [folder, chosen, made] : cases) {
+        Result const result = Create(folder, chosen);
         EXPECT_EQ(result.status, 0) << result.err;
-        EXPECT_EQ(Made(result), row.made);
+        EXPECT_EQ(Made(result), made);
     }
 }
 
@@ -107,11 +105,9 @@ TEST_F(ProjectTest, StatesAreFoundByCodeAndByText) {
 
 TEST_F(ProjectTest, AFormatByItsName) {
     EXPECT_EQ(RunJson("formats").size(), 9U);
-    EXPECT_EQ(RunJson("formats A3XL"), Json({{"index", 7},
-                                             {"name", "A3XL"},
-                                             {"drawingArea", {{"width", 774}, {"height", 250}}},
-                                             {"frame", {{"width", 794}, {"height", 280}}},
-                                             {"sheet", {{"width", 843}, {"height", 297}}}}));
+    EXPECT_EQ(RunJson("formats A3XL"), R"({"index": 7, "name": "A3XL",
+        "drawingArea": {"width": 774, "height": 250}, "frame": {"width": 794, "height": 280},
+        "sheet": {"width": 843, "height": 297}})"_json);
     EXPECT_EQ(Run("formats a3").status, notThere);
 }
 
