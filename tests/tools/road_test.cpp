@@ -152,13 +152,13 @@ TEST_F(RoadTest, CheckNamesEachProblemWithItsLine) {
     for (auto const& [content, problems] : cases) {
         SCOPED_TRACE(content);
         m_folder.Write("check.vl", content);
-        Words problems;
+        Words told;
         std::istringstream out(Road("check", "check.vl").out);
         for (std::string line; std::getline(out, line);) {
             EXPECT_TRUE(line.starts_with(Path("check.vl") + ':')) << line;
-            problems.push_back(line.substr(Path("check.vl").size() + 1));
+            told.push_back(line.substr(Path("check.vl").size() + 1));
         }
-        ExpectBeginnings(problems, problems);
+        ExpectBeginnings(told, problems);
     }
     m_folder.Write("check.vl", "0 0 0 0\n100 0 0 100.02\n");
     EXPECT_EQ(Road("check", "check.vl", "--tolerance 0.03").status, 0);
