@@ -58,10 +58,12 @@ TEST_F(Jb23Test, AShortFileGrowsByOneLineWhicheverTheKeyHas) {
 TEST_F(Jb23Test, ANewFileIsMadeInTheCfgFolder) {
     EXPECT_EQ(m_inst.Jb23WriteKey("SJUNKSKALA", "120"), "120");
     EXPECT_EQ(m_folder.Read("cfg/JB23.PAR"), "120   50\r\n");
-    std::filesystem::remove(m_folder / "cfg/JB23.PAR");
-    EXPECT_EQ(m_inst.WriteKey("JB23.PAR", "HASTSKALA", "20"), 0);
-    EXPECT_TRUE(std::filesystem::exists(m_folder / "cfg/JB23.PAR"));
-    EXPECT_EQ(m_folder.Read("cfg/JB23.PAR"), "");
+    for (char const* const other : {"HASTSKALA", "SJUNKSTEG"}) {
+        std::filesystem::remove(m_folder / "cfg/JB23.PAR");
+        EXPECT_EQ(m_inst.WriteKey("JB23.PAR", other, "20"), 0);
+        EXPECT_TRUE(std::filesystem::exists(m_folder / "cfg/JB23.PAR"));
+        EXPECT_EQ(m_folder.Read("cfg/JB23.PAR"), "") << other;
+    }
     m_folder.Write("huvud/JB23.PAR", "1 2\n"); // the other copies are the reader's too
     std::filesystem::remove(m_folder / "cfg/JB23.PAR");
     EXPECT_EQ(m_inst.Jb23WriteKey("SJUNKSTEG", "3"), "3");

@@ -240,11 +240,12 @@ TEST_F(KodfilerTest, LinkodIsWrittenWithItsTextInColumn49) {
     Write("LINKOD.PAR", "gammal");
     EXPECT_EQ(
         (Results{write(1, "", "", ""), write(2, "K1", "L", "text"), write(4, "12", "G", "PV text"),
-                 write(3, "N", "N", "N"), write(2, longWord.c_str(), "L", "jämn"_1252),
-                 write(5, "", "", ""), write(5, "", "", "")}),
-        (Results{0, 0, 0, 0, 0, 0, -1}));
+                 write(3, "N", "N", "N"), write(2, "K2", nullptr, nullptr),
+                 write(2, longWord.c_str(), "L", "jämn"_1252), write(5, "", "", ""),
+                 write(5, "", "", "")}),
+        (Results{0, 0, 0, 0, 0, 0, 0, -1}));
     EXPECT_EQ(Read("LINKOD.PAR"), At49("K1 L 1", "text\r\n") + At49("PV12 G 1 7", "PV text\r\n") +
-                                      At49(longWord, "jämn\r\n*\r\n"_1252));
+                                      At49("K2  1", "\r\n") + At49(longWord, "jämn\r\n*\r\n"_1252));
 }
 
 TEST_F(KodfilerTest, StampelIsReadAndWritten) {

@@ -71,6 +71,9 @@ TEST_F(KvarnInstTest, NumbersAreWrittenWithAPointAndOpenScalesAsMax) {
         EXPECT_EQ(m_inst.WriteKey("KVARNBOK.PAR", "D", value, decimals), result) << text;
         EXPECT_EQ(m_inst.ReadKey("KVARNBOK.PAR", "D"), text);
     }
+    Write("KLIPPBOK.PAR", "");
+    EXPECT_EQ(m_inst.WriteKey("KLIPPBOK.PAR", "VFMAX", "60"), 0);
+    EXPECT_EQ(Read("KLIPPBOK.PAR"), "VFMAX=60\r\n");
     EXPECT_EQ(m_inst.WriteKey("ANNAN.PAR", "A", "2"), 0);
     EXPECT_FALSE(std::filesystem::exists(m_folder / "projekt/ANNAN.PAR"));
     std::filesystem::remove(m_folder / "projekt/KVARNBOK.PAR");

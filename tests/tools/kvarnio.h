@@ -51,29 +51,22 @@ inline void ExpectBeginnings(Words const& texts, std::string const& expected) {
     EXPECT_FALSE(std::getline(lines, line)) << line;
 }
 
-// Where a program's standard input comes from and its output goes.
-struct Streams {
-    std::filesystem::path in;
-    std::filesystem::path out;
-    std::filesystem::path err;
-};
-
 // Runs a command line, written in UTF-8 with arguments in single quotes where they need some, and
-// returns its exit status.
+// returns its exit status. The file "in" of a folder is its input, and "out" and "err" its output.
 #if defined(_WIN32)
-inline int RunLine(std::string line, Streams const& streams) {
+inline int RunLine(std::string line, std::filesystem::path const& folder) {
     std::replace(line.begin(), line.end(), '\'', '"');
     SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
-    auto const open = [&](std::filesystem::path const& path, DWORD access, DWORD how) {
-        return CreateFileW(path.c_str(), access, FILE_SHARE_READ, &inherited, how,
+    auto const open = [&](char const* name, DWORD access, DWORD how) {
+        return CreateFileW((folder / name).c_str(), access, FILE_SHARE_READ, &inherited, how,
                            FILE_ATTRIBUTE_NORMAL, nullptr);
     };
     STARTUPINFOW start{};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESTDHANDLES;
-    start.hStdInput = open(streams.in, GENERIC_READ, OPEN_EXISTING);
-    start.hStdOutput = open(streams.out, GENERIC_WRITE, CREATE_ALWAYS);
-    start.hStdError = open(streams.err, GENERIC_WRITE, CREATE_ALWAYS);
+    start.hStdInput = open("in", GENERIC_READ, OPEN_EXISTING);
+    start.hStdOutput = open("out", GENERIC_WRITE, CREATE_ALWAYS);
+    start.hStdError = open("err", GENERIC_WRITE, CREATE_ALWAYS);
     std::wstring wide = std::filesystem::path(std::u8string(line.begin(), line.end())).wstring();
     PROCESS_INFORMATION process{};
     DWORD status = 0;
@@ -100,9 +93,9 @@ inline int RunLine(std::string line, Streams const& streams) {
     return static_cast<int>(status);
 }
 #else
-inline int RunLine(std::string line, Streams const& streams) {
-    line += " <'" + streams.in.string() + "' >'" + streams.out.string() + "' 2>'" +
-            streams.err.string() + '\'';
+inline int RunLine(std::string line, std::filesystem::path const& folder) {
+    std::string const file = '\'' + folder.string() + '/';
+    line += " <" + file + "in' >" + file + "out' 2>" + file + "err'";
     int const status = std::system(line.c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
@@ -136,8 +129,7 @@ class KvarnioTest : public testing::Test {
     // The input is what the tool reads on its standard input.
     Result RunBare(std::string const& line, std::string_view input = {}) const {
         m_folder.Write("in", input);
-        int const status = RunLine('\'' + Host(KVARNIO) + "' " + line,
-                                   {m_folder / "in", m_folder / "out", m_folder / "err"});
+        int const status = RunLine('\'' + Host(KVARNIO) + "' " + line, m_folder.Api());
         return {status, Text("out"), Text("err")};
     }
     // Each line is refused with its reason, and prints nothing else.

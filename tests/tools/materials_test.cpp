@@ -55,6 +55,7 @@ TEST_F(MaterialsTest, FindsBothWays) {
         {"rock", "0", 0, " "},
         {"rock", "23", nullptr, nullptr},
         {"fill", "Lz", nullptr, nullptr},
+        {"soil", "mu", 2, "mu "}, // its names have blanks
         {"rock --norwegian", "øyegneis", 63, "Øyegneis"},
     };
     for (auto const& [list, asked, number, name] : cases) {
