@@ -46,6 +46,7 @@ TEST_F(EnvTest, TheFirstStartCanBeWatched) {
     EXPECT_EQ(Finding(first, "bootstrap"), "ready");
     EXPECT_EQ(Finding(first, "installation", "value"), Path("c/Kvarnbok"));
     EXPECT_EQ(Finding(first, "CFG folder"), "the user's settings folder");
+    EXPECT_EQ(Finding(first, "main folder"), "of the installation");
     EXPECT_EQ(m_inst.Read(Installation::User("KVARNBOK.PAR")), "A=1\r\n");
     Result const later = Run("env --bootstrap 0 AX --refresh --json");
     EXPECT_EQ(later.err, "");
@@ -72,8 +73,8 @@ TEST_F(EnvTest, NamesTheReleaseThatTheBootstrapTookOfTwoInOneFolder) {
 
 TEST_F(EnvTest, DirListsInTheOrderAskedFor) {
     m_folder.Write("dir/10.dbf", "1");
-    m_folder.Write("dir/9.dbf", "1");
-    m_folder.Write("dir/b.dbf", std::string(5000, 'x'));
+    m_folder.Write("dir/9.dbf", std::string(5000, 'x'));
+    m_folder.Write("dir/b.dbf", "1");
     m_folder.Write("dir/sub/x", "");
     auto const names = [&](std::string const& more) {
         Words found;
@@ -84,7 +85,7 @@ TEST_F(EnvTest, DirListsInTheOrderAskedFor) {
     };
     EXPECT_EQ(names(""), (Words{"9.dbf", "10.dbf", "b.dbf"}));
     EXPECT_EQ(names(" --reverse"), (Words{"b.dbf", "10.dbf", "9.dbf"}));
-    EXPECT_EQ(names(" --sort size").back(), "b.dbf");
+    EXPECT_EQ(names(" --sort size").back(), "9.dbf");
     EXPECT_EQ(names(" --folders").size(), 6U);
     EXPECT_EQ(Run("dir " + Quoted("dir/*") + " --sort age").status, wrongUsage);
     ExpectRefused({{"dir " + Quoted("dir/*.no"), notThere, "nothing matches"}});

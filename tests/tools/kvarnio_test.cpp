@@ -112,6 +112,7 @@ TEST_F(KvarnioTest, SetNamesWhatTheFormatDoesNotKeep) {
     std::string const shown = std::string(80, 'x') + "...\n";
     m_folder.Write("p/KVARNBOK.PAR", "A=\nA=1\r\n=2\r\na=\r\n"s + longText + "=3\r\nC=" + longText +
                                          "\r\nC=4\0rest\nD=5\r\x1A\r\nE=6\r\nF=7"s);
+    EXPECT_EQ(RunJson("list KVARNBOK.PAR", "p").size(), 78U + 2); // C and D have values
     Result const result = Run("set KVARNBOK.PAR A 9", "p");
     std::string expected;
     for (std::string const& line : {
