@@ -1,4 +1,6 @@
 // The road: plan and profile in one file, and the area file of a project.
+#include <sstream>
+
 #include <gtest/gtest.h>
 
 #include "geodata/vag2.h"
@@ -57,54 +59,54 @@ TEST_F(Vag2Test, ACombinedFileComesBackByteForByte) {
     EXPECT_EQ(vag.Init(Api("ny.vl").c_str()), 0); // appends
     EXPECT_EQ(VerticesOf(vag.plan).size(), 4U);
     EXPECT_EQ(VerticesOf(vag.profil).size(), 4U);
+    EXPECT_EQ(vag.Init(static_cast<char const*>(nullptr)), 0);
+    EXPECT_EQ(vag.Init(Api("saknas").c_str()), -1); // and what cannot be read changes nothing
+    EXPECT_EQ(Boxes::Shown().back().text, "Kan ej öppna väglinje : "_1252 + Api("saknas"));
+    EXPECT_EQ(VerticesOf(vag.plan).size(), 4U);
+    EXPECT_STREQ(vag.filnamn, "ny.vl");
 }
 
 TEST_F(Vag2Test, TheHeaderOrTheStationsTellAPlanFromAProfile) {
-    struct {
-        char const* file;
-        std::size_t plan;
-        std::size_t profil;
-    } const cases[] = {
-        {"5 0 0 9 10 $p\r\n6 7 0 8\r\n", 0, 2},           // by the type
-        {"5 0 0 0 1 $p\r\n6 7 0 7\r\n", 2, 0},            //
-        {"5 0 0 0\r\n6 7 0 7\r\n8 9 0 1\r\n", 0, 3},      // by two equal stations
-        {"5 0 0 0 5 $typ 5\r\n6 7 0 7\r\n", 0, 2},        // a type that is neither
-        {"5 0 0 0.1\r\n6 7 0 7.09\r\n", 0, 2},            // the limit counts in the first line
-        {"5 0 0 0\r\n6 0 0 0.1\r\n", 2, 0},               // and not in the second
-        {"5 0 0 0.11\r\n6 7 0 7\r\n", 2, 0},              //
-        {"5 0 0 0\r\n6 7 0\r\n8 9 0 9\r\n", 2, 0},        // the second line is bad
-        {"5 0 0 0\r\n", 1, 0},                            // or missing
-        {"rubrik\r\n5 0 0 0\r\n6 7 0 7\r\n", 2, 0},       // a header without numbers
-        {"5 0 0 nan\r\n6 7 0 7\r\n", 2, 0},               //
+    std::tuple<char const*, std::size_t, std::size_t> const cases[] = {
+        {"5 0 0 9 10 $p\r\n6 7 0 8\r\n", 0, 2}, // by the type
+        {"5 0 0 0 1 $p\r\n6 7 0 7\r\n", 2, 0},
+        {"5 0 0 0\r\n6 7 0 7\r\n8 9 0 1\r\n", 0, 3}, // by two equal stations
+        {"5 0 0 0 5 $typ 5\r\n6 7 0 7\r\n", 0, 2},   // a type that is neither
+        {"5 0 0 0.1\r\n6 7 0 7.09\r\n", 0, 2},       // the limit counts in the first line
+        {"5 0 0 0\r\n6 0 0 0.1\r\n", 2, 0},          // and not in the second
+        {"5 0 0 0.11\r\n6 7 0 7\r\n", 2, 0},
+        {"5 0 0 0\r\n6 7 0\r\n8 9 0 9\r\n", 2, 0},  // the second line is bad
+        {"5 0 0 0\r\n", 1, 0},                      // or missing
+        {"rubrik\r\n5 0 0 0\r\n6 7 0 7\r\n", 2, 0}, // a header without numbers
+        {"5 0 0 nan\r\n6 7 0 7\r\n", 2, 0},
         {"*\r\nProfil\r\n*\r\n5 0 0\r\n6 7 0\r\n", 0, 2}, // a profile part alone
         {"1 2 0 0 1\r\n*\r\n3 4 0 9", 1, 0}, // two lines are skipped, whatever they are
         {"", 0, 0},
     };
-    for (auto const& c : cases) {
-        Write("fil", c.file);
+    for (auto const& [file, plan, profil] : cases) {
+        Write("fil", file);
         CVag2 vag;
         EXPECT_EQ(vag.Init(Api("fil").c_str()), 0);
-        EXPECT_EQ(VerticesOf(vag.plan).size(), c.plan) << c.file;
-        EXPECT_EQ(VerticesOf(vag.profil).size(), c.profil) << c.file;
+        EXPECT_EQ(VerticesOf(vag.plan).size(), plan) << file;
+        EXPECT_EQ(VerticesOf(vag.profil).size(), profil) << file;
     }
 }
 
 TEST_F(Vag2Test, ABadLineOfTheProfileIsKeptWhereTheMessageBufferBeginsWithAStar) {
     Write("fil",
           "1 2 0 0 1 $A\r\nbad plan\r\n*\r\nProfil\r\n*\r\nx\r\n5 6 7\r\n8\r\n\r\n9 1 2\r\n");
-    *MessageBuffer() = '-';
-    CVag2 vag;
-    EXPECT_EQ(vag.Init(Api("fil").c_str()), 0);
-    EXPECT_EQ(VerticesOf(vag.profil), (Vertices{{5, 6, 7, 6}, {9, 1, 2, 1}}));
-    EXPECT_STREQ(LastMessage(), "Fel rad : ");
-
-    *MessageBuffer() = '*';
-    CVag2 kept;
-    EXPECT_EQ(kept.Init(Api("fil").c_str()), 0);
-    EXPECT_EQ(VerticesOf(kept.profil),
-              (Vertices{{0, 0, 0, 0}, {5, 6, 7, 6}, {8, 6, 7, 6}, {8, 6, 7, 6}, {9, 1, 2, 1}}));
-    EXPECT_STREQ(LastMessage(), "Fel rad : bad plan");
-    EXPECT_EQ(m_status.Text(), "bad plan");
+    std::tuple<char, Vertices, char const*> const cases[] = {
+        {'-', {{5, 6, 7, 6}, {9, 1, 2, 1}}, ""},
+        {'*', {{0, 0, 0, 0}, {5, 6, 7, 6}, {8, 6, 7, 6}, {8, 6, 7, 6}, {9, 1, 2, 1}}, "bad plan"},
+    };
+    for (auto const& [buffer, profil, last] : cases) {
+        *MessageBuffer() = buffer;
+        CVag2 vag;
+        EXPECT_EQ(vag.Init(Api("fil").c_str()), 0);
+        EXPECT_EQ(VerticesOf(vag.profil), profil);
+        EXPECT_EQ(LastMessage(), std::string("Fel rad : ") + last);
+        EXPECT_EQ(m_status.Text(), last);
+    }
 }
 
 TEST_F(Vag2Test, AProfileWithoutAPlanIsWrittenAsARoadLine) {
@@ -121,55 +123,36 @@ TEST_F(Vag2Test, AProfileWithoutAPlanIsWrittenAsARoadLine) {
     EXPECT_EQ(Boxes::Shown().size(), 1U);
 }
 
-TEST_F(Vag2Test, AFileThatCannotBeReadChangesNothing) {
-    Write("fil", combined);
-    CVag2 vag;
-    EXPECT_EQ(vag.Init(static_cast<char const*>(nullptr)), 0);
-    vag.Init(Api("fil").c_str());
-    EXPECT_EQ(vag.Init(Api("saknas").c_str()), -1);
-    EXPECT_EQ(Boxes::Shown(),
-              (std::vector<ShownBox>{
-                  {"Kan ej öppna väglinje : "_1252 + Api("saknas"), "<title>", 48, 0}}));
-    EXPECT_EQ(VerticesOf(vag.plan).size(), 2U);
-    EXPECT_STREQ(vag.filnamn, "fil");
-}
-
 TEST_F(Vag2Test, TheAreaFileNamesTheRoadItsStationsAndItsOffsets) {
     Write("27.vl", combined);
-    std::string const wide = "*\r\n*\r\n" + std::string(255, 'n') + "\r\n1 2\r\n-3 4\r\n";
-    struct {
-        char const* file;
-        int result;
-        double area[4];
-    } const cases[] = {
-        {"free\r\n*\r\nfree\r\n* too\r\n27.vl\r\n1 2 x\r\n-3 4\r\nfree *\r\n*\r\n",
-         0,
-         {1, 2, -3, 4}},
-        {"*\r\n*\r\n27.vl\r\n1 2\r\n-3\r\n-5 6\r\n", -1, {1, 2, -30, 30}}, // one number: the end
-        {"*\r\n*\r\n27.vl\r\n1\r\n-3 4\r\n", -1, {0, 0, -30, 30}},
-        {"*\r\n*\r\n27.vl\r\n1 2\r\n", -1, {1, 2, -30, 30}},
-        {"*\r\n*\r\n\r\n1 2\r\n-3 4\r\n", -1, {1, 2, -3, 4}}, // no name
-        {"*\r\n27.vl\r\n1 2\r\n-3 4\r\n", -1, {0, 0, -30, 30}},
-        {"*\r\n*\r\n27.vl\r\n*\r\n-3 4\r\n", 0, {0, 0, -3, 4}}, // a star in a line's place
+    std::string const stars = "*\r\n*\r\n";
+    std::tuple<std::string, int, std::string> const cases[] = {
+        {"free\r\n*\r\nfree\r\n* too\r\n27.vl\r\n1 2 x\r\n-3 4\r\nfree *\r\n*\r\n", 0, "1 2 -3 4"},
+        {stars + "27.vl\r\n1 2\r\n-3\r\n-5 6\r\n", -1, "1 2 -30 30"}, // one number: the end
+        {stars + "27.vl\r\n1\r\n-3 4\r\n", -1, "0 0 -30 30"},
+        {stars + "27.vl\r\n1 2\r\n", -1, "1 2 -30 30"},
+        {stars + "\r\n1 2\r\n-3 4\r\n", -1, "1 2 -3 4"}, // no name
+        {"*\r\n27.vl\r\n1 2\r\n-3 4\r\n", -1, "0 0 -30 30"},
+        {stars + "27.vl\r\n*\r\n-3 4\r\n", 0, "0 0 -3 4"}, // a star in a line's place
         // A full piece has no room for its line end, which is then taken for the stations' line.
-        {wide.c_str(), -1, {0, 0, -30, 30}},
-        {"", -1, {0, 0, -30, 30}},
+        {stars + std::string(255, 'n') + "\r\n1 2\r\n-3 4\r\n", -1, "0 0 -30 30"},
+        {"", -1, "0 0 -30 30"},
     };
     CVag2 vag;
     EXPECT_EQ(vag.ReadOmr(&m_projekt), -1);
     EXPECT_EQ(vag.ReadOmr(nullptr), -1);
-    for (auto const& c : cases) {
-        Write("KVARNBOK.VL", c.file);
+    for (auto const& [file, result, area] : cases) {
+        Write("KVARNBOK.VL", file);
         CVag2 one;
-        EXPECT_EQ(one.ReadOmr(&m_projekt), c.result) << c.file;
-        EXPECT_EQ(one.omrSekFran, c.area[0]) << c.file;
-        EXPECT_EQ(one.omrSekTill, c.area[1]) << c.file;
-        EXPECT_EQ(one.omrAvstMin, c.area[2]) << c.file;
-        EXPECT_EQ(one.omrAvstMax, c.area[3]) << c.file;
-        EXPECT_EQ(VerticesOf(one.plan).size(), c.result == 0 ? 2U : 0U);
+        EXPECT_EQ(one.ReadOmr(&m_projekt), result) << file;
+        std::ostringstream read;
+        read << one.omrSekFran << ' ' << one.omrSekTill << ' ' << one.omrAvstMin << ' '
+             << one.omrAvstMax;
+        EXPECT_EQ(read.str(), area) << file;
+        EXPECT_EQ(VerticesOf(one.plan).size(), result == 0 ? 2U : 0U);
     }
     EXPECT_TRUE(Boxes::Shown().empty());
-    Write("KVARNBOK.VL", "*\r\n*\r\nsaknas.vl\r\n1 2\r\n3 4\r\n");
+    Write("KVARNBOK.VL", stars + "saknas.vl\r\n1 2\r\n3 4\r\n");
     EXPECT_EQ(vag.ReadOmr(&m_projekt), -1);
     EXPECT_EQ(Boxes::Shown().size(), 1U);
 }

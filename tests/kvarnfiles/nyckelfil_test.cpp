@@ -1,17 +1,9 @@
 // The key file, through both of the classes that share it.
-#include <gtest/gtest.h>
-
 #include "kvarnfiles/kvarncfg.h"
 #include "kvarnfiles/kvarnpar.h"
-#include "support/boxes.h"
-#include "support/testfiles.h"
+#include "support/fulldisk.h"
+#include "support/projekt.h"
 #include "text/codepage.h"
-
-#if !defined(_WIN32)
-#include <csignal>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#endif
 
 namespace {
 
@@ -34,13 +26,14 @@ template <class Fil> class NyckelfilTest : public testing::Test {
     void Bytes(std::string_view bytes) { m_folder.Write("fil", bytes); }
     std::string Bytes() const { return m_folder.Read("fil"); }
     std::unique_ptr<Fil> Open() {
-        if constexpr (std::is_same_v<Fil, CKvarnCFG>) {
+        if constexpr (cfg) {
             return std::make_unique<CKvarnCFG>("Kvarnbok", Path().GetString());
         } else {
             return std::make_unique<CKvarnPAR>(nullptr, &m_projekt);
         }
     }
 
+    static constexpr bool cfg = std::is_same_v<Fil, CKvarnCFG>;
     TestFolder m_folder;
     CProjPath m_projekt;
     Boxes m_boxes;
@@ -51,28 +44,27 @@ TYPED_TEST_SUITE(NyckelfilTest, Klasser);
 
 TYPED_TEST(NyckelfilTest, LinesAreSplitAtTheFirstEqualsSignAndNothingIsTrimmed) {
     this->Bytes("Key = A\r\nA=B=C\r\nKommentar utan tecken\r\n=tom\r\n\r\nDUBBEL=1\r\ndubbel=2\r\n"
-                "N\xC4MN=G\xD6teborg\r\nSIST=utan radslut");
+                "N\xC4MN=G\xD6teborg\r\n" +
+                std::string(1 << 20, 'x') + "\r\nCR=1\rB=2\r\nNUL=3" +
+                std::string("\0dropped\r\n\0=\0\r\n", 15) +
+                "\xEF\xBB\xBFMARK=4\nSIST=utan radslut\x1ASEN=6\r\n");
     auto const fil = this->Open();
-    struct {
-        char const* key;
-        char const* value;
-    } const cases[] = {
-        {"KEY", ""},
-        {"key ", " A"},
-        {"a", "B=C"},
-        {"Kommentar utan tecken", ""},
-        {"", ""},
-        {"DUBBEL", "1"},
-        {"n\xE4mn", "G\xD6teborg"},
-        {"SIST", "utan radslut"},
+    std::pair<char const*, char const*> const cases[] = {
+        {"KEY", ""},      {"key ", " A"},
+        {"a", "B=C"},     {"Kommentar utan tecken", ""},
+        {"", ""},         {"DUBBEL", "1"},
+        {"CR", "1\rB=2"}, {"n\xE4mn", "G\xD6teborg"},
+        {"NUL", "3"},     {"\xEF\xBB\xBFMARK", "4"},
+        {"SEN", ""},      {"SIST", "utan radslut"},
     };
-    for (auto const& c : cases) {
-        EXPECT_EQ(fil->ReadKey(c.key), c.value) << c.key;
-        EXPECT_EQ(fil->ReadKey(CString(c.key)), c.value) << c.key;
+    for (auto const& [key, value] : cases) {
+        EXPECT_EQ(fil->ReadKey(key), value) << key;
+        EXPECT_EQ(fil->ReadKey(CString(key)), value) << key;
     }
     EXPECT_EQ(fil->FindKey("saknas"), -1);
     EXPECT_EQ(fil->FindKey("sist"), 0);
     EXPECT_STREQ(fil->Get_aktel()->varde, "utan radslut");
+    EXPECT_EQ(fil->WriteKey("NUL", "4"), 0); // 0x1A is an end like any other
 }
 
 TYPED_TEST(NyckelfilTest, LimitsOfReadingLeaveEmptyRecords) {
@@ -82,10 +74,6 @@ TYPED_TEST(NyckelfilTest, LimitsOfReadingLeaveEmptyRecords) {
     int antal = 0;
     fil->Where(&antal);
     EXPECT_EQ(antal, 4);
-    EXPECT_EQ(fil->ReadKey(key39.c_str()), "a");
-    EXPECT_EQ(fil->ReadKey(key40.c_str()), "");
-    EXPECT_EQ(fil->ReadKey("LANG258"), Value(258).c_str());
-    EXPECT_EQ(fil->ReadKey("LANG259"), "");
     EXPECT_EQ(fil->WriteKey("NY", "1"), 0);
     EXPECT_EQ(this->Bytes(), key39 + "=a\r\nLANG258=" + Value(258) + "\r\nNY=1\r\n");
     // The empty key is that of the first empty record, and is written as any other.
@@ -98,7 +86,6 @@ TYPED_TEST(NyckelfilTest, LimitsOfWritingLeaveTheFileAlone) {
     auto const fil = this->Open();
     EXPECT_EQ(fil->WriteKey(key40.c_str(), "x"), -1);
     EXPECT_EQ(fil->WriteKey("A", Value(260).c_str()), -1);
-    EXPECT_EQ(fil->WriteKey("NY", Value(260).c_str()), -1);
     EXPECT_EQ(this->Bytes(), "A=1\r\n");
     EXPECT_EQ(fil->WriteKey(key39.c_str(), Value(259).c_str()), 0);
     EXPECT_EQ(this->Bytes(), "A=1\r\n" + key39 + "=" + Value(259) + "\r\n");
@@ -113,71 +100,48 @@ TYPED_TEST(NyckelfilTest, WritingKeepsOrderAndDropsWhatIsNoKey) {
     EXPECT_EQ(this->Bytes(), "B=3\r\nA=1\r\nb=dubbel\r\n");
     EXPECT_EQ(fil->WriteKey(CString("A"), CString("")), 0);
     EXPECT_EQ(this->Bytes(), "B=3\r\nb=dubbel\r\n");
-    EXPECT_EQ(fil->ReadKey("A"), "");
     EXPECT_EQ(fil->FindKey("A"), 0); // the record is still there
     EXPECT_EQ(fil->WriteKey("TOM", "full"), 0);
     EXPECT_EQ(this->Bytes(), "B=3\r\nTOM=full\r\nb=dubbel\r\n");
     EXPECT_EQ(this->m_folder.Names(), std::vector<std::string>{"fil"});
 }
 
-TYPED_TEST(NyckelfilTest, OddBytesAreReadToTheEndByTheRules) {
-    std::string const megabyte(1 << 20, 'x');
-    this->Bytes(megabyte + "\r\nA=1\rB=2\r\nC=3" + std::string("\0dropped\r\n", 10) +
-                std::string("\0=\0\r\n", 5) +
-                "\xEF\xBB\xBF"
-                "D=4\nE=5\r\r\n\x1A"
-                "F=6\r\n");
-    auto const fil = this->Open();
-    EXPECT_EQ(fil->ReadKey("A"), "1\rB=2");
-    EXPECT_EQ(fil->ReadKey("C"), "3");
-    EXPECT_EQ(fil->ReadKey("\xEF\xBB\xBF"
-                           "D"),
-              "4");
-    EXPECT_EQ(fil->ReadKey("E"), "5\r");
-    EXPECT_EQ(fil->ReadKey("F"), "");
-    EXPECT_EQ(fil->WriteKey("C", "4"), 0); // 0x1A is an end like any other
-}
-
-TYPED_TEST(NyckelfilTest, AFolderInItsPlaceIsShownAndNeverWritten) {
+TYPED_TEST(NyckelfilTest, AFolderInItsPlaceIsShownAndWhatWasNotReadIsNeverWritten) {
     std::filesystem::create_directory(this->m_folder / "fil");
     auto const fil = this->Open();
-    constexpr bool cfg = std::is_same_v<TypeParam, CKvarnCFG>;
     std::string const path = this->Path().GetString();
-    ShownBox const reading = {
-        (cfg ? "Kan inte öppna CFG-filen\n"_1252 : "Kan inte öppna -filen\n"_1252) + path +
-            "\nAvbryter läsning!"_1252,
-        cfg ? "Läsning av Kvarnbok - konfigurering"_1252
-            : "Läsning av Kvarnbok - inställningar"_1252,
-        48, 0};
-    EXPECT_EQ(Boxes::Shown(), std::vector<ShownBox>{reading});
-    Boxes::Shown().clear();
-
+    std::vector<ShownBox> shown = {
+        {(this->cfg ? "Kan inte öppna CFG-filen\n"_1252 : "Kan inte öppna -filen\n"_1252) + path +
+             "\nAvbryter läsning!"_1252,
+         this->cfg ? "Läsning av Kvarnbok - konfigurering"_1252
+                   : "Läsning av Kvarnbok - inställningar"_1252,
+         48, 0}};
+    EXPECT_EQ(Boxes::Shown(), shown);
     EXPECT_EQ(fil->FindKey("A"), -1);
     EXPECT_EQ(fil->WriteKey("A", "1"), -1);
-    std::vector<ShownBox> writing;
-    if (!cfg) {
-        writing.push_back(
+    if (!this->cfg) {
+        shown.push_back(
             {"Could not open file for write\n" + path, "Update Markvida Settings", 48, 0});
     }
-    EXPECT_EQ(Boxes::Shown(), writing);
-}
-
-#if defined(_WIN32)
-
-TYPED_TEST(NyckelfilTest, WhatCouldNotBeReadIsNotOverwritten) {
-    this->Bytes("A=1\r\nB=2\r\n");
-    HANDLE const owner = // nobody else may open the file while it is read
-        CreateFileA(this->Path(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    auto const fil = this->Open();
-    EXPECT_EQ(Boxes::Shown().size(), 1U);
-    CloseHandle(owner);
+    EXPECT_EQ(Boxes::Shown(), shown);
+    std::filesystem::remove(this->m_folder / "fil");
+    this->Bytes("B=2\r\n");
     EXPECT_EQ(fil->WriteKey("A", "2"), -1);
     EXPECT_EQ(fil->ReadKey("A"), "2"); // in memory alone
-    EXPECT_EQ(Boxes::Shown().size(), 1U);
-    EXPECT_EQ(this->Bytes(), "A=1\r\nB=2\r\n");
+    EXPECT_EQ(this->Bytes(), "B=2\r\n");
+    EXPECT_EQ(Boxes::Shown(), shown);
 }
 
-#else
+TYPED_TEST(NyckelfilTest, AMissingFileIsSilent) {
+    auto const fil = this->Open();
+    EXPECT_EQ(fil->ReadKey("A"), "");
+    EXPECT_EQ(fil->WriteKey("A", "1"), 0);
+    EXPECT_EQ(this->Bytes(), this->cfg ? "A=1\r\n" : ""); // the other has no path then
+    EXPECT_EQ(fil->ReadKey("A"), "1");
+    EXPECT_TRUE(Boxes::Shown().empty());
+}
+
+#if !defined(_WIN32)
 
 // The link leads to a file whose reading fails, and to an ordinary one when the key is written.
 TYPED_TEST(NyckelfilTest, WhatWasNotReadToItsEndIsNotOverwritten) {
@@ -187,43 +151,24 @@ TYPED_TEST(NyckelfilTest, WhatWasNotReadToItsEndIsNotOverwritten) {
     std::filesystem::remove(this->m_folder / "fil");
     std::filesystem::create_symlink("verklig", this->m_folder / "fil");
     EXPECT_EQ(fil->WriteKey("A", "2"), -1);
-    EXPECT_EQ(fil->ReadKey("A"), "2"); // in memory alone
     EXPECT_EQ(this->m_folder.Read("verklig"), "A=1\r\nB=2\r\n");
     EXPECT_TRUE(Boxes::Shown().empty());
 }
 
-#endif
-
-TYPED_TEST(NyckelfilTest, AMissingFileIsSilent) {
-    auto const fil = this->Open();
-    EXPECT_EQ(fil->ReadKey("A"), "");
-    EXPECT_EQ(fil->WriteKey("A", "1"), 0);
-    constexpr bool cfg = std::is_same_v<TypeParam, CKvarnCFG>;
-    EXPECT_EQ(std::filesystem::exists(this->m_folder / "fil"), cfg); // the other has no path then
-    EXPECT_EQ(fil->ReadKey("A"), "1");
-    EXPECT_TRUE(Boxes::Shown().empty());
-}
-
-#if !defined(_WIN32)
 TYPED_TEST(NyckelfilTest, AFullDiskGivesMinusOneAndKeepsTheFile) {
     std::string bytes;
-    for (int i = 0; i < 50; ++i) {
-        bytes += "NYCKEL" + std::to_string(i) + "=" + Value(100) + "\r\n";
+    while (bytes.size() < 4096) {
+        bytes += "NYCKEL" + std::to_string(bytes.size()) + "=" + Value(100) + "\r\n";
     }
     this->Bytes(bytes);
-    pid_t const child = fork();
-    if (child == 0) {
-        auto const fil = this->Open();
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit const limit = {1000, 1000};
-        setrlimit(RLIMIT_FSIZE, &limit);
-        _exit(fil->WriteKey("NYCKEL1", "ny") == -1 ? 0 : 1);
+    auto const fil = this->Open();
+    {
+        FullDisk const full(1000);
+        EXPECT_EQ(fil->WriteKey("NYCKEL0", "ny"), -1);
     }
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_EQ(WEXITSTATUS(status), 0);
     EXPECT_EQ(this->Bytes(), bytes);
 }
+
 #endif
 
 // What only one of the two does.
@@ -243,51 +188,29 @@ TEST(KvarnCFG, LiesBesideTheIniFile) {
     EXPECT_EQ(nowhere.ReadKey("A"), "1");
 }
 
-class KvarnParTest : public testing::Test {
-  protected:
-    KvarnParTest() {
-        for (char const* name : {"projekt", "cfg", "huvud"}) {
-            std::filesystem::create_directory(m_folder / name);
-        }
-        m_projekt.SetPath(m_folder.Api("projekt").c_str());
-        m_ini.m_cfgKat = m_folder.Api("cfg").c_str();
-        m_ini.m_huvudKat = m_folder.Api("huvud").c_str();
-    }
-
-    TestFolder m_folder;
-    CAutoIni m_ini;
-    CProjPath m_projekt;
-    Boxes m_boxes;
-};
+using KvarnParTest = ProjektTest;
 
 TEST_F(KvarnParTest, TheFirstOfThreePlacesIsReadAndWritten) {
-    char const* const places[] = {"projekt", "cfg", "huvud"};
-    for (char const* name : {"KVARNBOK.PAR", "KLIPPBOK.PAR"}) {
-        bool const sten = name[1] == 'L';
+    for (int const program : {0, 1}) {
+        std::string const name = program == 1 ? "KLIPPBOK.PAR" : "KVARNBOK.PAR";
         auto const open = [&] {
-            return sten ? std::make_unique<CKvarnPAR>(&m_ini, &m_projekt, 1)
-                        : std::make_unique<CKvarnPAR>(&m_ini, &m_projekt);
+            return program == 1 ? std::make_unique<CKvarnPAR>(&m_ini, &m_projekt, 1)
+                                : std::make_unique<CKvarnPAR>(&m_ini, &m_projekt);
         };
         EXPECT_EQ(open()->GetParFilNamn(), "");
-        for (int i = 2; i >= 0; --i) { // from the last place to the first
-            std::string const file = std::string(places[i]) + "/" + name;
-            m_folder.Write(file, std::string("PLATS=") + places[i] + "\r\n");
+        for (std::string const place : {"huvud", "cfg", "projekt"}) { // each before the last
+            m_folder.Write(place + "/" + name, "PLATS=" + place + "\r\n");
             auto const par = open();
-            EXPECT_EQ(par->GetParFilNamn(),
-                      m_folder.Api(std::string(places[i]) + "\\" + name).c_str());
-            EXPECT_EQ(par->ReadKey("plats"), places[i]);
+            EXPECT_EQ(par->GetParFilNamn(), m_folder.Api(place + "\\" + name).c_str());
+            EXPECT_EQ(par->ReadKey("plats"), place.c_str());
             EXPECT_EQ(par->WriteKey("NY", "1"), 0);
-            EXPECT_EQ(m_folder.Read(file), std::string("PLATS=") + places[i] + "\r\nNY=1\r\n");
+            EXPECT_EQ(m_folder.Read(place + "/" + name), "PLATS=" + place + "\r\nNY=1\r\n");
         }
-        EXPECT_EQ(m_folder.Read(std::string("cfg/") + name), "PLATS=cfg\r\nNY=1\r\n");
+        EXPECT_EQ(m_folder.Read("cfg/" + name), "PLATS=cfg\r\nNY=1\r\n");
     }
-}
-
-TEST_F(KvarnParTest, EitherPointerMayBeNull) {
-    m_folder.Write("projekt/KVARNBOK.PAR", "A=projekt\r\n");
-    m_folder.Write("huvud/KVARNBOK.PAR", "A=huvud\r\n");
-    EXPECT_EQ(CKvarnPAR(nullptr, &m_projekt).ReadKey("A"), "projekt");
-    EXPECT_EQ(CKvarnPAR(&m_ini, nullptr).ReadKey("A"), "huvud");
+    // Either pointer may be null.
+    EXPECT_EQ(CKvarnPAR(nullptr, &m_projekt).ReadKey("PLATS"), "projekt");
+    EXPECT_EQ(CKvarnPAR(&m_ini, nullptr).ReadKey("PLATS"), "cfg");
     CKvarnPAR nothing(nullptr, nullptr);
     EXPECT_EQ(nothing.GetParFilNamn(), "");
     EXPECT_EQ(nothing.WriteKey("A", "1"), 0);
@@ -295,19 +218,18 @@ TEST_F(KvarnParTest, EitherPointerMayBeNull) {
 }
 
 TEST_F(KvarnParTest, OtherSelectorsStayEmpty) {
-    std::filesystem::create_directory(m_folder / "projekt/KVARNBOK.PAR");
-    CKvarnPAR readAndDropped(&m_ini, &m_projekt, 0);
+    Boxes const boxes;
+    Block("KVARNBOK.PAR");
+    EXPECT_EQ(CKvarnPAR(&m_ini, &m_projekt, 0).GetParFilNamn(), "");
     EXPECT_EQ(Boxes::Shown().size(), 1U); // the file was opened, in vain
-    EXPECT_EQ(readAndDropped.GetParFilNamn(), "");
     CKvarnPAR const nothing(&m_ini, &m_projekt, 2);
     EXPECT_EQ(Boxes::Shown().size(), 1U);
-
     std::filesystem::remove(m_folder / "projekt/KVARNBOK.PAR");
-    m_folder.Write("projekt/KVARNBOK.PAR", "A=1\r\n");
+    Write("KVARNBOK.PAR", "A=1\r\n");
     EXPECT_EQ(CKvarnPAR(&m_ini, &m_projekt, 0).Home(), -1);
     EXPECT_EQ(CKvarnPAR(&m_ini, &m_projekt, 2).Home(), -1);
 
-    std::filesystem::create_directory(m_folder / "projekt/KLIPPBOK.PAR");
+    Block("KLIPPBOK.PAR");
     CKvarnPAR const sten(&m_ini, &m_projekt, 1);
     EXPECT_EQ(Boxes::Shown().back().caption, "Läsning av Klippbok - inställningar"_1252);
 }

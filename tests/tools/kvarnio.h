@@ -1,8 +1,10 @@
 // The tool as its users run it, on a copy of the samples.
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -17,7 +19,7 @@
 #include <sys/wait.h>
 #endif
 
-using Arguments = std::vector<std::string>;
+using Words = std::vector<std::string>;
 using Json = nlohmann::json;
 
 struct Result {
@@ -26,28 +28,45 @@ struct Result {
     std::string err;
 };
 
-// Where a program's standard input comes from and its output goes.
-struct Streams {
-    std::filesystem::path in;
-    std::filesystem::path out;
-    std::filesystem::path err;
+struct Refusal {
+    std::string line;
+    int status;
+    char const* reason;
 };
+constexpr int notThere = 1;
+constexpr int wrongUsage = 2;
 
-// Runs a command line, written in UTF-8, and returns its exit status; the arguments hold no quotes.
+inline void ExpectPart(std::string const& text, std::string const& part) {
+    EXPECT_TRUE(text.find(part) != std::string::npos) << part << "\nis not in\n" << text;
+}
+
+// Each line of the expected begins the text in its place.
+inline void ExpectBeginnings(Words const& texts, std::string const& expected) {
+    std::istringstream lines(expected);
+    std::string line;
+    for (std::string const& text : texts) {
+        std::getline(lines, line);
+        EXPECT_TRUE(lines && text.starts_with(line)) << text << "\ninstead of\n" << line;
+    }
+    EXPECT_FALSE(std::getline(lines, line)) << line;
+}
+
+// Runs a command line, written in UTF-8 with arguments in single quotes where they need some, and
+// returns its exit status. The file "in" of a folder is its input, and "out" and "err" its output.
 #if defined(_WIN32)
-constexpr char quote = '"';
-inline int RunLine(std::string const& line, Streams const& streams) {
+inline int RunLine(std::string line, std::filesystem::path const& folder) {
+    std::replace(line.begin(), line.end(), '\'', '"');
     SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
-    auto const open = [&](std::filesystem::path const& path, DWORD access, DWORD how) {
-        return CreateFileW(path.c_str(), access, FILE_SHARE_READ, &inherited, how,
+    auto const open = [&](char const* name, DWORD access, DWORD how) {
+        return CreateFileW((folder / name).c_str(), access, FILE_SHARE_READ, &inherited, how,
                            FILE_ATTRIBUTE_NORMAL, nullptr);
     };
     STARTUPINFOW start{};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESTDHANDLES;
-    start.hStdInput = open(streams.in, GENERIC_READ, OPEN_EXISTING);
-    start.hStdOutput = open(streams.out, GENERIC_WRITE, CREATE_ALWAYS);
-    start.hStdError = open(streams.err, GENERIC_WRITE, CREATE_ALWAYS);
+    start.hStdInput = open("in", GENERIC_READ, OPEN_EXISTING);
+    start.hStdOutput = open("out", GENERIC_WRITE, CREATE_ALWAYS);
+    start.hStdError = open("err", GENERIC_WRITE, CREATE_ALWAYS);
     std::wstring wide = std::filesystem::path(std::u8string(line.begin(), line.end())).wstring();
     PROCESS_INFORMATION process{};
     DWORD status = 0;
@@ -74,10 +93,9 @@ inline int RunLine(std::string const& line, Streams const& streams) {
     return static_cast<int>(status);
 }
 #else
-constexpr char quote = '\'';
-inline int RunLine(std::string line, Streams const& streams) {
-    line += " <'" + streams.in.string() + "' >'" + streams.out.string() + "' 2>'" +
-            streams.err.string() + '\'';
+inline int RunLine(std::string line, std::filesystem::path const& folder) {
+    std::string const file = '\'' + folder.string() + '/';
+    line += " <" + file + "in' >" + file + "out' 2>" + file + "err'";
     int const status = std::system(line.c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
@@ -96,25 +114,34 @@ class KvarnioTest : public testing::Test {
 
     std::string Path(std::string_view name) const { return Host(m_folder / name); }
 
+    // The same as an argument of a command line.
+    std::string Quoted(std::string_view name) const { return '\'' + Path(name) + '\''; }
+
     // With the sample installation, and its project where one is wanted.
-    Result Run(Arguments arguments, std::string const& project = {}) const {
-        Arguments const installation = {"--home", Path("c/Kvarnbok"), "--cfg",
-                                        Path("c/Kvarnbok/Cfg")};
-        arguments.insert(arguments.end(), installation.begin(), installation.end());
-        if (!project.empty()) {
-            arguments.insert(arguments.end(), {"--project", Path(project)});
-        }
-        return RunBare(arguments);
+    Result Run(std::string const& line, std::string const& project = {}) const {
+        return RunBare(line + " --home " + Quoted("c/Kvarnbok") + " --cfg " +
+                       Quoted("c/Kvarnbok/Cfg") +
+                       (project.empty() ? "" : " --project " + Quoted(project)));
+    }
+    Json RunJson(std::string const& line, std::string const& project = {}) const {
+        return Json::parse(Run(line + " --json", project).out);
     }
     // The input is what the tool reads on its standard input.
-    Result RunBare(Arguments const& arguments, std::string_view input = {}) const {
+    Result RunBare(std::string const& line, std::string_view input = {}) const {
         m_folder.Write("in", input);
-        std::string line = quote + Host(KVARNIO) + quote;
-        for (std::string const& argument : arguments) {
-            line += std::string(" ") + quote + argument + quote;
-        }
-        int const status = RunLine(line, {m_folder / "in", m_folder / "out", m_folder / "err"});
+        int const status = RunLine('\'' + Host(KVARNIO) + "' " + line, m_folder.Api());
         return {status, Text("out"), Text("err")};
+    }
+    // Each line is refused with its reason, and prints nothing else.
+    void ExpectRefused(std::vector<Refusal> const& refusals,
+                       std::string const& project = {}) const {
+        for (Refusal const& refusal : refusals) {
+            SCOPED_TRACE(refusal.line);
+            Result const result = Run(refusal.line, project);
+            EXPECT_EQ(result.status, refusal.status);
+            ExpectPart(result.err, refusal.reason);
+            EXPECT_EQ(result.out, "");
+        }
     }
 
     TestFolder m_folder;

@@ -1,20 +1,18 @@
 // project: a new project's folders, every path of one, and the states.
 #include "kvarnio.h"
 
-#include <algorithm>
-
 namespace {
+
+using namespace nlohmann::literals;
 
 class ProjectTest : public KvarnioTest {
   protected:
-    Result Create(std::string const& folder, Arguments const& more) const {
-        Arguments arguments = {"project", "create", Path(folder), "--json"};
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        return Run(arguments);
+    Result Create(std::string const& folder, std::string const& chosen) const {
+        return Run("project create " + Quoted(folder) + " --json " + chosen);
     }
     // What was made, below the test's folder.
-    std::vector<std::string> Made(Result const& result) const {
-        std::vector<std::string> made;
+    Words Made(Result const& result) const {
+        Words made;
         Json const json = Json::parse(result.out);
         for (std::string const path : json["made"]) {
             std::u8string const utf8(path.begin(), path.end());
@@ -25,91 +23,92 @@ class ProjectTest : public KvarnioTest {
         }
         return made;
     }
+    // The folders that every new project gets.
+    void ListFolders(char const* folders) const {
+        m_folder.Write("mappar.txt", folders);
+        m_folder.Write("c/Kvarnbok/Markvida.ini",
+                       "[ARKIV]\r\nMAPPAR=" + Path("mappar.txt") + "\r\n");
+    }
 };
 
-using Paths = std::vector<std::string>;
-
 TEST_F(ProjectTest, CreateMakesWhatIsChosenAndTellsIt) {
-    m_folder.Write("mappar.txt", "FOTO\r\n\r\nPROV\\F\xC4LT\r\n");
-    m_folder.Write("c/Kvarnbok/Markvida.ini", "[ARKIV]\r\nMAPPAR=" + Path("mappar.txt") + "\r\n");
-    Result const fresh = Create("ny/bro", {});
-    EXPECT_EQ(fresh.status, 0) << fresh.err;
-    EXPECT_EQ(Made(fresh),
-              (Paths{"ny", "ny/bro", "ny/bro/FOTO", "ny/bro/KVARNBOK.DBF", "ny/bro/KVARNBOK.RIT",
-                     "ny/bro/PROV", "ny/bro/PROV/FÄLT", "ny/bro/STACK"}));
-    EXPECT_EQ(Made(Create("grop", {"--construction", "--rock-drilling"})),
-              (Paths{"grop", "grop/FALTVERK.DBF", "grop/FALTVERK.DBF/Faltverk.krd",
-                     "grop/FALTVERK.RIT", "grop/KLIPPBOK.DBF", "grop/KLIPPBOK.RIT", "grop/STACK"}));
-    EXPECT_EQ(Made(Create("lista", {"--folders"})),
-              (Paths{"lista", "lista/FOTO", "lista/PROV", "lista/PROV/FÄLT"}));
+    ListFolders("FOTO\r\n\r\nPROV\\F\xC4LT\r\n");
+    std::tuple<char const*, char const*, Words> const cases[] = {
+        {"ny/bro",
+         "",
+         {"ny", "ny/bro", "ny/bro/FOTO", "ny/bro/KVARNBOK.DBF", "ny/bro/KVARNBOK.RIT",
+          "ny/bro/PROV", "ny/bro/PROV/FÄLT", "ny/bro/STACK"}},
+        {"grop",
+         "--construction --rock-drilling",
+         {"grop", "grop/FALTVERK.DBF", "grop/FALTVERK.DBF/Faltverk.krd", "grop/FALTVERK.RIT",
+          "grop/KLIPPBOK.DBF", "grop/KLIPPBOK.RIT", "grop/STACK"}},
+        {"lista", "--folders", {"lista", "lista/FOTO", "lista/PROV", "lista/PROV/FÄLT"}},
+    };
+    for (auto const& [folder, chosen, made] : cases) {
+        Result const result = Create(folder, chosen);
+        EXPECT_EQ(result.status, 0) << result.err;
+        EXPECT_EQ(Made(result), made);
+    }
 }
 
 TEST_F(ProjectTest, AFolderThatExistsNeedsYes) {
-    std::filesystem::create_directories(m_folder / "p/STACK");
-    Result const refused = Create("p", {"--drawing"});
+    m_folder.Write("p/KVARNBOK.RIT", ""); // where a folder is wanted: it exists, as programs look
+    Result const refused = Create("p", "--drawing");
     EXPECT_EQ(refused.status, 1);
-    EXPECT_EQ(Made(refused), Paths{});
-    EXPECT_NE(refused.err.find("finns redan! Ska denna användas ändå?"), std::string::npos);
-    EXPECT_NE(refused.err.find("--yes"), std::string::npos);
-
-    Result const used = Create("p", {"--drawing", "--yes"});
+    EXPECT_EQ(Made(refused), Words{});
+    ExpectPart(refused.err, "finns redan! Ska denna användas ändå?");
+    ExpectPart(refused.err, "--yes");
+    Result const used = Create("p", "--drawing --yes");
     EXPECT_EQ(used.status, 0);
     EXPECT_EQ(used.err, "");
-    EXPECT_EQ(Made(used), (Paths{"p/KVARNBOK.DBF", "p/KVARNBOK.RIT"}));
+    EXPECT_EQ(Made(used), (Words{"p/KVARNBOK.DBF", "p/STACK"}));
 
     m_folder.Write("p/KVARNBOK.DBS", "");
-    Result const project = Create("p", {"--drawing", "--yes"});
+    Result const project = Create("p", "--drawing --yes");
     EXPECT_EQ(project.status, 1);
-    EXPECT_NE(project.err.find("Markvida-databas finns redan"), std::string::npos);
-    EXPECT_EQ(Create("p", {"--post-processing", "--yes"}).status, 0);
+    ExpectPart(project.err, "Markvida-databas finns redan");
+    EXPECT_EQ(Create("p", "--post-processing --yes").status, 0);
 }
 
 TEST_F(ProjectTest, WhatWasMadeBeforeAFailureIsTold) {
-    m_folder.Write("p/KVARNBOK.RIT", ""); // where a folder is wanted: it exists, as programs look
-    m_folder.Write("fil", "");
-    EXPECT_EQ(Create("p", {"--drawing", "--yes"}).status, 0);
-
-    m_folder.Write("mappar.txt", "FOTO\r\nfil\\x\r\nALDRIG\r\n");
+    ListFolders("FOTO\r\nfil\\x\r\nALDRIG\r\n");
     m_folder.Write("q/fil", "");
-    m_folder.Write("c/Kvarnbok/Markvida.ini", "[ARKIV]\r\nMAPPAR=" + Path("mappar.txt") + "\r\n");
-    Result const partly = Create("q", {"--folders", "--yes"});
+    Result const partly = Create("q", "--folders --yes");
     EXPECT_EQ(partly.status, 1);
-    EXPECT_EQ(Made(partly), Paths{"q/FOTO"});
-    EXPECT_NE(partly.err.find("Fel, kan EJ skapa katalog:"), std::string::npos);
-    EXPECT_NE(partly.err.find("what was made stays"), std::string::npos);
-    EXPECT_EQ(Create("fil/x", {}).status, 1);
-    EXPECT_EQ(RunBare({"project", "create", ""}).status, 2);
+    EXPECT_EQ(Made(partly), Words{"q/FOTO"});
+    ExpectPart(partly.err, "Fel, kan EJ skapa katalog:");
+    ExpectPart(partly.err, "what was made stays");
+    EXPECT_EQ(Create("q/fil/x", "").status, 1);
+    EXPECT_EQ(RunBare("project create ''").status, wrongUsage);
 }
 
 TEST_F(ProjectTest, PathsTellsWhatExists) {
-    Json const paths = Json::parse(Run({"project", "paths", "--json"}, vag27).out);
+    Json const paths = RunJson("project paths", vag27);
     ASSERT_EQ(paths.size(), 18U);
     EXPECT_EQ(std::count_if(paths.begin(), paths.end(),
                             [](Json const& row) { return row["exists"].get<bool>(); }),
               4); // itself, its road data, area file and parameters
     EXPECT_EQ(paths[15]["path"], Path(vag27 + "/KVARNBOK.PAR"));
-    EXPECT_EQ(Run({"project", "paths"}).status, 2);
+    EXPECT_EQ(Run("project paths").status, wrongUsage);
 }
 
 TEST_F(ProjectTest, StatesAreFoundByCodeAndByText) {
-    EXPECT_EQ(Json::parse(Run({"project", "status", "--json"}).out).size(), 7U);
-    struct {
-        char const* typed;
-        int code;
-        char const* text;
-    } const cases[] = {{"3", 3, "Levererat"},
-                       {"pågående", 0, "Pågående"},
-                       {"999", 999, "Status okänd"},
-                       {"STATUS OKÄND", 999, "Status okänd"}};
-    for (auto const& row : cases) {
-        EXPECT_EQ(Json::parse(Run({"project", "status", row.typed, "--json"}).out),
-                  Json({{"code", row.code}, {"text", row.text}}));
-    }
-    for (char const* typed : {"6", "-1", "nedlagt"}) {
-        Result const result = Run({"project", "status", typed});
-        EXPECT_EQ(result.status, 1) << typed;
-        EXPECT_NE(result.err.find("programs take it for 999, Status okänd"), std::string::npos);
-    }
+    EXPECT_EQ(RunJson("project status").size(), 7U);
+    EXPECT_EQ(RunJson("project status 3"), Json({{"code", 3}, {"text", "Levererat"}}));
+    EXPECT_EQ(RunJson("project status 'STATUS OKÄND'"),
+              Json({{"code", 999}, {"text", "Status okänd"}}));
+    char const* const unknown = "programs take it for 999, Status okänd";
+    ExpectRefused({{"project status 6", notThere, unknown},
+                   {"project status -1", notThere, unknown},
+                   {"project status nedlagt", notThere, unknown}});
+}
+
+TEST_F(ProjectTest, AFormatByItsName) {
+    EXPECT_EQ(RunJson("formats").size(), 9U);
+    EXPECT_EQ(RunJson("formats A3XL"), R"({"index": 7, "name": "A3XL",
+        "drawingArea": {"width": 774, "height": 250}, "frame": {"width": 794, "height": 280},
+        "sheet": {"width": 843, "height": 297}})"_json);
+    EXPECT_EQ(Run("formats a3").status, notThere);
 }
 
 } // namespace
