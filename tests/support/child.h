@@ -2,6 +2,7 @@
 // program leaves out when it is run as a whole.
 #pragma once
 
+#include <cstdlib>
 #include <string>
 
 #if defined(_WIN32)
@@ -90,3 +91,20 @@ inline void SetVariable(char const* name, std::string const& value) {
     value.empty() ? unsetenv(name) : setenv(name, value.c_str(), 1);
 #endif
 }
+
+// An environment variable with another value while one of these lives.
+class Variable {
+  public:
+    Variable(char const* name, std::string const& value) : m_name(name) {
+        char const* const before = std::getenv(name);
+        m_before = before != nullptr ? before : "";
+        SetVariable(name, value);
+    }
+    ~Variable() { SetVariable(m_name, m_before); }
+    Variable(Variable const&) = delete;
+    Variable& operator=(Variable const&) = delete;
+
+  private:
+    char const* m_name;
+    std::string m_before;
+};
