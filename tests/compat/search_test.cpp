@@ -47,11 +47,8 @@ TEST(Search, BlanksAndDotsAtThePatternsEndAreDropped) {
 // By the stand-in's own function: in these Wine differs from what is documented.
 TEST(Search, WildcardsMatchAsWindowsDocumentsThem) {
     std::string const many(50, 'a');
-    struct {
-        char const* pattern;
-        Names matching;
-        Names others;
-    } const cases[] = {
+    std::tuple<char const*, Names, Names> const cases[] = {
+        // which match, and which do not
         {"*", {"", "a.b"}, {}},
         {"*.*", {"none", "a.b"}, {}},
         {"*.", {"none", ".", ".."}, {"a.b", ".hid"}}, // names without an extension
@@ -73,14 +70,13 @@ TEST(Search, WildcardsMatchAsWindowsDocumentsThem) {
         {"\xC5*", {"\xE5sa"}, {}},
         {"*a*a*a*a*a*a*a*a*a*a*a*b", {many + 'b'}, {many}}, // and soon
     };
-    for (auto const& c : cases) {
-        for (std::string const& name : c.matching) {
-            EXPECT_TRUE(kvarn::MatchesWildcards(c.pattern, name.c_str()))
-                << c.pattern << " on " << name;
+    for (auto const& [pattern, matching, others] : cases) {
+        SCOPED_TRACE(pattern);
+        for (std::string const& name : matching) {
+            EXPECT_TRUE(kvarn::MatchesWildcards(pattern, name.c_str())) << name;
         }
-        for (std::string const& name : c.others) {
-            EXPECT_FALSE(kvarn::MatchesWildcards(c.pattern, name.c_str()))
-                << c.pattern << " on " << name;
+        for (std::string const& name : others) {
+            EXPECT_FALSE(kvarn::MatchesWildcards(pattern, name.c_str())) << name;
         }
     }
 }
@@ -92,12 +88,9 @@ TEST(Search, TimesAreCountedFrom1601) {
     FILETIME const time = {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32U)};
     SYSTEMTIME t{};
     EXPECT_EQ(FileTimeToSystemTime(&time, &t), TRUE);
-    EXPECT_EQ(t.wYear, 2020);
-    EXPECT_EQ(t.wMonth, 1);
-    EXPECT_EQ(t.wDay, 1);
-    EXPECT_EQ(t.wHour, 0);
-    EXPECT_EQ(t.wMilliseconds, 123);
-    EXPECT_EQ(t.wDayOfWeek, 3);
+    std::vector<int> const parts = {t.wYear, t.wMonth,  t.wDayOfWeek, t.wDay,
+                                    t.wHour, t.wMinute, t.wSecond,    t.wMilliseconds};
+    EXPECT_EQ(parts, (std::vector<int>{2020, 1, 3, 1, 0, 0, 0, 123}));
 }
 
 } // namespace

