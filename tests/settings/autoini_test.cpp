@@ -96,16 +96,12 @@ TEST_F(IniTest, WritingKeepsCommentsOrderAndTheOtherKeys) {
     EXPECT_NE(m_ini.WriteKey("SYSTEM", "A", ""), 0);
     EXPECT_NE(m_ini.WriteKey("NEW", "D", "5"), 0);
     EXPECT_NE(m_ini.WriteKey("SYSTEM", "MISSING", ""), 0);
-    std::string const bytes = m_folder.Read("Markvida.ini");
-    std::size_t last = 0;
-    for (char const* part : {"; installed 2026", "[SYSTEM]", "; about B", "B=3", "C=4", "[ARKIV]",
-                             "MAPPAR=x", "[NEW]", "D=5"}) {
-        std::size_t const at = bytes.find(part);
-        ASSERT_NE(at, std::string::npos) << part << " in\n" << bytes;
-        EXPECT_GE(at, last) << part << " in\n" << bytes;
-        last = at;
+    std::string bytes = m_folder.Read("Markvida.ini");
+    for (std::size_t at = 0; (at = bytes.find("\r\n\r\n")) != std::string::npos;) {
+        bytes.erase(at, 2); // blank lines differ between Wine and Windows
     }
-    EXPECT_EQ(bytes.find("A=1"), std::string::npos);
+    EXPECT_EQ(bytes, "; installed 2026\r\n[SYSTEM]\r\n; about B\r\nB=3\r\nC=4\r\n"
+                     "[ARKIV]\r\nMAPPAR=x\r\n[NEW]\r\nD=5\r\n");
 }
 
 TEST_F(IniTest, AnEmptyKeyIsNoCommentAndBlanksBelongToNoKey) {
@@ -196,15 +192,13 @@ TEST_F(StartTest, EveryKeyReachesItsMember) {
     Start("KVARNBOK.CFG=cfg\r\nMSG=msg\r\nACADEXE=acad\r\nSCRIPTPATH=\" C:\\Skript\\\\ \"\r\n"
           "ACADLTEXE=lt\r\nACADOPT=opt\r\nACADVER=23x\r\nMSTATIONEXE=ms\r\nZIPEXE=zip\r\n"
           "UNZIPEXE=unzip\r\nDOCEXE=doc\r\nAUTOGEN=ja\r\nPOSTCAD=mstation\r\nBANKCAD=ACAD\r\n");
-    std::pair<CString, char const*> const texts[] = {
-        {m_ini.m_cfgKat, "cfg"},           {m_ini.m_medKat, "msg"},   {m_ini.m_acadExe, "acad"},
-        {m_ini.m_scriptKat, "C:\\Skript"}, {m_ini.m_acadLtExe, "lt"}, {m_ini.m_acadOpt, "opt"},
-        {m_ini.m_mstationExe, "ms"},       {m_ini.m_zipExe, "zip"},   {m_ini.m_unzipExe, "unzip"},
-        {m_ini.m_docExe, "doc"},
-    };
-    for (auto const& [member, value] : texts) {
-        EXPECT_EQ(member, value);
+    std::string texts;
+    for (CString const& member :
+         {m_ini.m_cfgKat, m_ini.m_medKat, m_ini.m_acadExe, m_ini.m_scriptKat, m_ini.m_acadLtExe,
+          m_ini.m_acadOpt, m_ini.m_mstationExe, m_ini.m_zipExe, m_ini.m_unzipExe, m_ini.m_docExe}) {
+        texts += member.GetString() + std::string("|");
     }
+    EXPECT_EQ(texts, "cfg|msg|acad|C:\\Skript|lt|opt|ms|zip|unzip|doc|");
     EXPECT_EQ(m_ini.m_acadVer, 23);
     EXPECT_EQ(m_ini.m_autoGen, 1);
     EXPECT_EQ(m_ini.m_postMstation, 1);

@@ -14,36 +14,28 @@ namespace {
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
 TEST(Scan, DoublesAsTheRuntimeLibraryReadsThem) {
-    std::pair<char const*, double> const cases[] = {
-        {"2.5", 2.5},
-        {" \t\n\v\f\r-1.25e2x", -125},
-        {"+.5", 0.5},
-        {"5.", 5},
-        {"1e", 1}, // an exponent without digits is taken along
-        {"1e+", 1},
-        {"1e5.5", 1e5},
-        {"0x1.8p1", 3},
-        {"0x.8", 0.5},
-        {"0x.", 0},
-        {"0x1p", 1},
-        {"-1e400", -infinity},
-        {"1e-400", 0},
-        {"0e999999999999999999999", 0},
-        {"1e999999999999999999999", infinity},
-        {"0.000000000000000000001e320", 1e299},
-        {"5e-324", 5e-324},
-        {"2.2250738585072011e-308", 2.2250738585072011e-308},
-        {"0x1p-1074", 5e-324},
-        {"0x1p-1080", 0},
-        {"0x1p1024", infinity},
-        {"inf", infinity},
-        {"-InFiNiTyx", -infinity},
-        {"2,5", 2},
+    std::pair<double, std::vector<char const*>> const cases[] = {
+        {0, {"0x.", "1e-400", "0e999999999999999999999", "0x1p-1080"}},
+        {0.5, {"+.5", "0x.8"}},
+        {1, {"1e", "1e+", "0x1p"}}, // an exponent without digits is taken along
+        {2, {"2,5"}},
+        {2.5, {"2.5"}},
+        {3, {"0x1.8p1"}},
+        {5, {"5."}},
+        {-125, {" \t\n\v\f\r-1.25e2x"}},
+        {1e5, {"1e5.5"}},
+        {1e299, {"0.000000000000000000001e320"}},
+        {5e-324, {"5e-324", "0x1p-1074"}},
+        {2.2250738585072011e-308, {"2.2250738585072011e-308"}},
+        {infinity, {"1e999999999999999999999", "0x1p1024", "inf"}},
+        {-infinity, {"-1e400", "-InFiNiTyx"}},
     };
-    for (auto const& [text, expected] : cases) {
-        double value = 5;
-        EXPECT_EQ(Scan(text, value), 1) << text;
-        EXPECT_EQ(value, expected) << text;
+    for (auto const& [expected, texts] : cases) {
+        for (char const* text : texts) {
+            double value = 7;
+            EXPECT_EQ(Scan(text, value), 1) << text;
+            EXPECT_EQ(value, expected) << text;
+        }
     }
     double nan = 0;
     EXPECT_EQ(Scan("-nan(7)", nan), 1);
@@ -51,10 +43,9 @@ TEST(Scan, DoublesAsTheRuntimeLibraryReadsThem) {
 }
 
 TEST(Scan, WhatIsNoNumberChangesNothing) {
-    double value = 5; // a hard blank is no white space
-    for (char const* text : {"infinit", "in", "na", "0x", "0xg", ".", "-", "--1", "MAX", ".e5",
-                             "\xA0"
-                             "1"}) {
+    double value = 5; // a hard blank (octal 240) is no white space
+    for (char const* text :
+         {"infinit", "in", "na", "0x", "0xg", ".", "-", "--1", "MAX", ".e5", "\2401"}) {
         EXPECT_EQ(Scan(text, value), 0) << text;
     }
     for (char const* text : {"", " \t"}) {
