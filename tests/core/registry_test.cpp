@@ -44,87 +44,74 @@ class RegistryTest : public testing::Test {
         return bytes.substr(0, size);
     }
 
+    void ExpectStored(DWORD type, std::string const& bytes) {
+        EXPECT_EQ(m_registry.GetDataType("value"), type);
+        EXPECT_EQ(m_registry.GetDataSize("value"), static_cast<int>(bytes.size()));
+        EXPECT_EQ(Stored("value"), bytes);
+    }
+    // A value that is written and read; the default comes for one that is missing or too long.
+    template <class T>
+    void ExpectValue(int (CRegistry::*write)(CString, T), T (CRegistry::*read)(CString, T),
+                     std::type_identity_t<T> value, std::string const& bytes) {
+        SCOPED_TRACE(testing::PrintToString(bytes));
+        EXPECT_EQ((m_registry.*write)("value", value), 1);
+        ExpectStored(REG_BINARY, bytes);
+        EXPECT_EQ((m_registry.*read)("value", 0), value);
+        EXPECT_EQ((m_registry.*read)("missing", value), value);
+        EXPECT_EQ((m_registry.*read)("long", value), value);
+    }
+    template <class Plain, class T>
+    void ExpectShape(int (CRegistry::*write)(CString, T*), int (CRegistry::*read)(CString, T*),
+                     T shape, std::string const& bytes) {
+        SCOPED_TRACE(testing::PrintToString(bytes));
+        EXPECT_EQ((m_registry.*write)("value", &shape), 1);
+        ExpectStored(REG_BINARY, bytes);
+        T back;
+        EXPECT_EQ((m_registry.*read)("value", &back), 1);
+        EXPECT_TRUE(back == static_cast<Plain>(shape));
+        EXPECT_EQ((m_registry.*read)("missing", &back), 0);
+        EXPECT_EQ((m_registry.*read)("long", &back), 0);
+    }
+
     TestFolder m_folder;
     Variable m_store{"KVARNPROG_REGISTRY", (m_folder / "store.reg").string()};
     CRegistry m_registry;
 };
 
 TEST_F(RegistryTest, EveryFormatIsStoredInItsLayoutAndReadsBack) {
-    CSize size(1, -2);
-    CPoint point(3, 256);
-    CRect rect(1, 2, 3, -1);
+    Store("long", REG_BINARY, "123456789012345678901234567890");
+    ExpectValue(&CRegistry::WriteInt, &CRegistry::ReadInt, -5, "\xFB\xFF\xFF\xFF");
+    ExpectValue(&CRegistry::WriteDword, &CRegistry::ReadDword, 0xFFFFFFFE, "\xFE\xFF\xFF\xFF");
+    ExpectValue(&CRegistry::WriteBool, &CRegistry::ReadBool, 1, "\1\0\0\0"s);
+    ExpectValue(&CRegistry::WriteColor, &CRegistry::ReadColor, 0x332211, "\x11\x22\x33\0"s);
+    ExpectValue(&CRegistry::WriteFloat, &CRegistry::ReadFloat, -2.0, "\0\0\0\0\0\0\0\xC0"s);
+    ExpectShape<SIZE>(&CRegistry::WriteSize, &CRegistry::ReadSize, CSize(1, -2),
+                      "\1\0\0\0\xFE\xFF\xFF\xFF"s);
+    ExpectShape<POINT>(&CRegistry::WritePoint, &CRegistry::ReadPoint, CPoint(3, 256),
+                       "\3\0\0\0\0\1\0\0"s);
+    ExpectShape<RECT>(&CRegistry::WriteRect, &CRegistry::ReadRect, CRect(1, 2, 3, -1),
+                      "\1\0\0\0\2\0\0\0\3\0\0\0\xFF\xFF\xFF\xFF"s);
     COleDateTime date(2.5);
     date.SetStatus(COleDateTime::null);
-    EXPECT_EQ(m_registry.WriteString("text", "\xE5 b"), 1);
-    EXPECT_EQ(m_registry.WriteInt("int", -5), 1);
-    EXPECT_EQ(m_registry.WriteDword("dword", 0xFFFFFFFE), 1);
-    EXPECT_EQ(m_registry.WriteBool("bool", 1), 1);
-    EXPECT_EQ(m_registry.WriteColor("color", 0x00332211), 1);
-    EXPECT_EQ(m_registry.WriteFloat("float", -2.0), 1);
-    EXPECT_EQ(m_registry.WriteSize("size", &size), 1);
-    EXPECT_EQ(m_registry.WritePoint("point", &point), 1);
-    EXPECT_EQ(m_registry.WriteRect("rect", &rect), 1);
-    EXPECT_EQ(m_registry.WriteDateTime("date", date), 1);
-    std::pair<char const*, std::string> const cases[] = {
-        {"text", "\xE5 b\0"s},
-        {"int", "\xFB\xFF\xFF\xFF"},
-        {"dword", "\xFE\xFF\xFF\xFF"},
-        {"bool", "\1\0\0\0"s},
-        {"color", "\x11\x22\x33\0"s},
-        {"float", "\0\0\0\0\0\0\0\xC0"s},
-        {"size", "\1\0\0\0\xFE\xFF\xFF\xFF"s},
-        {"point", "\3\0\0\0\0\1\0\0"s},
-        {"rect", "\1\0\0\0\2\0\0\0\3\0\0\0\xFF\xFF\xFF\xFF"s},
-        {"date", "\0\0\0\0\0\0\4@\2\0\0\0\0\0\0\0"s},
-    };
-    for (auto const& [name, bytes] : cases) {
-        SCOPED_TRACE(name);
-        EXPECT_EQ(m_registry.GetDataType(name), name == "text"s ? REG_SZ : REG_BINARY);
-        EXPECT_EQ(m_registry.GetDataSize(name), static_cast<int>(bytes.size()));
-        EXPECT_EQ(Stored(name), bytes);
-    }
-    EXPECT_EQ(m_registry.GetValueCount(), 10);
-    EXPECT_EQ(m_registry.ReadString("TEXT", ""), "\xE5 b");
-    EXPECT_EQ(m_registry.ReadInt("int", 0), -5);
-    EXPECT_EQ(m_registry.ReadDword("dword", 0), 0xFFFFFFFE);
-    EXPECT_EQ(m_registry.ReadBool("bool", 0), 1);
-    EXPECT_EQ(m_registry.ReadColor("color", 0), 0x00332211U);
-    EXPECT_EQ(m_registry.ReadFloat("float", 0), -2.0);
-    CSize readSize;
-    CPoint readPoint;
-    CRect readRect;
-    EXPECT_EQ(m_registry.ReadSize("size", &readSize), 1);
-    EXPECT_EQ(m_registry.ReadPoint("point", &readPoint), 1);
-    EXPECT_EQ(m_registry.ReadRect("rect", &readRect), 1);
-    EXPECT_TRUE(readSize == static_cast<SIZE>(size));
-    EXPECT_TRUE(readPoint == static_cast<POINT>(point));
-    EXPECT_TRUE(readRect == static_cast<RECT>(rect));
-    COleDateTime const readDate = m_registry.ReadDateTime("date", COleDateTime());
-    EXPECT_EQ(readDate.m_dt, 2.5);
-    EXPECT_EQ(readDate.GetStatus(), COleDateTime::null);
+    EXPECT_EQ(m_registry.WriteDateTime("value", date), 1);
+    ExpectStored(REG_BINARY, "\0\0\0\0\0\0\4@\2\0\0\0\0\0\0\0"s);
+    COleDateTime const read = m_registry.ReadDateTime("value", COleDateTime());
+    EXPECT_EQ(read.m_dt, 2.5);
+    EXPECT_EQ(read.GetStatus(), COleDateTime::null);
+    EXPECT_EQ(m_registry.ReadDateTime("missing", COleDateTime(9)).m_dt, 9);
+    EXPECT_EQ(m_registry.WriteString("value", "\xE5 b"), 1);
+    ExpectStored(REG_SZ, "\xE5 b\0"s);
+    EXPECT_EQ(m_registry.ReadString("VALUE", ""), "\xE5 b");
+    EXPECT_EQ(m_registry.ReadString("missing", "def"), "def");
+    EXPECT_EQ(m_registry.ReadString("long", "def"), "def");
+    EXPECT_EQ(m_registry.GetValueCount(), 2);
 }
 
-TEST_F(RegistryTest, WhatIsMissingOrTooLongGivesTheDefault) {
-    Store("long", REG_BINARY, "123456789012345678901234567890");
+TEST_F(RegistryTest, OtherTypesAndShortValuesAreReadAsFarAsTheyGo) {
     Store("short", REG_BINARY, "\x07");
-    Store("dword", REG_DWORD, std::string_view("\x05\0\0\0", 4));
-    for (char const* name : {"missing", "long"}) {
-        SCOPED_TRACE(name);
-        EXPECT_EQ(m_registry.ReadInt(name, 7), 7);
-        EXPECT_EQ(m_registry.ReadDword(name, 0xF0000000), 0xF0000000);
-        EXPECT_EQ(m_registry.ReadFloat(name, 1.5), 1.5);
-        EXPECT_EQ(m_registry.ReadDateTime(name, COleDateTime(9)).m_dt, 9);
-        CRect rect;
-        EXPECT_EQ(m_registry.ReadRect(name, &rect), 0);
-        EXPECT_EQ(m_registry.ReadString(name, "def"), "def");
-    }
-    CFont font;
-    EXPECT_EQ(m_registry.ReadFont("missing", &font), 0);
+    Store("dword", REG_DWORD, "\5\0\0\0"s);
     EXPECT_EQ(m_registry.ReadInt("dword", 0), 5);
     EXPECT_EQ(m_registry.ReadInt("short", 0), 7);
-    CRegistry nowhere;
-    EXPECT_EQ(nowhere.SetKey((std::string(path) + "\\no").c_str(), 0, KEY_READ), 0);
-    EXPECT_EQ(nowhere.PathIsValid(), 0);
     m_registry.ClearKey();
     EXPECT_EQ(m_registry.GetDataSize("dword"), -1);
     EXPECT_EQ(m_registry.GetDataType("dword"), 0U);
@@ -151,6 +138,7 @@ TEST_F(RegistryTest, TextsHaveAtMost254Characters) {
 }
 
 TEST_F(RegistryTest, KeysAreChosenMadeAndDeleted) {
+    EXPECT_EQ(m_registry.PathIsValid(), 1);
     EXPECT_EQ(m_registry.SetRootKey(HKEY_CURRENT_CONFIG), 0);
     EXPECT_EQ(m_registry.GetRootKey(), HKEY_CURRENT_USER);
     std::string const below = std::string(path) + "\\below";
@@ -206,6 +194,7 @@ TEST_F(RegistryTest, AFontComesBackAsANewOne) {
     description.lfHeight = -17;
     std::strcpy(description.lfFaceName, "Arial");
     CFont font;
+    EXPECT_EQ(m_registry.ReadFont("missing", &font), 0);
     EXPECT_TRUE(font.CreateFontIndirect(&description));
     EXPECT_EQ(m_registry.WriteFont("font", &font), 1);
     EXPECT_EQ(Stored("font").size(), 60U);
