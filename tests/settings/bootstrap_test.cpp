@@ -189,6 +189,9 @@ TEST_F(BootstrapTest, TheFolderOfTheOlderNameIsTakenOver) {
     EXPECT_EQ(Read(User("z.par")), "z");
     EXPECT_EQ(m_ini.m_docExe, "older");
     EXPECT_EQ(Key("MSG"), ""); // not seeded
+    Write(User("Markvida.ini"), "[SYSTEM]\r\nDOCEXE=own\r\n");
+    EXPECT_EQ(Start(20), 0);
+    EXPECT_EQ(m_ini.m_docExe, "own"); // only once
 }
 
 // Files with the time of change, in days before today.
