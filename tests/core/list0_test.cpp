@@ -293,7 +293,7 @@ TEST(List0, EveryFailureHasItsTextAndLeavesTheListAsItWas) {
         Lista lista;
         lista.Fyll({3, 1, 2});
         allocationsLeft = allocations;
-        std::string const kastat = Kastat([&] { call(lista); });
+        std::string const kastat = Kastat([&lista, call = call] { call(lista); });
         allocationsLeft = enough;
         EXPECT_EQ(kastat, text);
         EXPECT_EQ(lista.Varden(), (std::vector<int>{3, 1, 2})) << text;
