@@ -13,4 +13,5 @@ extern "C" __declspec(dllexport) void HandOver(HWND window, MessageBoxHandler ha
 extern "C" __declspec(dllexport) void ShowBoth(char const* road) {
     CProjPath().CreateProjectStructure("C:\\saknas\\ny", nullptr, 0, 1, 1, 0, 0, 0, 0);
     CVaglinje().Init(road);
+    LibraryModule(); // asked for, which must not keep the library loaded
 }
