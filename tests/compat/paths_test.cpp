@@ -1,10 +1,9 @@
 // Windows paths on a host that is not Windows.
 #include "compat/win32/paths.h"
 
-#include <cstdlib>
-
 #include <gtest/gtest.h>
 
+#include "support/child.h"
 #include "support/testfiles.h"
 #include "text/codepage.h"
 
@@ -14,12 +13,11 @@ namespace {
 
 class PathsTest : public testing::Test {
   protected:
-    PathsTest() { setenv("KVARNPROG_DRIVES", m_folder.Api().c_str(), 1); }
-    ~PathsTest() override { unsetenv("KVARNPROG_DRIVES"); }
     // A path below the drives, as the host spells it.
     std::string Below(std::string const& name) const { return m_folder.Api() + "/" + name; }
 
     TestFolder m_folder;
+    Variable m_drives{"KVARNPROG_DRIVES", m_folder.Api()};
 };
 
 TEST_F(PathsTest, DrivesAndSeparators) {

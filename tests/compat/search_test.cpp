@@ -27,24 +27,18 @@ Names Found(TestFolder const& folder, char const* pattern) {
 
 TEST(Search, BlanksAndDotsAtThePatternsEndAreDropped) {
     TestFolder const folder;
-    Names const files = {"a.b", "aab", "none", "x.y.z"};
-    for (std::string const& name : files) {
+    for (char const* name : {"a.b", "aab", "none", "x.y.z"}) {
         folder.Write(name, "");
     }
-    Names all = {".", ".."};
-    all.insert(all.end(), files.begin(), files.end());
-    struct {
-        char const* pattern;
-        Names names;
-    } const cases[] = {
-        {"aa? ", {"aab"}},   {"aa?.", {"aab"}},   {"aa? . .", {"aab"}},
-        {"NONE ", {"none"}}, {"none.", {"none"}}, {"*.b ", {"a.b"}},
-        {"*.b.", {"a.b"}},   {"* ", all},         {"*.* ", all},
-        {"*.*.", all},       {"*. ", all},        {"?. ", {"."}},
-        {"?", {"."}},        {".. .", {}},        {" ", {}},
+    Names const all = {".", "..", "a.b", "aab", "none", "x.y.z"};
+    std::pair<char const*, Names> const cases[] = {
+        {"aa? ", {"aab"}}, {"aa?.", {"aab"}}, {"aa? . .", {"aab"}}, {"NONE ", {"none"}},
+        {"*.b ", {"a.b"}}, {"*.b.", {"a.b"}}, {"* ", all},          {"*.* ", all},
+        {"*.*.", all},     {"*. ", all},      {"?. ", {"."}},       {"?", {"."}},
+        {".. .", {}},      {" ", {}},
     };
-    for (auto const& c : cases) {
-        EXPECT_EQ(Found(folder, c.pattern), c.names) << c.pattern;
+    for (auto const& [pattern, names] : cases) {
+        EXPECT_EQ(Found(folder, pattern), names) << pattern;
     }
 }
 
@@ -52,49 +46,38 @@ TEST(Search, BlanksAndDotsAtThePatternsEndAreDropped) {
 
 // By the stand-in's own function: in these Wine differs from what is documented.
 TEST(Search, WildcardsMatchAsWindowsDocumentsThem) {
-    struct {
-        char const* pattern;
-        char const* name;
-        bool matches;
-    } const cases[] = {
-        {"*", "", true},
-        {"*", "a.b", true},
-        {"*.*", "none", true},
-        {"*.", "none", true}, // names without an extension
-        {"*.", "a.b", false},
-        {"*.", ".hid", false},
-        {"*.", ".", true},
-        {"*.", "..", true},
-        {"*..", "a.b", false},
-        {"a*.", "ab", true},
-        {"a*.", "a.b", false},
-        {"??.", "ab", true},
-        {"??.", "a", true},
-        {"??.", "a.b", false},
-        {"?", "..", false},
-        {"??", ".", true},
-        {"??", "..", false},
-        {"?.*", ".", true},
-        {"a.*", "a", true},
-        {"a.?", "a", true},
-        {"a.?", "a.b", true},
-        {"a.?", "a.bc", false},
-        {"???.x", "ab.x", true}, // a mark matches the end of a part too
-        {"???.x", "abcd.x", false},
-        {"a?", "a", true},
-        {"a?b", "ab", false},
-        {"*.DBF?", "x.dbf", true},
-        {"*.b", "a.b.c", false}, // up to the last dot
-        {"*.b", "a.a.b", true},
-        {"*.b.c", "a.b.c", true},
-        {"a*b*c", "a1b2b3c", true},
-        {"a*b*c", "a1b2b3", false},
-        {"\xC5*", "\xE5sa", true},
-        {"*a*a*a*a*a*a*a*a*a*a*a*b", "aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa", false},
+    std::string const many(50, 'a');
+    std::tuple<char const*, Names, Names> const cases[] = {
+        // which match, and which do not
+        {"*", {"", "a.b"}, {}},
+        {"*.*", {"none", "a.b"}, {}},
+        {"*.", {"none", ".", ".."}, {"a.b", ".hid"}}, // names without an extension
+        {"*..", {}, {"a.b"}},
+        {"a*.", {"ab"}, {"a.b"}},
+        {"??.", {"ab", "a"}, {"a.b"}},
+        {"?", {"."}, {".."}},
+        {"??", {"."}, {".."}},
+        {"?.*", {"."}, {}},
+        {"a.*", {"a"}, {}},
+        {"a.?", {"a", "a.b"}, {"a.bc"}},
+        {"???.x", {"ab.x"}, {"abcd.x"}}, // a mark matches the end of a part too
+        {"a?", {"a"}, {}},
+        {"a?b", {}, {"ab"}},
+        {"*.DBF?", {"x.dbf"}, {}},
+        {"*.b", {"a.a.b"}, {"a.b.c"}}, // up to the last dot
+        {"*.b.c", {"a.b.c"}, {}},
+        {"a*b*c", {"a1b2b3c"}, {"a1b2b3"}},
+        {"\xC5*", {"\xE5sa"}, {}},
+        {"*a*a*a*a*a*a*a*a*a*a*a*b", {many + 'b'}, {many}}, // and soon
     };
-    for (auto const& c : cases) {
-        EXPECT_EQ(kvarn::MatchesWildcards(c.pattern, c.name), c.matches)
-            << c.pattern << " on " << c.name;
+    for (auto const& [pattern, matching, others] : cases) {
+        SCOPED_TRACE(pattern);
+        for (std::string const& name : matching) {
+            EXPECT_TRUE(kvarn::MatchesWildcards(pattern, name.c_str())) << name;
+        }
+        for (std::string const& name : others) {
+            EXPECT_FALSE(kvarn::MatchesWildcards(pattern, name.c_str())) << name;
+        }
     }
 }
 
@@ -105,12 +88,9 @@ TEST(Search, TimesAreCountedFrom1601) {
     FILETIME const time = {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32U)};
     SYSTEMTIME t{};
     EXPECT_EQ(FileTimeToSystemTime(&time, &t), TRUE);
-    EXPECT_EQ(t.wYear, 2020);
-    EXPECT_EQ(t.wMonth, 1);
-    EXPECT_EQ(t.wDay, 1);
-    EXPECT_EQ(t.wHour, 0);
-    EXPECT_EQ(t.wMilliseconds, 123);
-    EXPECT_EQ(t.wDayOfWeek, 3);
+    std::vector<int> const parts = {t.wYear, t.wMonth,  t.wDayOfWeek, t.wDay,
+                                    t.wHour, t.wMinute, t.wSecond,    t.wMilliseconds};
+    EXPECT_EQ(parts, (std::vector<int>{2020, 1, 3, 1, 0, 0, 0, 123}));
 }
 
 } // namespace

@@ -7,23 +7,21 @@
 #include "support/child.h"
 #include "support/testfiles.h"
 
+using namespace std::string_literals;
+
 namespace {
 
 char const* const path = "Software\\Kvarnprog test\\\xC5kern";
 
 class RegistryTest : public testing::Test {
   protected:
-    RegistryTest() {
-        SetVariable("KVARNPROG_REGISTRY", (m_folder / "store.reg").string());
-        EXPECT_EQ(m_registry.SetKey(path, 1, KEY_ALL_ACCESS), 1);
-    }
+    RegistryTest() { EXPECT_EQ(m_registry.SetKey(path, 1, KEY_ALL_ACCESS), 1); }
     ~RegistryTest() override {
         CRegistry whole;
         for (char const* key : {"\\below", ""}) {
             EXPECT_EQ(whole.DeleteKey((std::string(path) + key).c_str()), 1);
         }
         EXPECT_EQ(whole.DeleteKey("Software\\Kvarnprog test"), 1);
-        SetVariable("KVARNPROG_REGISTRY", "");
     }
     // By the system's own calls.
     void Store(char const* name, DWORD type, std::string_view bytes) {
@@ -46,98 +44,74 @@ class RegistryTest : public testing::Test {
         return bytes.substr(0, size);
     }
 
+    void ExpectStored(DWORD type, std::string const& bytes) {
+        EXPECT_EQ(m_registry.GetDataType("value"), type);
+        EXPECT_EQ(m_registry.GetDataSize("value"), static_cast<int>(bytes.size()));
+        EXPECT_EQ(Stored("value"), bytes);
+    }
+    // A value that is written and read; the default comes for one that is missing or too long.
+    template <class T>
+    void ExpectValue(int (CRegistry::*write)(CString, T), T (CRegistry::*read)(CString, T),
+                     std::type_identity_t<T> value, std::string const& bytes) {
+        SCOPED_TRACE(testing::PrintToString(bytes));
+        EXPECT_EQ((m_registry.*write)("value", value), 1);
+        ExpectStored(REG_BINARY, bytes);
+        EXPECT_EQ((m_registry.*read)("value", 0), value);
+        EXPECT_EQ((m_registry.*read)("missing", value), value);
+        EXPECT_EQ((m_registry.*read)("long", value), value);
+    }
+    template <class Plain, class T>
+    void ExpectShape(int (CRegistry::*write)(CString, T*), int (CRegistry::*read)(CString, T*),
+                     T shape, std::string const& bytes) {
+        SCOPED_TRACE(testing::PrintToString(bytes));
+        EXPECT_EQ((m_registry.*write)("value", &shape), 1);
+        ExpectStored(REG_BINARY, bytes);
+        T back;
+        EXPECT_EQ((m_registry.*read)("value", &back), 1);
+        EXPECT_TRUE(back == static_cast<Plain>(shape));
+        EXPECT_EQ((m_registry.*read)("missing", &back), 0);
+        EXPECT_EQ((m_registry.*read)("long", &back), 0);
+    }
+
     TestFolder m_folder;
+    Variable m_store{"KVARNPROG_REGISTRY", (m_folder / "store.reg").string()};
     CRegistry m_registry;
 };
 
-std::string Hex(std::string_view bytes) {
-    std::string hex;
-    for (char const c : bytes) {
-        constexpr char const* digits = "0123456789ABCDEF";
-        auto const byte = static_cast<unsigned char>(c);
-        hex += {digits[byte / 16], digits[byte % 16]};
-    }
-    return hex;
-}
-
 TEST_F(RegistryTest, EveryFormatIsStoredInItsLayoutAndReadsBack) {
-    CSize size(1, -2);
-    CPoint point(3, 256);
-    CRect rect(1, 2, 3, -1);
+    Store("long", REG_BINARY, "123456789012345678901234567890");
+    ExpectValue(&CRegistry::WriteInt, &CRegistry::ReadInt, -5, "\xFB\xFF\xFF\xFF");
+    ExpectValue(&CRegistry::WriteDword, &CRegistry::ReadDword, 0xFFFFFFFE, "\xFE\xFF\xFF\xFF");
+    ExpectValue(&CRegistry::WriteBool, &CRegistry::ReadBool, 1, "\1\0\0\0"s);
+    ExpectValue(&CRegistry::WriteColor, &CRegistry::ReadColor, 0x332211, "\x11\x22\x33\0"s);
+    ExpectValue(&CRegistry::WriteFloat, &CRegistry::ReadFloat, -2.0, "\0\0\0\0\0\0\0\xC0"s);
+    ExpectShape<SIZE>(&CRegistry::WriteSize, &CRegistry::ReadSize, CSize(1, -2),
+                      "\1\0\0\0\xFE\xFF\xFF\xFF"s);
+    ExpectShape<POINT>(&CRegistry::WritePoint, &CRegistry::ReadPoint, CPoint(3, 256),
+                       "\3\0\0\0\0\1\0\0"s);
+    ExpectShape<RECT>(&CRegistry::WriteRect, &CRegistry::ReadRect, CRect(1, 2, 3, -1),
+                      "\1\0\0\0\2\0\0\0\3\0\0\0\xFF\xFF\xFF\xFF"s);
     COleDateTime date(2.5);
     date.SetStatus(COleDateTime::null);
-    EXPECT_EQ(m_registry.WriteString("text", "\xE5 b"), 1);
-    EXPECT_EQ(m_registry.WriteInt("int", -5), 1);
-    EXPECT_EQ(m_registry.WriteDword("dword", 0xFFFFFFFE), 1);
-    EXPECT_EQ(m_registry.WriteBool("bool", 1), 1);
-    EXPECT_EQ(m_registry.WriteColor("color", 0x00332211), 1);
-    EXPECT_EQ(m_registry.WriteFloat("float", -2.0), 1);
-    EXPECT_EQ(m_registry.WriteSize("size", &size), 1);
-    EXPECT_EQ(m_registry.WritePoint("point", &point), 1);
-    EXPECT_EQ(m_registry.WriteRect("rect", &rect), 1);
-    EXPECT_EQ(m_registry.WriteDateTime("date", date), 1);
-    struct {
-        char const* name;
-        DWORD type;
-        char const* hex;
-    } const cases[] = {
-        {"text", REG_SZ, "E5206200"},
-        {"int", REG_BINARY, "FBFFFFFF"},
-        {"dword", REG_BINARY, "FEFFFFFF"},
-        {"bool", REG_BINARY, "01000000"},
-        {"color", REG_BINARY, "11223300"},
-        {"float", REG_BINARY, "00000000000000C0"},
-        {"size", REG_BINARY, "01000000FEFFFFFF"},
-        {"point", REG_BINARY, "0300000000010000"},
-        {"rect", REG_BINARY, "010000000200000003000000FFFFFFFF"},
-        {"date", REG_BINARY, "00000000000004400200000000000000"},
-    };
-    for (auto const& c : cases) {
-        EXPECT_EQ(m_registry.GetDataType(c.name), c.type) << c.name;
-        EXPECT_EQ(m_registry.GetDataSize(c.name), static_cast<int>(std::string(c.hex).size() / 2));
-        EXPECT_EQ(Hex(Stored(c.name)), c.hex) << c.name;
-    }
-    EXPECT_EQ(m_registry.GetValueCount(), 10);
-    EXPECT_EQ(m_registry.ReadString("TEXT", ""), "\xE5 b");
-    EXPECT_EQ(m_registry.ReadInt("int", 0), -5);
-    EXPECT_EQ(m_registry.ReadDword("dword", 0), 0xFFFFFFFE);
-    EXPECT_EQ(m_registry.ReadBool("bool", 0), 1);
-    EXPECT_EQ(m_registry.ReadColor("color", 0), 0x00332211U);
-    EXPECT_EQ(m_registry.ReadFloat("float", 0), -2.0);
-    CSize readSize;
-    CPoint readPoint;
-    CRect readRect;
-    EXPECT_EQ(m_registry.ReadSize("size", &readSize), 1);
-    EXPECT_EQ(m_registry.ReadPoint("point", &readPoint), 1);
-    EXPECT_EQ(m_registry.ReadRect("rect", &readRect), 1);
-    EXPECT_TRUE(readSize == static_cast<SIZE>(size) && readPoint == static_cast<POINT>(point) &&
-                readRect == static_cast<RECT>(rect));
-    COleDateTime const readDate = m_registry.ReadDateTime("date", COleDateTime());
-    EXPECT_EQ(readDate.m_dt, 2.5);
-    EXPECT_EQ(readDate.GetStatus(), COleDateTime::null);
+    EXPECT_EQ(m_registry.WriteDateTime("value", date), 1);
+    ExpectStored(REG_BINARY, "\0\0\0\0\0\0\4@\2\0\0\0\0\0\0\0"s);
+    COleDateTime const read = m_registry.ReadDateTime("value", COleDateTime());
+    EXPECT_EQ(read.m_dt, 2.5);
+    EXPECT_EQ(read.GetStatus(), COleDateTime::null);
+    EXPECT_EQ(m_registry.ReadDateTime("missing", COleDateTime(9)).m_dt, 9);
+    EXPECT_EQ(m_registry.WriteString("value", "\xE5 b"), 1);
+    ExpectStored(REG_SZ, "\xE5 b\0"s);
+    EXPECT_EQ(m_registry.ReadString("VALUE", ""), "\xE5 b");
+    EXPECT_EQ(m_registry.ReadString("missing", "def"), "def");
+    EXPECT_EQ(m_registry.ReadString("long", "def"), "def");
+    EXPECT_EQ(m_registry.GetValueCount(), 2);
 }
 
-TEST_F(RegistryTest, WhatIsMissingOrTooLongGivesTheDefault) {
-    Store("long", REG_BINARY, "123456789012345678901234567890");
+TEST_F(RegistryTest, OtherTypesAndShortValuesAreReadAsFarAsTheyGo) {
     Store("short", REG_BINARY, "\x07");
-    Store("dword", REG_DWORD, std::string_view("\x05\0\0\0", 4));
-    for (char const* name : {"missing", "long"}) {
-        EXPECT_EQ(m_registry.ReadInt(name, 7), 7);
-        EXPECT_EQ(m_registry.ReadDword(name, 0xF0000000), 0xF0000000);
-        EXPECT_EQ(m_registry.ReadFloat(name, 1.5), 1.5);
-        EXPECT_EQ(m_registry.ReadDateTime(name, COleDateTime(9)).m_dt, 9);
-        CRect rect;
-        EXPECT_EQ(m_registry.ReadRect(name, &rect), 0);
-        EXPECT_EQ(m_registry.ReadString(name, "def"), "def");
-    }
-    CFont font;
-    EXPECT_EQ(m_registry.ReadFont("missing", &font), 0);
-    EXPECT_EQ(font.GetSafeHandle(), nullptr);
+    Store("dword", REG_DWORD, "\5\0\0\0"s);
     EXPECT_EQ(m_registry.ReadInt("dword", 0), 5);
     EXPECT_EQ(m_registry.ReadInt("short", 0), 7);
-    CRegistry nowhere;
-    EXPECT_EQ(nowhere.SetKey((std::string(path) + "\\no").c_str(), 0, KEY_READ), 0);
-    EXPECT_EQ(nowhere.PathIsValid(), 0);
     m_registry.ClearKey();
     EXPECT_EQ(m_registry.GetDataSize("dword"), -1);
     EXPECT_EQ(m_registry.GetDataType("dword"), 0U);
@@ -164,71 +138,63 @@ TEST_F(RegistryTest, TextsHaveAtMost254Characters) {
 }
 
 TEST_F(RegistryTest, KeysAreChosenMadeAndDeleted) {
-    EXPECT_EQ(m_registry.GetRootKey(), HKEY_CURRENT_USER);
+    EXPECT_EQ(m_registry.PathIsValid(), 1);
     EXPECT_EQ(m_registry.SetRootKey(HKEY_CURRENT_CONFIG), 0);
     EXPECT_EQ(m_registry.GetRootKey(), HKEY_CURRENT_USER);
     std::string const below = std::string(path) + "\\below";
     EXPECT_EQ(m_registry.KeyExists(below.c_str()), 0);
     EXPECT_EQ(m_registry.SetKey(below.c_str(), 0, KEY_READ), 0);
     EXPECT_EQ(m_registry.GetCurrentPath(), path);
-    EXPECT_EQ(m_registry.GetSubKeyCount(), 0);
     EXPECT_EQ(m_registry.CreateKey(below.c_str()), 1);
     EXPECT_EQ(m_registry.GetCurrentPath(), below.c_str());
     EXPECT_EQ(m_registry.DeleteKey(path), 0); // one lies below it
     m_registry.SetKey(path, 0, KEY_READ);
     EXPECT_EQ(m_registry.GetSubKeyCount(), 1);
     EXPECT_EQ(m_registry.DeleteKey(below.c_str()), 1);
+    EXPECT_EQ(m_registry.GetSubKeyCount(), 0);
     EXPECT_EQ(m_registry.DeleteKey(below.c_str()), 1); // deleted already
     EXPECT_EQ(m_registry.WriteInt("value", 1), 1);
-    m_registry.RenameValue("value", "other");
+    m_registry.RenameValue("value", "other"); // does nothing
     EXPECT_EQ(m_registry.ValueExists("value"), 1);
     EXPECT_EQ(m_registry.DeleteValue("VALUE"), 1);
     EXPECT_EQ(m_registry.DeleteValue("value"), 0);
     EXPECT_EQ(m_registry.ValueExists("value"), 0);
-    CRegistry copy(m_registry);
-    EXPECT_EQ(copy.GetCurrentPath(), path);
     EXPECT_EQ(m_registry.SetRootKey(HKEY_LOCAL_MACHINE), 1);
     EXPECT_EQ(m_registry.ClearKey(), 1);
     EXPECT_EQ(m_registry.GetRootKey(), HKEY_CURRENT_USER);
     EXPECT_EQ(m_registry.PathIsValid(), 0);
-    EXPECT_EQ(copy.SetKey("", 0, KEY_READ), 1);
-    EXPECT_EQ(copy.PathIsValid(), 0);
-    EXPECT_GE(copy.GetSubKeyCount(), 1); // the root's own
+    EXPECT_EQ(m_registry.SetKey("", 0, KEY_READ), 1);
+    EXPECT_EQ(m_registry.PathIsValid(), 0);
+    EXPECT_GE(m_registry.GetSubKeyCount(), 1); // the root's own
 }
 
 TEST_F(RegistryTest, NamesOfKeysHaveAtMost255Characters) {
     std::string const longest(255, 'k');
+    std::string const tooLong = longest + "kk"; // Windows makes one with 256
     CRegistry registry;
-    EXPECT_EQ(registry.SetKey(longest.c_str(), 0, KEY_READ), 0);
     EXPECT_EQ(registry.CreateKey(longest.c_str()), 1);
     EXPECT_EQ(registry.SetKey(longest.c_str(), 0, KEY_READ), 1);
-    EXPECT_EQ(registry.DeleteKey(longest.c_str()), 1);
-    std::string const tooLong = longest + "kk"; // Windows makes one with 256
     EXPECT_EQ(registry.CreateKey(tooLong.c_str()), 0);
     HKEY key = nullptr;
     constexpr LSTATUS invalidParameter = 87;
     EXPECT_EQ(RegOpenKeyExA(HKEY_CURRENT_USER, tooLong.c_str(), 0, KEY_READ, &key),
               invalidParameter);
-    EXPECT_EQ(RegCreateKeyExA(HKEY_CURRENT_USER, tooLong.c_str(), 0, nullptr,
-                              REG_OPTION_NON_VOLATILE, KEY_READ, nullptr, &key, nullptr),
-              invalidParameter);
-#if !defined(_WIN32)
+#if !defined(_WIN32) // Wine refuses longer paths by the functions for the code page.
     EXPECT_EQ(registry.CreateKey((longest + "k").c_str()), 0);
-    // Wine refuses longer paths by the functions for the code page.
     std::string const below = longest + '\\' + longest;
     EXPECT_EQ(registry.CreateKey(below.c_str()), 1);
     EXPECT_EQ(registry.CreateKey((below + "\\x" + longest).c_str()), 0);
     EXPECT_EQ(registry.DeleteKey(below.c_str()), 1);
-    EXPECT_EQ(registry.DeleteKey(longest.c_str()), 1);
 #endif
+    EXPECT_EQ(registry.DeleteKey(longest.c_str()), 1);
 }
 
 TEST_F(RegistryTest, AFontComesBackAsANewOne) {
     LOGFONTA description{};
     description.lfHeight = -17;
-    description.lfItalic = 1;
     std::strcpy(description.lfFaceName, "Arial");
     CFont font;
+    EXPECT_EQ(m_registry.ReadFont("missing", &font), 0);
     EXPECT_TRUE(font.CreateFontIndirect(&description));
     EXPECT_EQ(m_registry.WriteFont("font", &font), 1);
     EXPECT_EQ(Stored("font").size(), 60U);
@@ -238,10 +204,8 @@ TEST_F(RegistryTest, AFontComesBackAsANewOne) {
     LOGFONTA read{};
     EXPECT_EQ(font.GetLogFont(&read), 60);
     EXPECT_EQ(read.lfHeight, -17);
-    EXPECT_EQ(read.lfItalic, 1);
     EXPECT_STREQ(read.lfFaceName, "Arial");
-    EXPECT_EQ(GetObjectA(before, sizeof read, &read), 60); // still there, and the caller's
-    EXPECT_TRUE(DeleteObject(before));
+    EXPECT_TRUE(DeleteObject(before)); // still there, and the caller's
 }
 
 } // namespace

@@ -2,20 +2,17 @@
 
 #include <chrono>
 #include <cstdlib>
-#include <thread>
 
 #include <gtest/gtest.h>
 
 #include "files/filecopy.h"
 #include "host/calls.h"
 #include "support/child.h"
+#include "support/fulldisk.h"
 #include "support/testfiles.h"
 
 #if !defined(_WIN32)
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #endif
 
 using kvarn::Existing;
@@ -24,52 +21,74 @@ using kvarn::Rewritten;
 
 namespace {
 
-TEST(FileRewrite, MakesAndReplacesAFileAndLeavesNothingBeside) {
-    TestFolder const folder;
-    std::string const path = folder.Api("fil");
-    EXPECT_EQ(RewriteFile(path.c_str(), "first, and longer"), Rewritten::done);
-    EXPECT_EQ(folder.Read("fil"), "first, and longer");
-    EXPECT_EQ(RewriteFile(path.c_str(), "second"), Rewritten::done);
-    EXPECT_EQ(folder.Read("fil"), "second");
-    EXPECT_EQ(RewriteFile(path.c_str(), ""), Rewritten::done);
-    EXPECT_EQ(folder.Read("fil"), "");
-    EXPECT_EQ(folder.Names(), std::vector<std::string>{"fil"});
+using Names = std::vector<std::string>;
+
+class FileRewrite : public testing::Test {
+  protected:
+    Rewritten Rewrite(std::string const& name, std::string_view text) const {
+        return RewriteFile(m_folder.Api(name).c_str(), text);
+    }
+    bool Copy(char const* from, char const* to, Existing existing = Existing::replaced) const {
+        return kvarn::CopyWhole(m_folder.Api(from).c_str(), m_folder.Api(to).c_str(), existing);
+    }
+    // As another program holds a file open, which lets others do what it shares.
+    HANDLE Open(char const* name, DWORD access, DWORD share) const {
+        HANDLE const file = CreateFileA(m_folder.Api(name).c_str(), access, share, nullptr,
+                                        OPEN_EXISTING, 0, nullptr);
+        EXPECT_NE(file, INVALID_HANDLE_VALUE);
+        return file;
+    }
+    void SetAttributes(char const* name, DWORD attributes) const {
+        EXPECT_NE(SetFileAttributesA(m_folder.Api(name).c_str(), attributes), FALSE);
+    }
+
+    TestFolder m_folder;
+};
+
+TEST_F(FileRewrite, MakesAndReplacesAFileAndLeavesNothingBeside) {
+    for (char const* const content : {"first, and longer", "second", ""}) {
+        EXPECT_EQ(Rewrite("fil", content), Rewritten::done);
+        EXPECT_EQ(m_folder.Read("fil"), content);
+    }
+    EXPECT_EQ(m_folder.Names(), Names{"fil"});
 }
 
-TEST(FileRewrite, WhatCannotBeOpenedForWritingIsLeftAlone) {
-    TestFolder const folder;
-    folder.Write("mapp/fil", "x");
-    EXPECT_EQ(RewriteFile(folder.Api("mapp").c_str(), "y"), Rewritten::cannotOpen);
-    EXPECT_EQ(RewriteFile(folder.Api("saknas\\fil").c_str(), "y"), Rewritten::cannotOpen);
-    EXPECT_EQ(RewriteFile(folder.Api("mapp\\fil\\fil").c_str(), "y"), Rewritten::cannotOpen);
-    EXPECT_EQ(folder.Names(), std::vector<std::string>{"mapp"});
+TEST_F(FileRewrite, WhatCannotBeOpenedForWritingIsLeftAlone) {
+    m_folder.Write("mapp/fil", "x");
+    for (char const* const name : {"mapp", "saknas\\fil", "mapp\\fil\\fil"}) {
+        EXPECT_EQ(Rewrite(name, "y"), Rewritten::cannotOpen) << name;
+    }
+    EXPECT_EQ(m_folder.Names(), Names{"mapp"});
 }
 
 // Two contents of different lengths, neither of which a mixture could be taken for.
 std::string const contents[] = {std::string(50000, 'a'), std::string(70000, 'b')};
 
-bool IsWhole(std::string const& content) {
-    return content == contents[0] || content == contents[1];
-}
-
-// Run by processes of their own.
+// Run by processes of their own. A second file tells that both contents have been written.
 TEST(FileRewriteChild, DISABLED_Writes) {
     char const* const path = std::getenv("KVARNPROG_TEST_FILE");
-    char const* const number = std::getenv("KVARNPROG_TEST_TIMES");
-    ASSERT_TRUE(path != nullptr && number != nullptr);
-    int const times = std::atoi(number);
-    for (int i = 0; i < times; ++i) {
+    char const* const sign = std::getenv("KVARNPROG_TEST_SIGN");
+    char const* const times = std::getenv("KVARNPROG_TEST_TIMES");
+    ASSERT_TRUE(path != nullptr && sign != nullptr && times != nullptr);
+    for (int i = 0; i < std::atoi(times); ++i) {
         ASSERT_EQ(RewriteFile(path, contents[i % 2]), Rewritten::done);
+        if (i == 1) {
+            WriteBytes(sign, "");
+        }
     }
 }
 
-class FileRewriteProcesses : public testing::Test {
+class FileRewriteProcesses : public FileRewrite {
   protected:
     FileRewriteProcesses() {
-        m_folder.Write("fil", contents[0]);
-        SetVariable("KVARNPROG_TEST_FILE", m_folder.Api("fil"));
+        m_folder.Write("mapp/fil", "old");
+        SetVariable("KVARNPROG_TEST_FILE", m_folder.Api("mapp\\fil"));
+        SetVariable("KVARNPROG_TEST_SIGN", (m_folder / "sign").string());
     }
-    TestFolder m_folder;
+    void ExpectOneContentWhole() const {
+        std::string const content = m_folder.Read("mapp/fil");
+        EXPECT_TRUE(content == contents[0] || content == contents[1]) << content.size();
+    }
 };
 
 TEST_F(FileRewriteProcesses, TwoAtOnceLeaveOneContentWhole) {
@@ -78,258 +97,203 @@ TEST_F(FileRewriteProcesses, TwoAtOnceLeaveOneContentWhole) {
     Child second("FileRewriteChild.*");
     EXPECT_EQ(first.Wait(), 0);
     EXPECT_EQ(second.Wait(), 0);
-    EXPECT_TRUE(IsWhole(m_folder.Read("fil")));
-    EXPECT_EQ(m_folder.Names(), std::vector<std::string>{"fil"});
+    ExpectOneContentWhole();
+    EXPECT_EQ(NamesIn(m_folder / "mapp"), Names{"fil"});
 }
 
 TEST_F(FileRewriteProcesses, AKillLeavesOneContentWhole) {
-    SetVariable("KVARNPROG_TEST_TIMES", "1000000");
+    SetVariable("KVARNPROG_TEST_TIMES", "1000000000");
     for (int i = 0; i < 8; ++i) {
-        Child const child("FileRewriteChild.*");
-        Sleep(static_cast<DWORD>(300 + 37 * i));
+        Child child("FileRewriteChild.*");
+        for (int waited = 0; !std::filesystem::exists(m_folder / "sign"); ++waited) {
+            ASSERT_LT(waited, 6000) << "a minute without a write";
+            Sleep(10);
+        }
+        Sleep(static_cast<DWORD>(7 * i)); // at another step of the writing each time
         child.Kill();
+        EXPECT_NE(child.Wait(), 0);
+        ExpectOneContentWhole();
+        std::filesystem::remove(m_folder / "sign");
     }
-    EXPECT_TRUE(IsWhole(m_folder.Read("fil")));
 }
 
-TEST(FileCopy, KeepsTheTimeAndReplacesWhenAsked) {
-    TestFolder const folder;
-    folder.Write("fran", "ny");
-    folder.Write("till", "gammal");
-    auto const time = std::filesystem::last_write_time(folder / "fran") - std::chrono::hours(5000);
-    std::filesystem::last_write_time(folder / "fran", time);
-    EXPECT_FALSE(
-        kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("till").c_str(), Existing::kept));
-    EXPECT_EQ(folder.Read("till"), "gammal");
-    EXPECT_TRUE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("till").c_str(),
-                                 Existing::replaced));
-    EXPECT_TRUE(
-        kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("ny").c_str(), Existing::kept));
-    for (char const* const copy : {"till", "ny"}) {
-        EXPECT_EQ(folder.Read(copy), "ny");
-        auto const off = std::filesystem::last_write_time(folder / copy) - time;
-        EXPECT_LT(std::chrono::abs(off), std::chrono::seconds(1));
+class FileCopy : public FileRewrite {
+  protected:
+    FileCopy() {
+        m_folder.Write("fran", "ny");
+        m_folder.Write("till", "gammal");
     }
-    EXPECT_FALSE(kvarn::CopyWhole(folder.Api("saknas").c_str(), folder.Api("ny").c_str(),
-                                  Existing::replaced));
-    EXPECT_FALSE(
-        kvarn::CopyWhole(folder.Api().c_str(), folder.Api("ny").c_str(), Existing::replaced));
-    EXPECT_EQ(folder.Read("ny"), "ny");
-    EXPECT_EQ(folder.Names().size(), 3U);
+};
+
+TEST_F(FileCopy, KeepsTheTimeAndReplacesWhenAsked) {
+    auto const time =
+        std::filesystem::last_write_time(m_folder / "fran") - std::chrono::hours(5000);
+    std::filesystem::last_write_time(m_folder / "fran", time);
+    EXPECT_FALSE(Copy("fran", "till", Existing::kept));
+    EXPECT_EQ(m_folder.Read("till"), "gammal");
+    EXPECT_TRUE(Copy("fran", "till"));
+    EXPECT_TRUE(Copy("fran", "ny", Existing::kept));
+    EXPECT_FALSE(Copy("saknas", "ny"));
+    EXPECT_FALSE(Copy("", "ny")); // the folder
+    for (char const* const copy : {"till", "ny"}) {
+        EXPECT_EQ(m_folder.Read(copy), "ny");
+        auto const off = std::filesystem::last_write_time(m_folder / copy) - time;
+        EXPECT_LT(std::chrono::abs(off), std::chrono::seconds(1)) << copy;
+    }
+    EXPECT_EQ(m_folder.Names().size(), 3U);
 }
 
-TEST(FileCopy, CarriesTheReadOnlyAttributeOver) {
-    TestFolder const folder;
-    auto const setAttributes = [&](char const* name, DWORD attributes) {
-        ASSERT_NE(SetFileAttributesA(folder.Api(name).c_str(), attributes), FALSE);
-    };
-    folder.Write("fran", "ny");
-    folder.Write("till", "gammal");
-    setAttributes("fran", FILE_ATTRIBUTE_READONLY);
+TEST_F(FileCopy, CarriesTheReadOnlyAttributeOver) {
+    SetAttributes("fran", FILE_ATTRIBUTE_READONLY);
     for (char const* const copy : {"till", "ny"}) {
-        EXPECT_TRUE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api(copy).c_str(),
-                                     Existing::replaced));
-        EXPECT_EQ(folder.Read(copy), "ny");
-        EXPECT_NE(GetFileAttributesA(folder.Api(copy).c_str()) & FILE_ATTRIBUTE_READONLY, 0U);
+        EXPECT_TRUE(Copy("fran", copy));
+        EXPECT_EQ(m_folder.Read(copy), "ny");
+        EXPECT_NE(GetFileAttributesA(m_folder.Api(copy).c_str()) & FILE_ATTRIBUTE_READONLY, 0U);
     }
-    folder.Write("mapp/fil", "");
-    EXPECT_FALSE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("mapp").c_str(),
-                                  Existing::replaced));
-    EXPECT_EQ(folder.Names().size(), 4U); // a copy that is read-only is removed again, too
+    m_folder.Write("mapp/fil", "");
+    EXPECT_FALSE(Copy("fran", "mapp"));
+    EXPECT_EQ(m_folder.Names().size(), 4U); // a copy that is read-only is removed again, too
     for (char const* const file : {"fran", "till", "ny"}) {
-        setAttributes(file, FILE_ATTRIBUTE_NORMAL);
+        SetAttributes(file, FILE_ATTRIBUTE_NORMAL);
     }
-    WriteBytes(folder / "ny", "kan skrivas");
+    m_folder.Write("ny", "kan skrivas");
 }
 
-// Let go soon: whoever waited would find the file free.
-TEST(FileCopy, DoesNotWaitForAFileThatIsInUse) {
-    TestFolder const folder;
-    folder.Write("fran", "ny");
-    folder.Write("till", "gammal");
-    HANDLE const owner = CreateFileA(folder.Api("till").c_str(), GENERIC_WRITE, FILE_SHARE_READ,
-                                     nullptr, OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(owner, INVALID_HANDLE_VALUE);
-    std::thread letsGo([owner] {
-        Sleep(300);
-        CloseHandle(owner);
-    });
-    EXPECT_FALSE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("till").c_str(),
-                                  Existing::replaced));
-    letsGo.join();
-    EXPECT_EQ(folder.Read("till"), "gammal");
+// One who waits takes half a second each time; one who does not may be held up now and then.
+TEST_F(FileCopy, DoesNotWaitForAFileThatIsInUse) {
+    using Clock = std::chrono::steady_clock;
+    HANDLE const owner = Open("till", GENERIC_WRITE, FILE_SHARE_READ);
+    auto shortest = Clock::duration::max();
+    for (int i = 0; i < 10; ++i) {
+        auto const start = Clock::now();
+        EXPECT_FALSE(Copy("fran", "till"));
+        shortest = std::min(shortest, Clock::now() - start);
+    }
+    EXPECT_LT(shortest, std::chrono::milliseconds(400));
+    CloseHandle(owner);
+    EXPECT_EQ(m_folder.Read("till"), "gammal");
 }
 
 #if defined(_WIN32)
 
-TEST(FileCopy, ReplacesAFileThatIsHeldOpen) {
-    TestFolder const folder;
-    folder.Write("fran", "ny");
-    folder.Write("till", "gammal");
-    HANDLE const reader =
-        CreateFileA(folder.Api("till").c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                    nullptr, OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(reader, INVALID_HANDLE_VALUE);
-    EXPECT_TRUE(kvarn::CopyWhole(folder.Api("fran").c_str(), folder.Api("till").c_str(),
-                                 Existing::replaced));
+TEST_F(FileCopy, AFileThatIsHeldOpenForReadingIsWrittenInPlace) {
+    HANDLE const reader = Open("till", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
+    EXPECT_EQ(Rewrite("till", "new, and longer"), Rewritten::done);
+    EXPECT_EQ(m_folder.Read("till"), "new, and longer");
+    EXPECT_TRUE(Copy("fran", "till"));
     CloseHandle(reader);
-    EXPECT_EQ(folder.Read("till"), "ny");
+    EXPECT_EQ(m_folder.Read("till"), "ny");
+    EXPECT_EQ(m_folder.Names().size(), 2U);
 }
 
-TEST(FileRewrite, AFileThatIsHeldOpenForReadingIsWrittenInPlace) {
-    TestFolder const folder;
-    folder.Write("fil", "the old content, which is longer");
-    HANDLE const reader =
-        CreateFileA(folder.Api("fil").c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                    nullptr, OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(reader, INVALID_HANDLE_VALUE);
-    EXPECT_EQ(RewriteFile(folder.Api("fil").c_str(), "new"), Rewritten::done);
-    CloseHandle(reader);
-    EXPECT_EQ(folder.Read("fil"), "new");
-    EXPECT_EQ(folder.Names().size(), 1U);
-}
-
-TEST(FileRewrite, AFileThatIsLockedIsNotOpened) {
-    TestFolder const folder;
-    folder.Write("fil", "old");
-    HANDLE const owner = CreateFileA(folder.Api("fil").c_str(), GENERIC_READ, FILE_SHARE_READ,
-                                     nullptr, OPEN_EXISTING, 0, nullptr);
-    EXPECT_EQ(RewriteFile(folder.Api("fil").c_str(), "new"), Rewritten::cannotOpen);
+TEST_F(FileCopy, AFileThatIsLockedIsNotOpened) {
+    HANDLE const owner = Open("till", GENERIC_READ, FILE_SHARE_READ);
+    EXPECT_EQ(Rewrite("till", "new"), Rewritten::cannotOpen);
     CloseHandle(owner);
-    EXPECT_EQ(folder.Read("fil"), "old");
+    EXPECT_EQ(m_folder.Read("till"), "gammal");
 }
 
-TEST(FileRewrite, AttributesAreCarriedOver) {
-    TestFolder const folder;
-    folder.Write("fil", "old");
-    SetFileAttributesA(folder.Api("fil").c_str(), FILE_ATTRIBUTE_HIDDEN);
-    EXPECT_EQ(RewriteFile(folder.Api("fil").c_str(), "new"), Rewritten::done);
-    EXPECT_NE(GetFileAttributesA(folder.Api("fil").c_str()) & FILE_ATTRIBUTE_HIDDEN, 0U);
-    EXPECT_EQ(folder.Read("fil"), "new");
+TEST_F(FileCopy, ARewriteCarriesAttributesOver) {
+    SetAttributes("till", FILE_ATTRIBUTE_HIDDEN);
+    EXPECT_EQ(Rewrite("till", "new"), Rewritten::done);
+    EXPECT_NE(GetFileAttributesA(m_folder.Api("till").c_str()) & FILE_ATTRIBUTE_HIDDEN, 0U);
+    EXPECT_EQ(m_folder.Read("till"), "new");
 }
 
 #else
 
-TEST(FileRewrite, LinksAreFollowedAndModeAndOwnerCarriedOver) {
-    TestFolder const folder;
-    folder.Write("verklig/fil", "old");
-    std::filesystem::create_symlink("verklig/fil", folder / "lank");
-    std::string const real = (folder / "verklig/fil").string();
+// How a process ended that does something and exits with its result.
+template <class F> int StatusOf(F act) {
+    pid_t const child = fork();
+    if (child == 0) {
+        _exit(act());
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return status;
+}
+
+struct stat StatusOfFile(std::filesystem::path const& path) {
+    struct stat status {};
+    EXPECT_EQ(stat(path.c_str(), &status), 0);
+    return status;
+}
+
+TEST_F(FileRewrite, LinksAreFollowedAndModeAndOwnerCarriedOver) {
+    m_folder.Write("verklig/fil", "old");
+    std::filesystem::create_symlink("verklig/fil", m_folder / "lank");
+    std::string const real = (m_folder / "verklig/fil").string();
     ASSERT_EQ(chmod(real.c_str(), 0640), 0);
     bool const root = geteuid() == 0;
     ASSERT_TRUE(!root || chown(real.c_str(), 1234, 2345) == 0);
-
-    EXPECT_EQ(RewriteFile(folder.Api("lank").c_str(), "new"), Rewritten::done);
-    EXPECT_TRUE(std::filesystem::is_symlink(folder / "lank"));
-    EXPECT_EQ(folder.Read("verklig/fil"), "new");
-    struct stat status {};
-    ASSERT_EQ(stat(real.c_str(), &status), 0);
+    EXPECT_EQ(Rewrite("lank", "new"), Rewritten::done);
+    EXPECT_EQ(m_folder.Read("verklig/fil"), "new");
+    struct stat const status = StatusOfFile(real);
     EXPECT_EQ(status.st_mode & 07777U, 0640U);
     EXPECT_TRUE(!root || (status.st_uid == 1234 && status.st_gid == 2345));
+
+    std::filesystem::remove(real); // the link leads nowhere now
+    EXPECT_EQ(Rewrite("lank", "newer"), Rewritten::done);
+    EXPECT_TRUE(std::filesystem::is_symlink(m_folder / "lank"));
+    EXPECT_EQ(m_folder.Read("verklig/fil"), "newer");
 }
 
 std::string const large(5000, 'x');
 
-// A limit on the size of files fails the write as a full disk does, in a child of its own.
-template <class F> Rewritten ResultWithLimit(F rewrite) {
-    pid_t const child = fork();
-    if (child == 0) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit const limit = {1000, 1000};
-        setrlimit(RLIMIT_FSIZE, &limit);
-        _exit(static_cast<int>(rewrite()));
+// Beside a name so long no other can be made: that file is written in place.
+TEST_F(FileRewrite, AFullDiskKeepsTheOldContent) {
+    for (std::string const& name : {std::string("fil"), std::string(250, 'n')}) {
+        SCOPED_TRACE(name);
+        m_folder.Write(name, "old");
+        {
+            FullDisk const disk(1000);
+            EXPECT_EQ(Rewrite(name, large), Rewritten::failed);
+        }
+        EXPECT_EQ(m_folder.Read(name), "old");
+        EXPECT_EQ(Rewrite(name, "newer"), Rewritten::done);
+        EXPECT_EQ(Rewrite(name, "x"), Rewritten::done);
+        EXPECT_EQ(m_folder.Read(name), "x");
     }
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status));
-    return static_cast<Rewritten>(WEXITSTATUS(status));
+    EXPECT_EQ(m_folder.Names().size(), 2U);
 }
 
-TEST(FileRewrite, AFullDiskKeepsTheOldContent) {
-    TestFolder const folder;
-    folder.Write("fil", "old");
-    EXPECT_EQ(ResultWithLimit([&] { return RewriteFile(folder.Api("fil").c_str(), large); }),
-              Rewritten::failed);
-    EXPECT_EQ(folder.Read("fil"), "old");
-    EXPECT_EQ(folder.Names().size(), 1U);
-}
-
-TEST(FileRewrite, ADeviceIsWrittenInPlaceAndNotReplaced) {
-    TestFolder const folder;
-    std::filesystem::create_symlink("/dev/full", folder / "full");
-    EXPECT_EQ(RewriteFile(folder.Api("full").c_str(), "new"), Rewritten::failed);
-    EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
-}
-
-TEST(FileRewrite, AKillInTheMiddleOfTheWriteKeepsTheOldContent) {
-    TestFolder const folder;
-    folder.Write("fil", "old");
-    pid_t const child = fork();
-    if (child == 0) {
-        rlimit const limit = {1000, 1000}; // its signal kills
-        setrlimit(RLIMIT_FSIZE, &limit);
-        RewriteFile(folder.Api("fil").c_str(), std::string(5000, 'x'));
-        _exit(0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
+TEST_F(FileRewrite, AKillInTheMiddleOfTheWriteKeepsTheOldContent) {
+    m_folder.Write("fil", "old");
+    int const status = StatusOf([&] {
+        FullDisk const disk(1000);
+        std::signal(SIGXFSZ, SIG_DFL); // which kills
+        return static_cast<int>(Rewrite("fil", large));
+    });
     EXPECT_TRUE(WIFSIGNALED(status));
-    EXPECT_EQ(folder.Read("fil"), "old");
+    EXPECT_EQ(m_folder.Read("fil"), "old");
 }
 
-// A name so long that none can be made beside it: the file is written in place.
-TEST(FileRewrite, InPlaceAFullDiskIsMetBeforeAnythingIsOverwritten) {
-    TestFolder const folder;
-    std::string const name(250, 'n');
-    folder.Write(name, "old");
-    EXPECT_EQ(RewriteFile(folder.Api(name).c_str(), "newer"), Rewritten::done);
-    EXPECT_EQ(folder.Read(name), "newer");
-    EXPECT_EQ(ResultWithLimit([&] { return RewriteFile(folder.Api(name).c_str(), large); }),
-              Rewritten::failed);
-    EXPECT_EQ(folder.Read(name), "newer");
-    EXPECT_EQ(RewriteFile(folder.Api(name).c_str(), "x"), Rewritten::done);
-    EXPECT_EQ(folder.Read(name), "x");
+TEST_F(FileRewrite, WhatIsNoFileIsNotReplaced) {
+    std::filesystem::create_symlink("/dev/full", m_folder / "full");
+    EXPECT_EQ(Rewrite("full", "new"), Rewritten::failed);
+    EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
+    ASSERT_EQ(mkfifo((m_folder / "pipe").c_str(), 0666), 0);
+    EXPECT_EQ(Rewrite("pipe", "new"), Rewritten::cannotOpen);
 }
 
-TEST(FileRewrite, WhoMayWriteASharedFileReplacesItToo) {
+TEST_F(FileRewrite, WhoMayWriteASharedFileReplacesItToo) {
     if (geteuid() != 0) {
         GTEST_SKIP() << "needs a second user";
     }
-    TestFolder const folder;
-    folder.Write("fil", "old");
-    chmod(folder.Api().c_str(), 0777);
-    chmod((folder / "fil").c_str(), 0666);
-    struct stat before {};
-    stat((folder / "fil").c_str(), &before);
-    pid_t const child = fork();
-    if (child == 0) {
-        constexpr uid_t nobody = 65534;
-        bool const other = setgid(nobody) == 0 && setuid(nobody) == 0;
-        _exit(other && RewriteFile(folder.Api("fil").c_str(), "new") == Rewritten::done ? 0 : 1);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
-    EXPECT_EQ(folder.Read("fil"), "new");
-    struct stat after {};
-    stat((folder / "fil").c_str(), &after);
+    m_folder.Write("fil", "old");
+    chmod(m_folder.Api().c_str(), 0777);
+    chmod((m_folder / "fil").c_str(), 0666);
+    struct stat const before = StatusOfFile(m_folder / "fil");
+    EXPECT_EQ(StatusOf([&] {
+                  constexpr uid_t nobody = 65534;
+                  bool const other = setgid(nobody) == 0 && setuid(nobody) == 0;
+                  return other && Rewrite("fil", "new") == Rewritten::done ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(m_folder.Read("fil"), "new");
+    struct stat const after = StatusOfFile(m_folder / "fil");
     EXPECT_EQ(after.st_mode & 07777U, 0666U);
     EXPECT_NE(after.st_ino, before.st_ino); // replaced, not written in place
-}
-
-TEST(FileRewrite, ALinkIntoNowhereIsFollowed) {
-    TestFolder const folder;
-    folder.Write("verklig/annan", "");
-    std::filesystem::create_symlink("verklig/fil", folder / "lank");
-    EXPECT_EQ(RewriteFile(folder.Api("lank").c_str(), "new"), Rewritten::done);
-    EXPECT_TRUE(std::filesystem::is_symlink(folder / "lank"));
-    EXPECT_EQ(folder.Read("verklig/fil"), "new");
-}
-
-TEST(FileRewrite, APipeIsRefused) {
-    TestFolder const folder;
-    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0666), 0);
-    EXPECT_EQ(RewriteFile(folder.Api("pipe").c_str(), "new"), Rewritten::cannotOpen);
 }
 
 #endif

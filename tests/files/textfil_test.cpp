@@ -25,18 +25,13 @@ TEST(Textfil, LinesAreThoseOfTextMode) {
     constexpr std::size_t buffer = 16384; // the reader's: what follows straddles it
     std::string const nearly(buffer - 1, 'x');
     std::string const megabyte(1 << 20, 'y');
-    struct {
-        std::string bytes;
-        Lines lines;
-    } const cases[] = {
+    std::pair<std::string, Lines> const cases[] = {
         {"", {}},
         {"\n", {""}},
         {"\r\n\r\n", {"", ""}},
         {"a\r\nb\nc", {"a", "b", "c"}},
-        {"a\rb\r\n", {"a\rb"}},
-        {"a\r\r\nb\r", {"a\r", "b\r"}},
+        {"a\r\r\nb\rc\r", {"a\r", "b\rc\r"}},
         {"a\nb\x1A\nc\n", {"a", "b"}},
-        {"\x1A", {}},
         {"a\n\x1A", {"a"}},
         {"a\0b\r\nc\0\n\0\n"s, {"a", "c", ""}},
         {"a\r\0b\r\nc"s, {"a\r", "c"}},
@@ -48,13 +43,14 @@ TEST(Textfil, LinesAreThoseOfTextMode) {
         {megabyte + "\r\n" + megabyte, {megabyte, megabyte}},
     };
     TestFolder const folder;
-    for (auto const& c : cases) {
-        kvarn::LineReader memory{std::string_view(c.bytes)};
-        EXPECT_EQ(AllLines(memory), c.lines) << c.bytes.substr(0, 40);
-        folder.Write("rader.txt", c.bytes);
+    for (auto const& [bytes, lines] : cases) {
+        SCOPED_TRACE(testing::PrintToString(bytes.substr(0, 40)));
+        kvarn::LineReader memory{std::string_view(bytes)};
+        EXPECT_EQ(AllLines(memory), lines);
+        folder.Write("rader.txt", bytes);
         TextReader file(folder.Api("rader.txt").c_str());
         ASSERT_TRUE(file.IsOpen());
-        EXPECT_EQ(AllLines(file), c.lines) << c.bytes.substr(0, 40);
+        EXPECT_EQ(AllLines(file), lines);
     }
 }
 

@@ -1,7 +1,6 @@
 // INI files by Windows' own functions and by what stands in for them: what is in the file after a
 // write, and what is read from it.
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 
 #include <gtest/gtest.h>
@@ -51,7 +50,7 @@ class ProfileTest : public testing::Test {
 };
 
 TEST_F(ProfileTest, AFileInUtf16IsReadAndStaysSo) {
-    File(Utf16("[S]\r\nA=\xE5\r\nC1=x\r\n[T]\r\nB=2\r\n", u"\u0416"));
+    File(Utf16("[S]\r\nA=\xE5\r\nC1=x\r\n[T]\r\nB=2", u"\u0416")); // without a last line end
     EXPECT_EQ(Value("s", "a"), "\xE5");
     EXPECT_EQ(Value("T", "B"), "2");
     EXPECT_EQ(Value("S", "C?"), "<none>"); // the key has another letter
@@ -62,13 +61,9 @@ TEST_F(ProfileTest, AFileInUtf16IsReadAndStaysSo) {
     EXPECT_EQ(Bytes(),
               Utf16("[S]\r\nA=23\r\nC1=x\r\n[T]\r\nN=ny\r\n[U]\r\nK=v\r\n", u"\u0416\u00E4\u20AC"));
     EXPECT_EQ(Value("S", "A"), "\xE4\x80");
-
     File(Utf16("")); // the mark alone
     EXPECT_TRUE(Write("S", "A", "1"));
     EXPECT_EQ(Bytes(), Utf16("[S]\r\nA=1\r\n"));
-    File(Utf16("[S]\r\nA=1")); // without a last line end
-    EXPECT_TRUE(Write("S", "B", "2"));
-    EXPECT_EQ(Bytes(), Utf16("[S]\r\nA=1\r\nB=2\r\n"));
 }
 
 TEST_F(ProfileTest, LettersOutsideTheCodePageAreReadAsQuestionMarksAndKept) {
@@ -112,10 +107,7 @@ TEST_F(ProfileTest, WithoutAKeyTheWholeSectionIsRemoved) {
 
     File("[A]\r\nX=1\r\n[B]\r\nX=3\r\n");
     CWinApp application;
-    std::string const path = Path();
-    void* const name = std::malloc(path.size() + 1); // freed by the object
-    std::memcpy(name, path.c_str(), path.size() + 1);
-    application.m_pszProfileName = static_cast<char const*>(name);
+    application.m_pszProfileName = strdup(Path().c_str()); // freed by the object
     EXPECT_TRUE(application.WriteProfileString("A", nullptr, nullptr));
     EXPECT_EQ(Bytes(), "[B]\r\nX=3\r\n");
 }
@@ -126,27 +118,27 @@ TEST_F(ProfileTest, WithoutAKeyTheWholeSectionIsRemoved) {
 
 // Wine drops blank lines, and adds a key after the comments.
 TEST_F(ProfileTest, ANewKeyFollowsTheLastKeyOfItsSection) {
-    File("; first\r\n[S]\r\n; about A\r\nA=1\r\n\r\n ; about T\r\n\t\v\f\r\n[T]\r\n; none\r\n");
+    File("; first\r\n[S]\r\n; about A\r\nA=1\r\n\r\n ; about T\r\n\t\v\f\r\n[T]\r\n; none");
     EXPECT_TRUE(Write("S", "B", "2"));
     EXPECT_TRUE(Write("S", "C", "3"));
     EXPECT_TRUE(Write("T", "D", "4"));
     EXPECT_EQ(Bytes(), "; first\r\n[S]\r\n; about A\r\nA=1\r\nB=2\r\nC=3\r\n\r\n ; about T\r\n"
-                       "\t\v\f\r\n[T]\r\nD=4\r\n; none\r\n");
-    File("[S]\r\nA=1\r\n; end");
-    EXPECT_TRUE(Write("S", "B", "2"));
-    EXPECT_EQ(Bytes(), "[S]\r\nA=1\r\nB=2\r\n; end");
+                       "\t\v\f\r\n[T]\r\nD=4\r\n; none");
 }
 
 // Wine takes the other blanks off them too.
 TEST_F(ProfileTest, OfTheNamesThatAreAskedForSpacesAloneDoNotCount) {
     File("[S]\r\nA=1\r\n");
     for (std::string const blank : {"\t", "\v", "\f", "\r"}) {
-        EXPECT_EQ(Value("S", (blank + "A").c_str()), "<none>") << testing::PrintToString(blank);
-        EXPECT_EQ(Value("S", ("A" + blank).c_str()), "<none>");
-        EXPECT_EQ(Value((blank + "S").c_str(), "A"), "<none>");
-        EXPECT_TRUE(Write(("S" + blank).c_str(), "A", nullptr));
-        EXPECT_TRUE(Write("S", ("A" + blank).c_str(), nullptr));
-        EXPECT_TRUE(Write((blank + "S").c_str(), nullptr, nullptr));
+        SCOPED_TRACE(testing::PrintToString(blank));
+        for (std::string const& key : {blank + "A", "A" + blank}) {
+            EXPECT_EQ(Value("S", key.c_str()), "<none>");
+            EXPECT_TRUE(Write("S", key.c_str(), nullptr));
+        }
+        for (std::string const& section : {blank + "S", "S" + blank}) {
+            EXPECT_EQ(Value(section.c_str(), "A"), "<none>");
+            EXPECT_TRUE(Write(section.c_str(), nullptr, nullptr));
+        }
     }
     EXPECT_EQ(Bytes(), "[S]\r\nA=1\r\n");
     EXPECT_TRUE(Write(" \tT ", " \tB ", "2"));
@@ -160,7 +152,6 @@ TEST_F(ProfileTest, AFileThatIsNotUnderstoodIsNotWritten) {
         File(bytes);
         EXPECT_FALSE(Write("S", "A", "2"));
         EXPECT_FALSE(Write("S", "A", nullptr));
-        EXPECT_FALSE(Write("T", "A", "2"));
         EXPECT_EQ(Bytes(), bytes);
     }
     EXPECT_EQ(Value("S", "A"), "1"); // half a character at the end hides nothing

@@ -26,14 +26,12 @@ TEST(ProjektStatus, TheLibrarysTexts) {
     for (int kod = 0; kod < 6; ++kod) {
         EXPECT_EQ(status.SetStatus(kod), 0);
         EXPECT_EQ(status.GetStatus(), texts[kod]);
-        EXPECT_EQ(status.Find(texts[kod]), kod);
     }
     status.m_funnen = 0;
     EXPECT_EQ(status.SetStatus(7), 0);
     EXPECT_EQ(status.m_funnen, 0);
     EXPECT_EQ(status.m_status, 999);
     EXPECT_EQ(status.GetStatus(), "Status okänd"_1252);
-    EXPECT_EQ(status.Find("avslutat"), 1);
     EXPECT_EQ(status.Find("PÅGÅENDE"_1252), 0);
     EXPECT_EQ(status.Find("status OKÄND"_1252), 999);
     EXPECT_EQ(status.m_funnen, 1); // by Find

@@ -2,118 +2,49 @@
 
 #include <gtest/gtest.h>
 
-#include "support/boxes.h"
-#include "support/privatemember.h"
-#include "support/testfiles.h"
-
-struct CreateFolderTag : PrivateMember<int (CProjPath::*)(CString, int)> {};
-template struct Reveal<CreateFolderTag, &CProjPath::CreateFolder>;
+#include "support/checksum.h"
 
 namespace {
 
-TEST(ProjPath, ThirtyThreeNames) {
-    struct {
-        char* name;
-        char const* expected;
-    } const names[] = {
-        {CProjPath::KvarnDbsNamn, "KVARNBOK.DBS"},
-        {CProjPath::KvarnDbkNamn, "KVARNBOK.DBK"},
-        {CProjPath::StenDbsNamn, "KLIPPBOK.DBS"},
-        {CProjPath::StenDbkNamn, "KLIPPBOK.DBK"},
-        {CProjPath::FaltverkDbsNamn, "FALTVERK.GDS"},
-        {CProjPath::FaltverkDbkNamn, "FALTVERK.GDK"},
-        {CProjPath::TerrDbsNamn, "SKOGSBOK.TDS"},
-        {CProjPath::UtvDbsNamn, "KVARNUTV.DBS"},
-        {CProjPath::UtvDbkNamn, "KVARNUTV.DBK"},
-        {CProjPath::KvarnDbfKat, "KVARNBOK.DBF"},
-        {CProjPath::PostDbfKat, "SKOGSBOK.DBF"},
-        {CProjPath::StackKat, "STACK"},
-        {CProjPath::StabRitKat, "DAMMSBOK.RIT"},
-        {CProjPath::KvarnRitKat, "KVARNBOK.RIT"},
-        {CProjPath::StenRitKat, "KLIPPBOK.RIT"},
-        {CProjPath::StenDbfKat, "KLIPPBOK.DBF"},
-        {CProjPath::PostRitKat, "SKOGSBOK.RIT"},
-        {CProjPath::FaltverkRitKat, "FALTVERK.RIT"},
-        {CProjPath::FaltverkDbfKat, "FALTVERK.DBF"},
-        {CProjPath::Pictures, "Pictures"},
-        {CProjPath::KvarnZipNamn, "KVARNBOK.ZIP"},
-        {CProjPath::KvarnAvpNamn, "KVARNBOK.AVP"},
-        {CProjPath::KvarnVlNamn, "KVARNBOK.VL"},
-        {CProjPath::KvarnParNamn, "KVARNBOK.PAR"},
-        {CProjPath::KvarnCfgNamn, "KVARNBOK.CFG"},
-        {CProjPath::RamvalNamn, "RAMVAL.DAT"},
-        {CProjPath::StenVlNamn, "KLIPPBOK.VL"},
-        {CProjPath::Jb23ParNamn, "JB23.PAR"},
-        {CProjPath::Kodfil, "KODFIL.DAT"},
-        {CProjPath::Miljkod, "MILJKOD.DAT"},
-        {CProjPath::Linkod, "LINKOD.PAR"},
-        {CProjPath::Gvrref, "Gvrref.dat"},
-        {CProjPath::StenParNamn, "KLIPPBOK.PAR"},
-    };
-    EXPECT_EQ(std::size(names), 33U);
-    for (auto const& name : names) {
-        EXPECT_STREQ(name.name, name.expected);
+TEST(ProjPath, TheNamesAreTheKnownOnes) {
+    using P = CProjPath;
+    std::string all;
+    for (std::string const name :
+         {P::KvarnDbsNamn,    P::KvarnDbkNamn,    P::StenDbsNamn,    P::StenDbkNamn,
+          P::FaltverkDbsNamn, P::FaltverkDbkNamn, P::TerrDbsNamn,    P::UtvDbsNamn,
+          P::UtvDbkNamn,      P::KvarnDbfKat,     P::PostDbfKat,     P::StackKat,
+          P::StabRitKat,      P::KvarnRitKat,     P::StenRitKat,     P::StenDbfKat,
+          P::PostRitKat,      P::FaltverkRitKat,  P::FaltverkDbfKat, P::Pictures,
+          P::KvarnZipNamn,    P::KvarnAvpNamn,    P::KvarnVlNamn,    P::KvarnParNamn,
+          P::KvarnCfgNamn,    P::RamvalNamn,      P::StenVlNamn,     P::Jb23ParNamn,
+          P::Kodfil,          P::Miljkod,         P::Linkod,         P::Gvrref,
+          P::StenParNamn}) {
+        all += name + '\0';
     }
+    EXPECT_EQ(Checksum(all), 0x578D060CE10A093F) << testing::PrintToString(all);
+    EXPECT_STREQ(P::KvarnDbsNamn, "KVARNBOK.DBS");
+    EXPECT_STREQ(P::Gvrref, "Gvrref.dat");
 }
 
-TEST(ProjPath, EighteenPaths) {
-    CProjPath path;
-    EXPECT_TRUE(path.m_projKat.IsEmpty() && path.m_pictures.IsEmpty());
-    EXPECT_EQ(path.SetPath("P"), 0);
-    CProjPath const copy(path);
-    EXPECT_EQ(copy.m_projKat, "P");
-    EXPECT_EQ(copy.m_zip, "P\\KVARNBOK.ZIP");
-    EXPECT_EQ(copy.m_kvarnDbs, "P\\KVARNBOK.DBS");
-    EXPECT_EQ(copy.m_faltverkDbs, "P\\FALTVERK.GDS");
-    EXPECT_EQ(copy.m_terrDbs, "P\\SKOGSBOK.TDS");
-    EXPECT_EQ(copy.m_stenDbs, "P\\KLIPPBOK.DBS");
-    EXPECT_EQ(copy.m_kvarnDbf, "P\\KVARNBOK.DBF");
-    EXPECT_EQ(copy.m_kvarnRit, "P\\KVARNBOK.RIT");
-    EXPECT_EQ(copy.m_stack, "P\\STACK");
-    EXPECT_EQ(copy.m_postDbf, "P\\SKOGSBOK.DBF");
-    EXPECT_EQ(copy.m_postRit, "P\\SKOGSBOK.RIT");
-    EXPECT_EQ(copy.m_stabRit, "P\\DAMMSBOK.RIT");
-    EXPECT_EQ(copy.m_utvDbs, "P\\KVARNUTV.DBS");
-    EXPECT_EQ(copy.m_kvarnAvp, "P\\KVARNBOK.DBF\\KVARNBOK.AVP");
-    EXPECT_EQ(copy.m_kvarnVl, "P\\KVARNBOK.DBF\\KVARNBOK.VL");
-    EXPECT_EQ(copy.m_kvarnPar, "P\\KVARNBOK.PAR");
-    EXPECT_EQ(copy.m_stenPar, "P\\KLIPPBOK.PAR");
-    EXPECT_EQ(copy.m_pictures, "P\\Pictures");
-    path.SetPath("P\\"); // taken as it is
-    EXPECT_EQ(path.m_kvarnPar, "P\\\\KVARNBOK.PAR");
-}
-
-TEST(ProjPath, ANameCountsAtTheMomentThatAPathIsBuilt) {
+TEST(ProjPath, APathIsMadeOfTheFolderAndTheNameOfTheMoment) {
+    CProjPath p;
+    EXPECT_TRUE(p.m_projKat.IsEmpty() && p.m_pictures.IsEmpty());
+    EXPECT_EQ(p.SetPath("P"), 0);
+    std::string all;
+    for (CString const& path :
+         {p.m_projKat, p.m_zip, p.m_kvarnDbs, p.m_faltverkDbs, p.m_terrDbs, p.m_stenDbs,
+          p.m_kvarnDbf, p.m_kvarnRit, p.m_stack, p.m_postDbf, p.m_postRit, p.m_stabRit, p.m_utvDbs,
+          p.m_kvarnAvp, p.m_kvarnVl, p.m_kvarnPar, p.m_stenPar, p.m_pictures}) {
+        all += path.GetString() + std::string(1, '\0');
+    }
+    EXPECT_EQ(Checksum(all), 0xDBA11A3A90291CA6) << testing::PrintToString(all);
+    EXPECT_EQ(p.m_projKat, "P");
+    EXPECT_EQ(p.m_kvarnAvp, "P\\KVARNBOK.DBF\\KVARNBOK.AVP");
     char other[] = "ANNAN.PAR";
-    char* const before = CProjPath::KvarnParNamn;
-    CProjPath path;
-    CProjPath::KvarnParNamn = other;
-    path.SetPath("P");
+    char* const before = std::exchange(CProjPath::KvarnParNamn, other);
+    p.SetPath("P\\"); // taken as it is
     CProjPath::KvarnParNamn = before;
-    EXPECT_EQ(path.m_kvarnPar, "P\\ANNAN.PAR");
-}
-
-TEST(ProjPath, CreateFolderMakesOneLevelAndTellsWhatItCannotMake) {
-    TestFolder const folder;
-    CProjPath path;
-    auto const create = [&](std::string const& name, int show) {
-        return (path.*CreateFolderTag::value)(name.c_str(), show);
-    };
-    Boxes const boxes;
-    EXPECT_EQ(create(folder.Api("ny"), 1), 1);
-    EXPECT_TRUE(std::filesystem::is_directory(folder / "ny"));
-    EXPECT_EQ(create(folder.Api("ny"), 1), 1);
-    EXPECT_TRUE(Boxes::Shown().empty());
-
-    std::string const missing = folder.Api("saknas\\ny");
-    std::string const text = "Fel, kan EJ skapa katalog:\n" + missing;
-    EXPECT_EQ(create(missing, 0), 0);
-    EXPECT_TRUE(Boxes::Shown().empty());
-    EXPECT_EQ(MessageBuffer(), text);
-    EXPECT_EQ(create(missing, 1), 0);
-    EXPECT_EQ(Boxes::Shown(), (std::vector<ShownBox>{{text, "<title>", 48, 0}}));
-    folder.Write("fil", "");
-    EXPECT_EQ(create(folder.Api("fil"), 1), 1); // it exists, and that is all that is asked
+    EXPECT_EQ(p.m_kvarnPar, "P\\\\ANNAN.PAR");
 }
 
 } // namespace

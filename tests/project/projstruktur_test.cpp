@@ -30,6 +30,15 @@ class ProjstrukturTest : public testing::Test {
                                                 f.drawing, f.postProcessing, f.rockDrilling,
                                                 f.construction, f.folderList);
     }
+    // Makes no project and shows one box, or none where the text is empty.
+    void Refuse(std::string const& path, Flags const& f, std::string const& text,
+                unsigned style = 48, int answer = 1) {
+        SCOPED_TRACE(path + ", " + text);
+        std::vector<ShownBox> const box = {{text, "<title>", style, 0}};
+        Boxes const boxes(answer);
+        EXPECT_EQ(Create(path, f), 0);
+        EXPECT_EQ(Boxes::Shown(), text.empty() ? std::vector<ShownBox>() : box);
+    }
     bool Has(std::string const& name) const { return std::filesystem::exists(m_folder / name); }
     // All that stands below a folder.
     std::string Below(std::string const& name) const {
@@ -53,20 +62,17 @@ class ProjstrukturTest : public testing::Test {
 TEST_F(ProjstrukturTest, EachProgramsFolders) {
     EXPECT_EQ(Create(m_folder.Api("ny\\niva\\P\\"), {.create = 1, .drawing = 1}), 1);
     EXPECT_EQ(Below("ny"), "niva niva/P niva/P/KVARNBOK.DBF niva/P/KVARNBOK.RIT niva/P/STACK ");
-    struct {
-        Flags flags;
-        char const* made;
-    } const cases[] = {
+    std::pair<Flags, char const*> const cases[] = {
         {{.create = 1}, ""},
         {{.create = 1, .drawing = 1}, "KVARNBOK.DBF KVARNBOK.RIT STACK "},
         {{.create = 1, .postProcessing = 1}, "DAMMSBOK.RIT SKOGSBOK.DBF SKOGSBOK.RIT "},
         {{.create = 1, .rockDrilling = 1}, "KLIPPBOK.DBF KLIPPBOK.RIT STACK "},
         {{.create = 1, .construction = 1}, "FALTVERK.DBF FALTVERK.DBF/Faltverk.krd FALTVERK.RIT "},
     };
-    for (auto const& c : cases) {
+    for (auto const& [flags, made] : cases) {
         std::filesystem::remove_all(m_folder / "Q");
-        EXPECT_EQ(Create(m_folder.Api("Q"), c.flags), 1);
-        EXPECT_EQ(Below("Q"), c.made);
+        EXPECT_EQ(Create(m_folder.Api("Q"), flags), 1);
+        EXPECT_EQ(Below("Q"), made);
     }
     EXPECT_EQ(m_folder.Read("Q/FALTVERK.DBF/Faltverk.krd"), "***");
     m_folder.Write("Q/FALTVERK.DBF/Faltverk.krd", "egen");
@@ -77,58 +83,38 @@ TEST_F(ProjstrukturTest, EachProgramsFolders) {
 TEST_F(ProjstrukturTest, AnExistingProjectIsRefusedAndAFolderAskedFor) {
     std::string const path = m_folder.Api("P");
     m_folder.Write("P/KVARNBOK.DBS", "");
-    {
-        Boxes const boxes;
-        EXPECT_EQ(Create(path, {.create = 1, .drawing = 1, .rockDrilling = 1}), 0);
-        EXPECT_TRUE(Boxes::Shown().empty());
-        EXPECT_EQ(Create(path, {.create = 1, .interactive = 1, .drawing = 1}), 0);
-        ASSERT_EQ(Boxes::Shown().size(), 1U);
-        EXPECT_EQ(Boxes::Shown()[0],
-                  (ShownBox{"Markvida-databas finns redan i Katalog:\n" + path, "<title>", 48, 0}));
-        EXPECT_STREQ(MessageBuffer(), Boxes::Shown()[0].text.c_str());
-        EXPECT_EQ(Below("P"), "KVARNBOK.DBS ");
-    }
-    {
-        Boxes const no(7);
-        EXPECT_EQ(Create(path, {.create = 1, .interactive = 1, .rockDrilling = 1}), 0);
-        ASSERT_EQ(Boxes::Shown().size(), 1U);
-        EXPECT_EQ(Boxes::Shown()[0].text,
-                  "Katalog: "_1252 + path + "\nfinns redan! Ska denna användas ändå?"_1252);
-        EXPECT_EQ(Boxes::Shown()[0].style, 260U | 48U);
-        EXPECT_EQ(Below("P"), "KVARNBOK.DBS ");
-    }
-    Boxes const yes(6);
+    std::string const exists = "Markvida-databas finns redan i Katalog:\n" + path;
+    std::string const question =
+        "Katalog: "_1252 + path + "\nfinns redan! Ska denna användas ändå?"_1252;
+    constexpr int yes = 6;
+    constexpr int no = 7;
+    constexpr unsigned yesNo = 260 | 48;
+    Refuse(path, {.create = 1, .drawing = 1, .rockDrilling = 1}, "");
+    Refuse(path, {.create = 1, .interactive = 1, .drawing = 1}, exists);
+    EXPECT_EQ(MessageBuffer(), exists);
+    Refuse(path, {.create = 1, .interactive = 1, .rockDrilling = 1}, question, yesNo, no);
+    EXPECT_EQ(Below("P"), "KVARNBOK.DBS ");
+    Boxes const boxes(yes);
     EXPECT_EQ(Create(path, {.create = 1, .interactive = 1, .rockDrilling = 1}), 1);
     EXPECT_EQ(Below("P"), "KLIPPBOK.DBF KLIPPBOK.RIT KVARNBOK.DBS STACK ");
 }
 
 TEST_F(ProjstrukturTest, WhatCannotBeMadeIsTold) {
-    Boxes const boxes;
+    std::string const fault = "Fel, kan EJ skapa katalog:\n";
+    std::string const here = m_folder.Api();
     m_folder.Write("fil", "");
-    std::string const level = m_folder.Api("fil\\a");
-    EXPECT_EQ(Create(level + "\\b", {.create = 1}), 0);
-    ASSERT_EQ(Boxes::Shown().size(), 1U); // whether asked or not
-    EXPECT_EQ(Boxes::Shown()[0],
-              (ShownBox{"Fel, kan EJ skapa katalog:\n" + level, "<title>", 48, 0}));
-    EXPECT_EQ(Create(m_folder.Api("saknas"), {.drawing = 1}), 0);
-    EXPECT_EQ(Boxes::Shown().size(), 1U);
-    EXPECT_EQ(Create(m_folder.Api("saknas"), {.interactive = 1, .drawing = 1}), 0);
-    EXPECT_EQ(Boxes::Shown().back().text,
-              "Fel, kan EJ skapa katalog:\n" + m_folder.Api("saknas\\KVARNBOK.DBF"));
-    Boxes::Shown().clear();
-    EXPECT_EQ(Create("Q:\\a\\b", {.create = 1}), 0); // there is no such drive
-    ASSERT_EQ(Boxes::Shown().size(), 1U);
-    EXPECT_EQ(Boxes::Shown()[0].text, "Fel, kan EJ skapa katalog:\nQ:\\a");
-    EXPECT_EQ(Create(m_folder.Api() + "/x/y\\z", {.create = 1}), 0); // levels are backslashes'
-    EXPECT_EQ(Boxes::Shown().back().text, "Fel, kan EJ skapa katalog:\n" + m_folder.Api() + "/x/y");
-    EXPECT_EQ(Create("", {.create = 1, .drawing = 1}), 0);
+    Refuse(here + "\\fil\\a\\b", {.create = 1}, fault + here + "\\fil\\a"); // asked or not
+    Refuse(here + "\\no", {.drawing = 1}, "");
+    EXPECT_EQ(MessageBuffer(), fault + here + "\\no\\KVARNBOK.DBF");
+    Refuse(here + "\\no", {.interactive = 1, .drawing = 1}, fault + here + "\\no\\KVARNBOK.DBF");
+    Refuse("Q:\\a\\b", {.create = 1}, fault + "Q:\\a");             // there is no such drive
+    Refuse(here + "/x/y\\z", {.create = 1}, fault + here + "/x/y"); // levels are backslashes'
+    Refuse("", {.create = 1, .interactive = 1, .drawing = 1}, "");
     EXPECT_EQ(m_projekt.CreateProjectStructure(nullptr, nullptr, 1, 1, 1, 1, 1, 1, 1), 0);
-
     // The first failure ends it; what was made stays.
     m_folder.Write("P/FALTVERK.DBF", "");
-    EXPECT_EQ(Create(m_folder.Api("P"), {.create = 1, .drawing = 1, .construction = 1}), 0);
-    EXPECT_EQ(Boxes::Shown().back().text,
-              "Fel, kan EJ skapa fil:\n" + m_folder.Api("P\\FALTVERK.DBF\\Faltverk.krd"));
+    Refuse(here + "\\P", {.create = 1, .drawing = 1, .construction = 1},
+           "Fel, kan EJ skapa fil:\n" + here + "\\P\\FALTVERK.DBF\\Faltverk.krd");
     EXPECT_TRUE(Has("P/KVARNBOK.RIT"));
 }
 
@@ -138,21 +124,21 @@ TEST_F(ProjstrukturTest, TheSettingsFileNamesFurtherFolders) {
     m_folder.Write("mappar.txt", "Brev\r\n\r\nFoto\\2026\r\n Rum\r\n");
     ini.m_lage = 1;
     ini.m_iniFil = m_folder.Api("Markvida.ini").c_str();
-    EXPECT_EQ(Create(m_folder.Api("P"), {.create = 1}, &ini), 1);
-    EXPECT_EQ(Below("P"), " Rum Brev Foto Foto/2026 ");
-    std::filesystem::remove_all(m_folder / "P");
-    EXPECT_EQ(Create(m_folder.Api("P"), {.folderList = 2}, &ini), 1); // from P's root on
-    EXPECT_TRUE(Has("P/Foto/2026"));
-    std::filesystem::remove_all(m_folder / "P");
-    EXPECT_EQ(Create(m_folder.Api("P"), {}, &ini), 1);
-    EXPECT_FALSE(Has("P"));
-
+    std::pair<Flags, char const*> const cases[] = {
+        {{.create = 1}, " Rum Brev Foto Foto/2026 "},
+        {{.folderList = 2}, " Rum Brev Foto Foto/2026 "}, // from P's root on
+        {{}, ""},
+    };
+    for (auto const& [flags, made] : cases) {
+        std::filesystem::remove_all(m_folder / "P");
+        EXPECT_EQ(Create(m_folder.Api("P"), flags, &ini), 1);
+        EXPECT_EQ(Has("P") ? Below("P") : "", made);
+    }
     Boxes const boxes;
     m_folder.Write("P/Foto", "");
     EXPECT_EQ(Create(m_folder.Api("P"), {.folderList = 1}, &ini), 0);
     EXPECT_EQ(Boxes::Shown().size(), 1U);
-    EXPECT_TRUE(Has("P/Brev"));
-    EXPECT_FALSE(Has("P/ Rum"));
+    EXPECT_EQ(Below("P"), "Brev Foto ");
     m_folder.Write("Markvida.ini", "[ARKIV]\r\nMAPPAR=" + m_folder.Api("saknas") + "\r\n");
     EXPECT_EQ(Create(m_folder.Api("P"), {.folderList = 1}, &ini), 1);
 }

@@ -5,13 +5,17 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include "core/message.h"
+#include "support/shownbox.h"
+#include "support/testfiles.h"
 
 namespace {
 
 class Library {
   public:
-    Library() : m_module(LoadLibraryA(KVARNPROG_DLL)) {}
+    explicit Library(char const* path = KVARNPROG_DLL) : m_module(LoadLibraryA(path)) {}
     ~Library() { FreeLibrary(m_module); }
     Library(Library const&) = delete;
     Library& operator=(Library const&) = delete;
@@ -44,19 +48,41 @@ TEST(Loading, NoApplicationOfTheLibrarysOwn) {
     EXPECT_EQ(application(), nullptr);
 }
 
+int handledBoxes = 0;
+int statusTexts = 0;
+
+LRESULT CALLBACK CountStatusTexts(HWND window, UINT message, WPARAM w, LPARAM l) {
+    statusTexts += message == SB_SETTEXTA ? 1 : 0;
+    return DefWindowProcA(window, message, w, l);
+}
+
 TEST(Loading, UnloadingForgetsWhatIsThePrograms) {
-    using SetHandler = void(MessageBoxHandler);
-    using Buffer = char*();
+    TestFolder const folder;
+    folder.Write("VAG.VL", "0 0 0 0 1 $namn\r\nno vertex\r\n");
+    auto const showBoth = [&](Library const& client) {
+        client.Get<void(char const*)>("ShowBoth")(folder.Api("VAG.VL").c_str());
+    };
+    HWND const bar = CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
+                                     GetModuleHandleA(nullptr), nullptr);
+    SetWindowLongPtrA(bar, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountStatusTexts));
     {
-        Library const library;
-        library.Get<SetHandler>("_Z20SetMessageBoxHandlerPFiRK17MessageBoxRequestE")(
-            [](MessageBoxRequest const&) { return 1; });
-        library.Get<void(void*)>("_Z12SetStatusBarP10CStatusBar")(nullptr);
-        library.Get<Buffer>("_Z13MessageBufferv")()[0] = 'x';
+        Library const client(LOADED_CLIENT);
+        ASSERT_NE(client.Module(), nullptr);
+        client.Get<void(HWND, MessageBoxHandler)>("HandOver")(
+            bar, [](MessageBoxRequest const&) { return ++handledBoxes; });
+        showBoth(client);
+        EXPECT_EQ(handledBoxes, 1);
+        EXPECT_EQ(statusTexts, 1);
     }
     EXPECT_EQ(GetModuleHandleA("Markvida.Core.IO.KvarnProg10064.dll"), nullptr);
     Library const again;
-    EXPECT_EQ(again.Get<Buffer>("_Z13MessageBufferv")()[0], '\0');
+    EXPECT_EQ(again.Get<char*()>("_Z13MessageBufferv")()[0], '\0');
+    BoxReader reader;
+    showBoth(Library(LOADED_CLIENT));
+    EXPECT_TRUE(reader.Result().found); // on the desktop
+    EXPECT_EQ(handledBoxes, 1);
+    EXPECT_EQ(statusTexts, 1);
+    DestroyWindow(bar);
 }
 
 TEST(Loading, TheVersionNamesWhoseClientsItServes) {

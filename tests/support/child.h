@@ -2,6 +2,7 @@
 // program leaves out when it is run as a whole.
 #pragma once
 
+#include <cstdlib>
 #include <string>
 
 #if defined(_WIN32)
@@ -16,31 +17,33 @@
 class Child {
   public:
     // Arguments of the test reach it through the environment.
-    explicit Child(std::string const& test) {
-        std::string const filter = "--gtest_filter=" + test;
 #if defined(_WIN32)
-        char program[MAX_PATH];
-        GetModuleFileNameA(nullptr, program, sizeof program);
-        std::string line =
-            '"' + std::string(program) + "\" --gtest_also_run_disabled_tests " + filter;
+    explicit Child(std::string const& test)
+        : Child(OwnProgram() + " --gtest_also_run_disabled_tests --gtest_filter=" + test,
+                CREATE_NO_WINDOW) {}
+    // Any program.
+    Child(std::string line, DWORD flags) {
         STARTUPINFOA start{};
         start.cb = sizeof start;
         auto const started = [&] {
-            return CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW,
-                                  nullptr, nullptr, &start, &m_process) != FALSE;
+            return CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, flags, nullptr,
+                                  nullptr, &start, &m_process) != FALSE;
         };
         // Wine fails about one start in a thousand with this error, and with no other.
         for (int again = 0; !started() && GetLastError() == ERROR_INTERNAL_ERROR && again < 3;
              ++again) {
             Sleep(100);
         }
+    }
 #else
+    explicit Child(std::string const& test) {
+        std::string const filter = "--gtest_filter=" + test;
         char program[] = "/proc/self/exe";
         char also[] = "--gtest_also_run_disabled_tests";
         char* arguments[] = {program, also, const_cast<char*>(filter.c_str()), nullptr};
         posix_spawn(&m_process, program, nullptr, nullptr, arguments, environ);
-#endif
     }
+#endif
     ~Child() {
         Wait();
     }
@@ -75,6 +78,11 @@ class Child {
 
   private:
 #if defined(_WIN32)
+    static std::string OwnProgram() {
+        char program[MAX_PATH];
+        GetModuleFileNameA(nullptr, program, sizeof program);
+        return '"' + std::string(program) + '"';
+    }
     PROCESS_INFORMATION m_process{};
 #else
     pid_t m_process = 0;
@@ -90,3 +98,20 @@ inline void SetVariable(char const* name, std::string const& value) {
     value.empty() ? unsetenv(name) : setenv(name, value.c_str(), 1);
 #endif
 }
+
+// An environment variable with another value while one of these lives.
+class Variable {
+  public:
+    Variable(char const* name, std::string const& value) : m_name(name) {
+        char const* const before = std::getenv(name);
+        m_before = before != nullptr ? before : "";
+        SetVariable(name, value);
+    }
+    ~Variable() { SetVariable(m_name, m_before); }
+    Variable(Variable const&) = delete;
+    Variable& operator=(Variable const&) = delete;
+
+  private:
+    char const* m_name;
+    std::string m_before;
+};

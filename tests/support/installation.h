@@ -15,7 +15,6 @@
 class Installation {
   public:
     Installation() {
-        SetVariable("KVARNPROG_REGISTRY", (m_folder / "store.reg").string());
         for (char const* name : {"Data", "Gemensam", "Prog"}) {
             std::filesystem::create_directory(m_folder / name);
         }
@@ -31,7 +30,6 @@ class Installation {
             before.value ? registry.WriteString(before.name.c_str(), before.value->c_str())
                          : registry.DeleteValue(before.name.c_str());
         }
-        SetVariable("KVARNPROG_REGISTRY", "");
     }
     Installation(Installation const&) = delete;
     Installation& operator=(Installation const&) = delete;
@@ -89,5 +87,6 @@ class Installation {
     };
 
     TestFolder m_folder;
+    Variable m_store{"KVARNPROG_REGISTRY", (m_folder / "store.reg").string()};
     std::vector<Before> m_before;
 };

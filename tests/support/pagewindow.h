@@ -5,12 +5,7 @@
 #include <vector>
 
 #include "settingspage.h"
-
-inline std::string WindowText(HWND window) {
-    char text[512] = "";
-    GetWindowTextA(window, text, sizeof text);
-    return text;
-}
+#include "support/window.h"
 
 enum class PartKind { group, text, box, check };
 
@@ -72,11 +67,9 @@ class PageWindow {
 
   private:
     PagePart PartOf(HWND child) const {
-        char name[16] = "";
-        GetClassNameA(child, name, sizeof name);
         auto const style = static_cast<DWORD>(GetWindowLongA(child, GWL_STYLE));
-        bool const text = std::string(name) == "Static";
-        bool const button = std::string(name) == "Button";
+        bool const text = WindowClass(child) == "Static";
+        bool const button = WindowClass(child) == "Button";
         bool const group = button && (style & BS_TYPEMASK) == BS_GROUPBOX;
         RECT area;
         GetWindowRect(child, &area);

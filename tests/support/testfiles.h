@@ -1,6 +1,7 @@
 // A folder of a test's own, and the bytes of files in it.
 #pragma once
 
+#include <algorithm>
 #include <atomic>
 #include <filesystem>
 #include <fstream>
@@ -34,6 +35,15 @@ inline std::string ReadBytes(std::filesystem::path const& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+inline std::vector<std::string> NamesIn(std::filesystem::path const& folder) {
+    std::vector<std::string> names;
+    for (auto const& entry : std::filesystem::directory_iterator(folder)) {
+        names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
 class TestFolder {
   public:
     TestFolder() {
@@ -60,13 +70,7 @@ class TestFolder {
         WriteBytes(m_path / name, bytes);
     }
     std::string Read(std::string_view name) const { return ReadBytes(m_path / name); }
-    std::vector<std::string> Names() const {
-        std::vector<std::string> names;
-        for (auto const& entry : std::filesystem::directory_iterator(m_path)) {
-            names.push_back(entry.path().filename().string());
-        }
-        return names;
-    }
+    std::vector<std::string> Names() const { return NamesIn(m_path); }
 
   private:
     std::filesystem::path m_path;

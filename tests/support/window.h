@@ -1,7 +1,25 @@
 // A live window to own message boxes: a real one on Windows, elsewhere the handle alone.
 #pragma once
 
+#include <string>
+
 #include "host/host.h"
+
+#if defined(_WIN32)
+
+inline std::string WindowText(HWND window) {
+    char text[512] = "";
+    GetWindowTextA(window, text, sizeof text);
+    return text;
+}
+
+inline std::string WindowClass(HWND window) {
+    char name[16] = "";
+    GetClassNameA(window, name, sizeof name);
+    return name;
+}
+
+#endif
 
 class TestWindow : public CWnd {
   public:

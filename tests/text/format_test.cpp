@@ -17,7 +17,7 @@ namespace {
 TEST(Format, EveryConversionAsPrintfGivesIt) {
     EXPECT_EQ(Format("%s=%s\n", "NYCKEL", CString("1.0")), "NYCKEL=1.0\n");
     EXPECT_EQ(Format("%4d-%02d-%02d", 2026, 1, 9), "2026-01-09");
-    EXPECT_EQ(Format("%2.2d.%02.2d|%ld", 9, 5, -7), "09.05|-7");
+    EXPECT_EQ(Format("%2.2d.%04.2d|%ld", 9, 5, -7), "09.  05|-7");
     EXPECT_EQ(Format("%d %d", 2147483647, -2147483647 - 1), "2147483647 -2147483648");
     EXPECT_EQ(Format("%.0d|%05d|%-5d|%5s|%.2s|%-4s|", 0, -42, 42, "ab", "abc", "x"),
               "|-0042|42   |   ab|ab|x   |");

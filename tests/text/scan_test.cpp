@@ -14,69 +14,50 @@ namespace {
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
 TEST(Scan, DoublesAsTheRuntimeLibraryReadsThem) {
-    struct {
-        char const* text;
-        int count;
-        double value;
-    } const cases[] = {
-        {"2.5", 1, 2.5},
-        {" \t\n\v\f\r-1.25e2x", 1, -125},
-        {"+.5", 1, 0.5},
-        {"5.", 1, 5},
-        {"1e", 1, 1}, // an exponent without digits is taken along
-        {"1e+", 1, 1},
-        {"1e5.5", 1, 1e5},
-        {"0x1.8p1", 1, 3},
-        {"0x.8", 1, 0.5},
-        {"0x.", 1, 0},
-        {"0x1p", 1, 1},
-        {"1e400", 1, infinity},
-        {"-1e400", 1, -infinity},
-        {"1e-400", 1, 0},
-        {"0e999999999999999999999", 1, 0},
-        {"1e999999999999999999999", 1, infinity},
-        {"0.000000000000000000001e320", 1, 1e299},
-        {"5e-324", 1, 5e-324},
-        {"2.2250738585072011e-308", 1, 2.2250738585072011e-308},
-        {"0x1p-1074", 1, 5e-324},
-        {"0x1p-1080", 1, 0},
-        {"0x1p1024", 1, infinity},
-        {"inf", 1, infinity},
-        {"-InFiNiTyx", 1, -infinity},
-        {"2,5", 1, 2},
-        {"infinit", 0, 0},
-        {"in", 0, 0},
-        {"na", 0, 0},
-        {"0x", 0, 0},
-        {"0xg", 0, 0},
-        {".", 0, 0},
-        {"-", 0, 0},
-        {"--1", 0, 0},
-        {"MAX", 0, 0},
-        {".e5", 0, 0},
-        {"\xA0"
-         "1",
-         0, 0}, // a hard blank is no white space
-        {"", -1, 0},
-        {" \t", -1, 0},
+    std::string const tiny = "0." + std::string(400, '0') + "1e20";
+    std::string const huge = std::string(400, '9') + "e-20";
+    std::pair<double, std::vector<std::string>> const cases[] = {
+        {0, {"0x.", "1e-400", "0e999999999999999999999", "0x1p-1080", tiny}},
+        {0.5, {"+.5", "0x.8"}},
+        {1, {"1e", "1e+", "0x1p"}}, // an exponent without digits is taken along
+        {2, {"2,5"}},
+        {2.5, {"2.5"}},
+        {3, {"0x1.8p1"}},
+        {5, {"5."}},
+        {-125, {" \t\n\v\f\r-1.25e2x"}},
+        {1e5, {"1e5.5"}},
+        {1e299, {"0.000000000000000000001e320"}},
+        {5e-324, {"5e-324", "0x1p-1074"}},
+        {2.2250738585072011e-308, {"2.2250738585072011e-308"}},
+        {infinity, {"1e999999999999999999999", "0x1p1024", "inf", huge}},
+        {-infinity, {"-1e400", "-InFiNiTyx"}},
     };
-    for (auto const& c : cases) {
-        double value = 0;
-        EXPECT_EQ(Scan(c.text, value), c.count) << c.text;
-        EXPECT_EQ(value, c.value) << c.text;
+    for (auto const& [expected, texts] : cases) {
+        for (std::string const& text : texts) {
+            double value = 7;
+            EXPECT_EQ(Scan(text, value), 1) << text;
+            EXPECT_EQ(value, expected) << text;
+        }
     }
     double nan = 0;
     EXPECT_EQ(Scan("-nan(7)", nan), 1);
     EXPECT_TRUE(std::isnan(nan) && std::signbit(nan));
 }
 
+TEST(Scan, WhatIsNoNumberChangesNothing) {
+    double value = 5; // a hard blank (octal 240) is no white space
+    for (char const* text :
+         {"infinit", "in", "na", "0x", "0xg", ".", "-", "--1", "MAX", ".e5", "\2401"}) {
+        EXPECT_EQ(Scan(text, value), 0) << text;
+    }
+    for (char const* text : {"", " \t"}) {
+        EXPECT_EQ(Scan(text, value), -1) << text;
+    }
+    EXPECT_EQ(value, 5);
+}
+
 TEST(Scan, IntegersSaturateAtTheirBits) {
-    struct {
-        char const* text;
-        int count;
-        std::int32_t wide;
-        std::int16_t narrow;
-    } const cases[] = {
+    std::tuple<char const*, int, std::int32_t, std::int16_t> const cases[] = {
         {"2.5", 1, 2, 2},
         {"-17 ", 1, -17, -17},
         {"+0", 1, 0, 0},
@@ -90,13 +71,14 @@ TEST(Scan, IntegersSaturateAtTheirBits) {
         {"x1", 0, 5, 5},
         {" ", -1, 5, 5},
     };
-    for (auto const& c : cases) {
+    for (auto const& [text, count, as32, as16] : cases) {
+        SCOPED_TRACE(text);
         std::int32_t wide = 5;
         std::int16_t narrow = 5;
-        EXPECT_EQ(Scan(c.text, wide), c.count) << c.text;
-        EXPECT_EQ(wide, c.wide) << c.text;
-        EXPECT_EQ(Scan(c.text, narrow), c.count) << c.text;
-        EXPECT_EQ(narrow, c.narrow) << c.text;
+        EXPECT_EQ(Scan(text, wide), count);
+        EXPECT_EQ(wide, as32);
+        EXPECT_EQ(Scan(text, narrow), count);
+        EXPECT_EQ(narrow, as16);
     }
 }
 
