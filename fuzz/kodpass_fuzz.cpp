@@ -81,7 +81,7 @@ class Varld {
         }
         // A pass that was given up keeps its file open, and is no one's but its own unit's.
         for (Overgiven const& pass : m_overgivna) {
-            kvarn::PassFil* fil = kvarn::Dela(pass.fil);
+            kvarn::CodePass* fil = kvarn::Dela(pass.fil);
             kvarn::StangPass(fil);
         }
     }
@@ -107,7 +107,7 @@ class Varld {
 
   private:
     struct Overgiven {
-        kvarn::PassFil* fil;
+        kvarn::CodePass* fil;
         std::shared_ptr<Pass> pass;
     };
 

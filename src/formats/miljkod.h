@@ -52,7 +52,7 @@ struct MiljkodLine {
     std::string_view text; // with its limits, without blanks around it
 };
 
-// Passes the header and the sections before this one; a text that has none such is passed whole.
+// Passes the header and the sections before this one; a text with fewer is passed whole.
 void SkipToMiljkodSection(LineReader& lines, int section);
 
 // The next record of the section, its limits taken off the text where they are wanted; nothing at

@@ -10,10 +10,10 @@
 
 namespace kvarn {
 
-class PassFil {
+class CodePass {
   public:
     template <class Way>
-    PassFil(PassKind kind, std::in_place_type_t<Way> way, char const* path)
+    CodePass(PassKind kind, std::in_place_type_t<Way> way, char const* path)
         : m_kind(kind), m_path(path), m_file(way, path) {}
 
     PassKind Kind() const { return m_kind; }
@@ -43,21 +43,21 @@ class PassFil {
 namespace {
 
 // Null where the file cannot be opened that way.
-template <class Way> PassFil* Opened(PassKind kind, char const* path) {
-    auto pass = std::make_unique<PassFil>(kind, std::in_place_type<Way>, path);
+template <class Way> CodePass* Opened(PassKind kind, char const* path) {
+    auto pass = std::make_unique<CodePass>(kind, std::in_place_type<Way>, path);
     return pass->template As<Way>()->IsOpen() ? pass.release() : nullptr;
 }
 
 } // namespace
 
-PassFil* Share(PassFil* pass) {
+CodePass* Share(CodePass* pass) {
     if (pass != nullptr) {
         pass->AddHolder();
     }
     return pass;
 }
 
-void Release(PassFil*& pass) {
+void Release(CodePass*& pass) {
     // What is still open stays so: a client may have copied the object and hold its file on.
     if (pass != nullptr && pass->RemoveHolder() && pass->IsClosed()) {
         delete pass;
@@ -65,19 +65,19 @@ void Release(PassFil*& pass) {
     pass = nullptr;
 }
 
-bool ClosePass(PassFil*& pass) {
+bool ClosePass(CodePass*& pass) {
     bool const written = pass == nullptr || pass->Close();
     Release(pass);
     return written;
 }
 
-void ClosePassOn(PassFil*& pass, char const* path) {
+void ClosePassOn(CodePass*& pass, char const* path) {
     if (pass != nullptr && SamePath(pass->Path(), path)) {
         ClosePass(pass);
     }
 }
 
-ReadPass::ReadPass(PassFil*& pass, PassKind kind) : m_pass(pass), m_kind(kind) {
+ReadPass::ReadPass(CodePass*& pass, PassKind kind) : m_pass(pass), m_kind(kind) {
     bool const ended = pass != nullptr && pass->IsClosed(); // by another holder
     bool const another =
         pass != nullptr && pass->As<TextReader>() != nullptr && pass->Kind() != kind;

@@ -11,23 +11,23 @@ namespace kvarn {
 enum class PassKind { kodfil, miljkod, linkod, stampel };
 
 // Shared by the copies of an object, which see the end of a pass whoever ends it.
-class PassFil;
+class CodePass;
 
 // Another holder of the same pass; null stays null.
-PassFil* Share(PassFil* pass);
+CodePass* Share(CodePass* pass);
 // One holder less. A pass that nobody holds keeps its file open.
-void Release(PassFil*& pass);
+void Release(CodePass*& pass);
 // Closes the file of whatever pass is under way. False when a write failed with that.
-bool ClosePass(PassFil*& pass);
+bool ClosePass(CodePass*& pass);
 // The same only where that pass is on the file of this path, which is about to be replaced or
 // deleted: the host may keep the old file under its name as long as it is open.
-void ClosePassOn(PassFil*& pass, char const* path);
+void ClosePassOn(CodePass*& pass, char const* path);
 
 // A reading pass of one kind, for one call. A reading pass of another kind is closed at once; one
 // that writes is left alone, and nothing is read.
 class ReadPass {
   public:
-    ReadPass(PassFil*& pass, PassKind kind);
+    ReadPass(CodePass*& pass, PassKind kind);
 
     // No pass is under way: Open comes first.
     bool IsFree() const { return m_pass == nullptr; }
@@ -43,14 +43,14 @@ class ReadPass {
     void End();
 
   private:
-    PassFil*& m_pass;
+    CodePass*& m_pass;
     PassKind m_kind;
 };
 
 // A writing pass of one kind, for one call. Any other pass is left alone, but for Begin.
 class WritePass {
   public:
-    WritePass(PassFil*& pass, PassKind kind) : m_pass(pass), m_kind(kind) {}
+    WritePass(CodePass*& pass, PassKind kind) : m_pass(pass), m_kind(kind) {}
 
     // Closes whatever is open, and makes the file anew; an empty path makes none. False when it
     // cannot be made.
@@ -61,7 +61,7 @@ class WritePass {
     bool End();
 
   private:
-    PassFil*& m_pass;
+    CodePass*& m_pass;
     PassKind m_kind;
 };
 

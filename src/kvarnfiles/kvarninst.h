@@ -10,7 +10,7 @@
 #include "../settings/autoini.h"
 
 namespace kvarn {
-class PassFil;
+class CodePass;
 }
 
 // Construct, call Init, then read and write. Every text is in code page 1252; of a file that is
@@ -233,5 +233,5 @@ class KVARNPROG_API CKvarnInst {
 
     CAutoIni* m_ini = nullptr;       // not owned
     CProjPath* m_proj = nullptr;     // not owned
-    kvarn::PassFil* m_fil = nullptr; // the pass under way
+    kvarn::CodePass* m_fil = nullptr; // the pass under way
 };

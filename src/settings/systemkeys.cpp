@@ -42,7 +42,7 @@ class KeyReader {
             member = 0;
         }
     }
-    void IsMicroStation(char const* key, std::int32_t& member) const {
+    void IsMstation(char const* key, std::int32_t& member) const {
         member = SameText(Value(key).GetString(), "MSTATION") ? 1 : 0;
     }
     void Replace(char const* key, std::string const& value, CString& member) const {
@@ -89,8 +89,8 @@ void ReadSystemKeys(CAutoIni& ini, FallbackFolders const* fallback) {
     keys.Text("UNZIPEXE", ini.m_unzipExe);
     keys.Text("DOCEXE", ini.m_docExe);
     keys.YesNo("AUTOGEN", ini.m_autoGen);
-    keys.IsMicroStation("POSTCAD", ini.m_postMstation);
-    keys.IsMicroStation("BANKCAD", ini.m_bankMstation);
+    keys.IsMstation("POSTCAD", ini.m_postMstation);
+    keys.IsMstation("BANKCAD", ini.m_bankMstation);
 }
 
 void RedirectProfile(std::string const& iniFile) {

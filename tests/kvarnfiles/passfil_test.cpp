@@ -131,7 +131,7 @@ TEST_F(PassTest, CopiesShareAPassAndItsEnd) {
 
 TEST_F(PassTest, APassThatNobodyHoldsKeepsItsFile) {
     Boxes const boxes;
-    static kvarn::PassFil* kept = nullptr; // for the leak checker: it is meant to stay
+    static kvarn::CodePass* kept = nullptr; // for the leak checker: it is meant to stay
     {
         CKvarnInst gone(m_inst);
         EXPECT_EQ(gone.LinkodWrite(1, "", "", "", "", ""), 0);
