@@ -8,6 +8,7 @@
 #include "../files/filerewrite.h"
 #include "../files/pathparts.h"
 #include "../files/textfil.h"
+#include "../formats/mappar.h"
 #include "../host/shell.h"
 #include "../settings/autoini.h"
 #include "../text/format.h"
@@ -135,8 +136,8 @@ int CProjPath::CreateProjectStructure(char const* const path, CAutoIni* settings
     bool const medLista = settings != nullptr && (create != 0 || folderList != 0);
     kvarn::TextReader lista(medLista ? Kataloglista(settings).c_str() : "");
     std::string_view rad;
-    while (lista.ReadLine(rad)) {
-        if (!rad.empty() && !skapaNivaer(kvarn::PathOf(projekt, rad))) {
+    while (kvarn::NextMapp(lista, rad)) {
+        if (!skapaNivaer(kvarn::PathOf(projekt, rad))) {
             return 0;
         }
     }
