@@ -40,8 +40,8 @@ bool BeginsPlan(std::optional<VagfilHeader> const& header, std::string_view text
 
 } // namespace
 
-VagfilHeader::VagfilHeader(std::string_view line)
-    : count(Scan(line, vertex.x, vertex.y, vertex.bulge, vertex.sektion, type)) {
+VagfilHeader::VagfilHeader(std::string_view line) {
+    count = Scan(line, vertex.x, vertex.y, vertex.bulge, vertex.sektion, type);
     std::size_t const first = line.find(dollar);
     if (first != std::string_view::npos) {
         name = line.substr(first + 1);

@@ -58,16 +58,16 @@ void AddSources(List& list, Materials const& materials) {
         kvarn::LineReader lines{std::string_view(content)};
         kvarn::MaterialReader section(lines, materials.kind, materials.norwegian);
         for (kvarn::MaterialLine line; section.Next(line);) {
-            if (!line.IsRead() || line.isShift) {
+            if (!line.IsRead() || line.isShift || list.sources.size() > list.entries.size()) {
                 continue;
             }
-            auto const begin = list.entries.begin();
-            auto const end = begin + std::min(list.sources.size(), list.entries.size());
-            auto const entry = std::find_if(begin, end, [&](bergmattype const& e) {
-                return line.changes && e.nr == *line.changes;
-            });
-            if (entry != end) {
-                list.sources[static_cast<std::size_t>(entry - begin)].line = line.line.number;
+            std::size_t entry = 0; // that the line changes, or becomes
+            while (entry < list.sources.size() &&
+                   !(line.changes && list.entries.at(entry).nr == *line.changes)) {
+                ++entry;
+            }
+            if (entry < list.sources.size()) {
+                list.sources[entry].line = line.line.number;
             } else {
                 list.sources.push_back({false, line.line.number});
             }
