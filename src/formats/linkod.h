@@ -18,11 +18,11 @@ struct LinkodLine {
 
     bool IsRead() const { return count >= linkodLeast; }
 
-    int count; // values that were read, in this order
     std::string_view kod;
     std::string_view ord;
     double number = 0;
     std::int32_t whole = 0; // when it is left out
+    int count;              // of these values, in their order, so many were read
     std::string_view text;  // without blanks at its end
 };
 

@@ -17,12 +17,12 @@ struct StampelLine {
 
     bool IsRead() const { return count >= least; }
 
-    int count; // values that were read, in this order
     std::string_view ord1;
     std::string_view ord2;
     double number1 = 0;
     double number2 = 0;
     double number3 = 0; // 3 in a line that leaves it out alone
+    int count;          // of these values, in their order, so many were read
 };
 
 std::string StampelText(std::string_view s1, std::string_view s2, std::string_view s3,
