@@ -7,8 +7,11 @@
 #include <cstring>
 
 #include "check.h"
+#include "formats/linkod.h"
+#include "formats/miljkod.h"
 #include "support/boxes.h"
 #include "text/codepage.h"
+#include "text/letters.h"
 
 // --- The library's calls -------------------------------------------------------------------------
 
@@ -33,7 +36,7 @@ std::string Stampelfil(Mappar const& mappar, Anrop const& anrop) {
 } // namespace
 
 Svar Las(CKvarnInst& inst, Mappar const& mappar, Anrop const& anrop) {
-    constexpr std::size_t storlek = 256;
+    constexpr std::size_t storlek = kvarn::longestKodtext + 1;
     std::string const vakt(64, 'U');
     std::array<std::string, 3> ord;
     ord.fill("\n" + std::string(storlek - 1, '\0') + vakt);
@@ -94,8 +97,7 @@ std::string TillNoll(std::string_view text) {
 }
 
 std::string Kort(std::string const& text) {
-    constexpr std::size_t langst = 255;
-    return text.substr(0, langst);
+    return text.substr(0, kvarn::longestKodtext);
 }
 
 std::string UtanBlanka(std::string text, bool borjan) {
@@ -105,12 +107,7 @@ std::string UtanBlanka(std::string text, bool borjan) {
 }
 
 std::string DosTillAnsi(std::string text) {
-    static constexpr std::string_view dos = "\x86\x8F\x84\x8E\x94\x99\x91\x92\x9B\xED\x82\x90";
-    static constexpr std::string_view ansi = "\xE5\xC5\xE4\xC4\xF6\xD6\xE6\xC6\xF8\xD8\xE9\xC9";
-    for (char& c : text) {
-        std::size_t const plats = dos.find(c);
-        c = plats == std::string_view::npos ? c : ansi[plats];
-    }
+    OemToAnsiNordic(text.data());
     return text;
 }
 
@@ -148,8 +145,9 @@ bool Heltal(std::string const& text, int& value) {
 namespace {
 
 // Takes "steg=" or "max=" and its number off the end of a text.
-void TaTal(std::string& text, std::string const& namn, int minst, int standard, int& varde) {
-    constexpr int mest = 100000;
+void TaTal(std::string& text, kvarn::MiljkodLimit const& limit, int& varde) {
+    std::string const namn(limit.name);
+    int const standard = limit.otherwise;
     varde = standard;
     std::string sma = text;
     std::transform(sma.begin(), sma.end(), sma.begin(), kvarn::Lower1252);
@@ -158,7 +156,7 @@ void TaTal(std::string& text, std::string const& namn, int minst, int standard, 
         return;
     }
     Heltal(sma.substr(plats + namn.size()), varde);
-    varde = varde < minst || varde > mest ? standard : varde;
+    varde = varde < limit.least || varde > limit.most ? standard : varde;
     text = UtanBlanka(text.substr(0, plats - 1), false);
 }
 
@@ -172,22 +170,22 @@ bool Kodrad(std::string const& a, std::string const& b, Svar& svar) {
 }
 
 bool Miljrad(std::string const& rad, std::string const& kod, bool medTal, Svar& svar) {
-    constexpr std::size_t langst = 4;
+    constexpr std::size_t langst = kvarn::longestMiljkod;
     svar.rutor += kod.size() > langst ? 1 : 0;
     if (kod.empty() || kod.size() > langst) {
         return false;
     }
     std::string text = UtanBlanka(rad.substr(rad.find(kod) + kod.size()));
     if (medTal) {
-        TaTal(text, "steg=", 1, 20, svar.heltal[1]);
-        TaTal(text, "max=", 0, 100, svar.heltal[0]);
+        TaTal(text, kvarn::miljkodStep, svar.heltal[1]);
+        TaTal(text, kvarn::miljkodMax, svar.heltal[0]);
     }
     svar.ord = {kod, Kort(DosTillAnsi(text)), svar.ord[2]};
     return true;
 }
 
 void Linkodrad(std::string const& rad, Svar& svar) {
-    constexpr std::size_t kolumn = 49;
+    constexpr std::size_t kolumn = kvarn::linkodTextColumn;
     int lasta = 0;
     std::sscanf(rad.c_str(), "%*s %*s %*f%n", &lasta);
     svar.heltal[0] = 0;
@@ -230,7 +228,7 @@ bool Tolka(Anrop const& anrop, std::string const& rad, Svar& svar) {
     return true;
 }
 
-bool NastaRad(kvarn::TextReader& fil, std::string& rad) {
+bool NastaRad(kvarn::LineReader& fil, std::string& rad) {
     std::string_view nasta;
     bool const last = fil.ReadLine(nasta);
     rad = last ? nasta : "";
@@ -239,7 +237,7 @@ bool NastaRad(kvarn::TextReader& fil, std::string& rad) {
 
 } // namespace
 
-void Stall(kvarn::TextReader& fil, Anrop const& anrop) {
+void Stall(kvarn::LineReader& fil, Anrop const& anrop) {
     std::string rad;
     std::int64_t stjarnor = anrop.slag == Slag::kodfil    ? 1
                             : anrop.slag != Slag::miljkod ? 0
@@ -254,7 +252,7 @@ int Slut(Slag slag) {
     return slag == Slag::kodfil || slag == Slag::miljkod ? -1 : 0;
 }
 
-Svar Nasta(kvarn::TextReader& fil, Anrop const& anrop) {
+Svar Nasta(kvarn::LineReader& fil, Anrop const& anrop) {
     Svar svar;
     std::string rad;
     while (NastaRad(fil, rad) && (anrop.slag == Slag::kodfil || rad[0] != '*')) {

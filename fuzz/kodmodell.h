@@ -1,15 +1,15 @@
 // Calls of the code files' passes, and a reader of their lines once more, step by step and with
 // sscanf: what the fuzzers compare the library with. The rules are those of kvarninst.h; lines
-// themselves are left to textfil.h, which has a target of its own.
+// themselves are left to lines.h, which has a target of its own.
 #pragma once
 
 #include <array>
 #include <string>
 #include <string_view>
 
-#include "files/textfil.h"
 #include "kodmappar.h"
 #include "kvarnfiles/kvarninst.h"
+#include "text/lines.h"
 
 enum class Slag { kodfil, miljkod, linkod, stampel };
 
@@ -40,8 +40,8 @@ Svar Skriv(CKvarnInst& inst, Mappar const& mappar, Anrop const& anrop);
 
 // The model's: a reader that was opened is put where the records begin; then each call reads the
 // next of them.
-void Stall(kvarn::TextReader& fil, Anrop const& anrop);
-Svar Nasta(kvarn::TextReader& fil, Anrop const& anrop);
+void Stall(kvarn::LineReader& fil, Anrop const& anrop);
+Svar Nasta(kvarn::LineReader& fil, Anrop const& anrop);
 // A reader's result at the end.
 int Slut(Slag slag);
 

@@ -9,7 +9,7 @@
 
 #include "check.h"
 #include "kodmodell.h"
-#include "kvarnfiles/passfil.h"
+#include "kvarnfiles/codepass.h"
 #include "support/boxes.h"
 
 namespace {
@@ -81,8 +81,8 @@ class Varld {
         }
         // A pass that was given up keeps its file open, and is no one's but its own unit's.
         for (Overgiven const& pass : m_overgivna) {
-            kvarn::CodePass* fil = kvarn::Dela(pass.fil);
-            kvarn::StangPass(fil);
+            kvarn::CodePass* fil = kvarn::Share(pass.fil);
+            kvarn::ClosePass(fil);
         }
     }
     Varld(Varld const&) = delete;

@@ -16,6 +16,8 @@
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "check.h"
+#include "formats/linkod.h"
+#include "formats/miljkod.h"
 #include "kodmodell.h"
 #include "support/boxes.h"
 #include "text/codepage.h"
@@ -44,7 +46,7 @@ class Prov {
         Check(mappar.Allt().size() == 1, "no file is left beside it");
         Rader rader;
         std::string const bytes = Bytes();
-        kvarn::TextReader fil{std::string_view(bytes)};
+        kvarn::LineReader fil{std::string_view(bytes)};
         for (std::string_view rad; fil.ReadLine(rad);) {
             rader.emplace_back(rad);
         }
@@ -78,7 +80,7 @@ class Prov {
     Poster Lasta(Slag slag, int avsnitt = 0) const {
         Anrop const anrop = {slag, avsnitt, {}, {}, {avsnitt != 3}, m_fil};
         std::string const bytes = Bytes();
-        kvarn::TextReader fil{std::string_view(bytes)};
+        kvarn::LineReader fil{std::string_view(bytes)};
         Stall(fil, anrop);
         Poster poster;
         Svar svar;
@@ -128,14 +130,14 @@ void Kodfil(FuzzedDataProvider& provider) {
 
 // What a record is when it has been written and read.
 Svar Tillbaka(Svar post, int avsnitt) {
-    constexpr int mest = 100000;
+    constexpr int mest = kvarn::MiljkodLimit::most;
     auto& [max, steg] = post.heltal;
     post.ord[1] = DosTillAnsi(Kort(UtanBlanka(post.ord[1])));
     if (avsnitt == 3) {
         bool const tom = post.ord[1].empty();
         post.ord[1] = tom ? "max=" + std::to_string(max) : post.ord[1];
-        max = tom || max < 0 || max > mest ? 100 : max;
-        steg = steg < 1 || steg > mest ? 20 : steg;
+        max = tom || max < 0 || max > mest ? kvarn::miljkodMax.otherwise : max;
+        steg = steg < 1 || steg > mest ? kvarn::miljkodStep.otherwise : steg;
     }
     return post;
 }
@@ -146,8 +148,8 @@ void Miljkod(FuzzedDataProvider& provider) {
     Poster poster[4];
     for (int i = 1; i <= 3; ++i) {
         while (prov.Fler()) {
-            constexpr int mest = 100002;
-            Svar post{.ord = {prov.ForstaOrd(4), prov.Text(), "\n"}};
+            constexpr int mest = kvarn::MiljkodLimit::most + 2;
+            Svar post{.ord = {prov.ForstaOrd(kvarn::longestMiljkod), prov.Text(), "\n"}};
             if (i == 3) {
                 post.heltal = {prov.in.ConsumeIntegralInRange(-2, mest),
                                prov.in.ConsumeIntegral<int>() >>
@@ -220,7 +222,7 @@ void Linkod(FuzzedDataProvider& provider) {
         Check(prov.Skrivet(Slag::linkod, pv ? 4 : 2,
                            {kod, ord, tal, text, std::to_string(heltal)}) == 0,
               "a line code");
-        Check((prov.Lasta().back() + '\r').compare(49, text.size(), text) == 0,
+        Check((prov.Lasta().back() + '\r').compare(kvarn::linkodTextColumn, text.size(), text) == 0,
               "the text stands in its column");
         if (!pv && !Heltal(text, heltal)) {
             heltal = 0;

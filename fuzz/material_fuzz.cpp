@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "check.h"
+#include "formats/stenkod.h"
 #include "geodata/bergormatelista.h"
 #include "kodmappar.h"
 #include "text/text.h"
@@ -20,15 +21,18 @@ std::vector<bergmattype> Records(CBergOrMateLista& lista) {
 }
 
 void CheckBounds(bergmattype const& post) {
-    Check(post.monster >= 1 && post.monster <= 256, "a pattern is one of 256");
-    Check(post.skala >= 0.01, "a scale is at least 0.01");
+    Check(post.monster >= 1 && post.monster <= kvarn::mostPattern,
+          "a pattern is within its limits");
+    Check(post.skala >= kvarn::leastScale, "a scale is within its limit");
     Check(post.nr < 0 || post.flagga == 0, "a flag is a user's own");
-    Check(post.namn[30] == '\0' && post.text[16] == '\0', "texts end in their fields");
+    Check(post.namn[kvarn::longestMaterialName] == '\0' &&
+              post.text[kvarn::longestMaterialText] == '\0',
+          "texts end in their fields");
 }
 
 // Angles are written in radians with three decimals, and read as degrees.
 bool SameAngle(double read, double written) {
-    constexpr double radiansPerDegree = 0.017453292519944444;
+    using kvarn::radiansPerDegree;
     double const expected = written * radiansPerDegree;
     return std::isnan(read) == std::isnan(expected) &&
            (std::isnan(read) || read == expected ||
@@ -56,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     int const slag = input.ConsumeIntegralInRange(0, 1);
     bool const norsk = input.ConsumeBool();
     mappar.Tom();
-    char const* const fil = norsk ? "StenkodN.dat" : "Stenkod.dat";
+    char const* const fil = norsk ? kvarn::stenkodFileNorwegian : kvarn::stenkodFile;
     mappar.Skriv('p', fil, input.ConsumeRemainingBytesAsString());
 
     CBergOrMateLista lista(&mappar.ini, &mappar.proj, slag, norsk ? 1 : 0);

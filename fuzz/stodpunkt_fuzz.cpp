@@ -7,14 +7,13 @@
 
 #include "check.h"
 #include "core/message.h"
+#include "core/messageout.h"
+#include "formats/stodpunkt.h"
 #include "geodata/stodpunkt.h"
 #include "kodmappar.h"
 #include "text/letters.h"
-#include "text/text.h"
 
 namespace {
-
-constexpr std::size_t bufferSize = 2048;
 
 std::vector<stdpkttype> Points(CStodPunkt& punkter) {
     std::vector<stdpkttype> all;
@@ -35,8 +34,8 @@ bool Same(double read, double written, double step) {
 bool IsPlain(std::string_view name) {
     std::string converted(name);
     OemToAnsiNordic(converted.data());
-    return converted == name && !name.starts_with('*') && !kvarn::SameText(name, "gvy") &&
-           name.find('\x1A') == std::string_view::npos;
+    return converted == name && !name.starts_with('*') && !kvarn::IsGvy(name) &&
+           name.find(kvarn::endOfText) == std::string_view::npos;
 }
 
 } // namespace
@@ -44,8 +43,8 @@ bool IsPlain(std::string_view name) {
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
     static Mappar const mappar;
     FuzzedDataProvider input(data, size);
-    std::string const buffer = input.ConsumeRandomLengthString(bufferSize);
-    std::memset(MessageBuffer(), 0, bufferSize);
+    std::string const buffer = input.ConsumeRandomLengthString(kvarn::messageBufferSize);
+    std::memset(MessageBuffer(), 0, kvarn::messageBufferSize);
     std::memcpy(MessageBuffer(), buffer.data(), buffer.size());
     mappar.Tom();
     mappar.Skriv('p', "A$B.STP", input.ConsumeRemainingBytesAsString());
@@ -54,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     std::vector<stdpkttype> const before = Points(punkter);
     bool plain = true;
     for (stdpkttype const& punkt : before) {
-        Check(punkt.namn[11] == '\0', "names end in their field");
+        Check(punkt.namn[kvarn::longestStodpunkt] == '\0', "names end in their field");
         plain = plain && IsPlain(punkt.namn);
     }
     std::string const path = mappar.Sokvag("c\\ny.stp");

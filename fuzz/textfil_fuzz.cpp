@@ -21,7 +21,7 @@ Lines ModelLines(std::string const& text) {
     std::string line;
     bool begun = false;
     bool cut = false;
-    for (std::size_t i = 0; i < text.size() && text[i] != '\x1A'; ++i) {
+    for (std::size_t i = 0; i < text.size() && text[i] != kvarn::endOfText; ++i) {
         char const c = text[i];
         begun = true;
         if (c == '\n') {
@@ -57,7 +57,7 @@ Lines Pieces(Lines lines, bool lastIsEnded, std::size_t most) {
     return pieces;
 }
 
-Lines ReadLines(kvarn::TextReader& reader) {
+Lines ReadLines(kvarn::LineReader& reader) {
     Lines lines;
     for (std::string_view line; reader.ReadLine(line);) {
         lines.emplace_back(line);
@@ -65,7 +65,7 @@ Lines ReadLines(kvarn::TextReader& reader) {
     return lines;
 }
 
-Lines ReadPieces(kvarn::TextReader& reader, std::size_t size) {
+Lines ReadPieces(kvarn::LineReader& reader, std::size_t size) {
     Lines pieces;
     for (std::vector<char> buffer(size); reader.ReadLine(buffer.data(), size);) {
         pieces.emplace_back(buffer.data());
@@ -73,13 +73,12 @@ Lines ReadPieces(kvarn::TextReader& reader, std::size_t size) {
     return pieces;
 }
 
-void CheckReader(kvarn::TextReader& reader, std::string const& text, std::size_t size) {
-    Check(reader.IsOpen(), "a text that is there opens");
+void CheckReader(kvarn::LineReader& reader, std::string const& text, std::size_t size) {
     Lines const model = ModelLines(text);
     if (size < 2) {
         Check(ReadLines(reader) == model, "the lines of the model");
     } else {
-        bool const lastIsEnded = text.substr(0, text.find('\x1A')).ends_with('\n');
+        bool const lastIsEnded = text.substr(0, text.find(kvarn::endOfText)).ends_with('\n');
         Check(ReadPieces(reader, size) == Pieces(model, lastIsEnded, size - 1),
               "the pieces of the model");
     }
@@ -114,13 +113,14 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     std::size_t const pieceSize = data[0];
     unsigned const distance = data[1];
     if (distance < 0xF0) {
-        kvarn::TextReader reader{std::string_view(text)};
+        kvarn::LineReader reader{std::string_view(text)};
         CheckReader(reader, text, pieceSize);
     } else {
         constexpr std::size_t readerBuffer = 16 * 1024;
         text.insert(0, readerBuffer - (distance - 0xF0), '.');
         MemoryFile const file(text);
         kvarn::TextReader reader(file.Path().c_str());
+        Check(reader.IsOpen(), "a text that is there opens");
         CheckReader(reader, text, 100 * pieceSize);
     }
     return 0;

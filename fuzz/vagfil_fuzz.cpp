@@ -19,16 +19,18 @@
 
 #include "check.h"
 #include "core/message.h"
-#include "files/textfil.h"
+#include "core/messageout.h"
+#include "formats/vagfil.h"
 #include "geodata/vag2.h"
 #include "support/folder.h"
+#include "text/letters.h"
 
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
 
 namespace {
 
-constexpr std::int32_t planType = 1;
-constexpr std::int32_t profileType = 10;
+constexpr std::int32_t planType = kvarn::vagtypPlan;
+constexpr std::int32_t profileType = kvarn::vagtypProfil;
 
 // --- Files ---------------------------------------------------------------------------------------
 
@@ -63,7 +65,7 @@ using Vertices = std::vector<kovltype>;
 
 Lines LinesOf(std::string const& content) {
     Lines lines;
-    kvarn::TextReader reader{std::string_view(content)};
+    kvarn::LineReader reader{std::string_view(content)};
     for (std::string_view line; reader.ReadLine(line);) {
         lines.emplace_back(line);
     }
@@ -94,33 +96,19 @@ int ScanHeader(std::string const& line, std::int32_t& type) {
     return count;
 }
 
-std::string Converted(std::string text) {
-    static constexpr std::uint8_t letters[][2] = {{134, 229}, {143, 197}, {132, 228}, {142, 196},
-                                                  {148, 246}, {153, 214}, {145, 230}, {146, 198},
-                                                  {155, 248}, {237, 216}, {130, 233}, {144, 201}};
-    for (char& c : text) {
-        for (auto const& letter : letters) {
-            if (static_cast<std::uint8_t>(c) == letter[0]) {
-                c = static_cast<char>(letter[1]);
-                break;
-            }
-        }
-    }
-    return text;
-}
-
 std::string NameIn(std::string const& header) {
-    constexpr std::size_t longest = 255;
     char const* const first = std::strchr(header.c_str(), '$');
     if (first == nullptr) {
         return "";
     }
-    std::string const name(first + 1, std::strcspn(first + 1, "$"));
-    return Converted(name.substr(0, longest));
+    std::string name(first + 1, std::strcspn(first + 1, "$"));
+    name.resize(std::min(name.size(), kvarn::longestVagnamn));
+    OemToAnsiNordic(name.data());
+    return name;
 }
 
 void BadLine(Model& model, std::string const& line) {
-    constexpr std::size_t longestMessage = 2047;
+    constexpr std::size_t longestMessage = kvarn::messageBufferSize - 1;
     model.lastMessage = ("Fel rad : " + line).substr(0, longestMessage);
 }
 
@@ -369,7 +357,7 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
     if (random() % 16 == 0) {
         text[0] = static_cast<char>(random());
     }
-    constexpr std::size_t longName = 250;
+    constexpr std::size_t longName = kvarn::longestVagnamn - 5;
     std::string const piece =
         random() % 64 == 0 ? '$' + std::string(longName + random() % 10, 'n') : Fragment(random);
     text.replace(1 + random() % text.size(), random() % 2 * (random() % 8), piece);

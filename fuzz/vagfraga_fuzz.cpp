@@ -17,7 +17,7 @@
 
 #include "check.h"
 #include "files/textfil.h"
-#include "geodata/vagfil.h"
+#include "formats/vagfil.h"
 #include "vagmodell.h"
 
 namespace {
@@ -250,10 +250,10 @@ class Player {
     void ReadText() {
         constexpr std::size_t longest = 400;
         std::string const text = m_provider.ConsumeRandomLengthString(longest);
-        kvarn::TextReader lines{std::string_view(text)};
+        kvarn::LineReader lines{std::string_view(text)};
         for (std::string_view line; lines.ReadLine(line);) {
             kovltype vertex{};
-            if (kvarn::LasVertex(line, vertex)) {
+            if (kvarn::ReadVertex(line, vertex)) {
                 m_line.Ny(1, &vertex);
             }
         }

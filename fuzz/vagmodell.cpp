@@ -9,8 +9,8 @@ constexpr double twoPi = 6.28318530718;
 constexpr double halfPi = 1.570796326795;
 constexpr double threeHalfPi = 4.712388980385;
 
-constexpr std::int32_t plan = 1;
-constexpr std::int32_t profile = 10;
+constexpr std::int32_t plan = kvarn::vagtypPlan;
+constexpr std::int32_t profile = kvarn::vagtypProfil;
 
 double Distance(double x1, double y1, double x2, double y2) {
     return std::sqrt((x2 - x1) * (x2 - x1) + (y2 - y1) * (y2 - y1));

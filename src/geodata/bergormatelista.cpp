@@ -1,161 +1,110 @@
 #include "bergormatelista.h"
 
-#include <algorithm>
-#include <iterator>
-#include <span>
+#include <utility>
 
-#include "../files/textfil.h"
+#include "../formats/kodtexts.h"
+#include "../formats/stenkod.h"
+#include "../host/clienttext.h"
 #include "../project/searchorder.h"
-#include "../text/format.h"
-#include "../text/scan.h"
 #include "../text/text.h"
-#include "datafil.h"
+#include "datafile.h"
+#include "materialtable.h"
 
 template class KVARNPROG_LIST_DEFINE list0<bergmattype>;
 
 namespace {
 
-constexpr int berg = 0;
-constexpr int fyllning = 1;
-constexpr int norska = 1;
+using kvarn::Material;
+using kvarn::MaterialKind;
 
-constexpr bergmattype standard = {0, 4, 0, 1.0, 0.0, "", ""};
-constexpr int storstaMonster = 256;
-constexpr double minstaSkala = 0.01;
-constexpr double radianerPerGrad = 0.017453292519944444; // pi taken as 3.14159265359
-
-bool HarAvsnitt(int slag) {
-    return slag == berg || slag == fyllning;
+MaterialKind KindOf(CBergOrMateLista const& list) {
+    return list.m_slag == 0   ? MaterialKind::rock
+           : list.m_slag == 1 ? MaterialKind::fill
+                              : MaterialKind::soil;
 }
 
-// After so many lines that begin with a star the list's section begins.
-int StjarnorFore(int slag) {
-    return slag == berg ? 2 : 3;
+bool IsNorwegian(CBergOrMateLista const& list) {
+    return list.m_norsk == 1;
 }
 
-std::span<char const* const> Tabell(int slag, int norsk) {
-    using Lista = CBergOrMateLista;
-    bool const n = norsk == norska;
-    switch (slag) {
-    case berg: // without the empty entry
-        return n ? std::span(Lista::BERGARTERN, std::size(Lista::BERGARTERN) - 1)
-                 : std::span<char const* const>(Lista::BERGARTER);
-    case fyllning:
-        return n ? Lista::FYLLNADN : Lista::FYLLNAD;
-    default:
-        return n ? Lista::JORDARTERN : Lista::JORDARTER;
+// The file that is in force; empty without one, and for a list without a section.
+CString FileOf(CBergOrMateLista const& list) {
+    return kvarn::HasSection(KindOf(list))
+               ? kvarn::FirstFound(list.m_proj, list.m_ini,
+                                   IsNorwegian(list) ? CBergOrMateLista::FILNAMNN
+                                                     : CBergOrMateLista::FILNAMN)
+               : CString();
+}
+
+bergmattype RecordOf(Material const& material) {
+    static_assert(sizeof bergmattype::namn == kvarn::longestMaterialName + 1);
+    static_assert(sizeof bergmattype::text == kvarn::longestMaterialText + 1);
+    bergmattype record = {.nr = material.number,
+                          .monster = material.pattern,
+                          .flagga = material.flag,
+                          .skala = material.scale,
+                          .vinkel = material.angle,
+                          .namn = "",
+                          .text = ""};
+    kvarn::CopyText(record.namn, sizeof record.namn, material.name);
+    kvarn::CopyText(record.text, sizeof record.text, material.text);
+    return record;
+}
+
+Material MaterialOf(bergmattype const& record) {
+    return {.number = record.nr,
+            .name = kvarn::FieldText(record.namn),
+            .text = kvarn::FieldText(record.text),
+            .scale = record.skala,
+            .pattern = record.monster,
+            .angle = record.vinkel,
+            .flag = record.flagga};
+}
+
+// Makes the first entry with the number current; false when there is none.
+bool GoTo(CBergOrMateLista& list, int number) {
+    bool there = list.Home() == 0;
+    while (there && list.Get_aktel()->nr != number) {
+        there = list++ != nullptr;
+    }
+    return there;
+}
+
+// A built-in entry keeps its pattern, its flag and its name.
+void Change(bergmattype& entry, Material const& line, bool withName) {
+    entry.skala = line.scale;
+    entry.vinkel = line.angle;
+    kvarn::CopyText(entry.text, sizeof entry.text, line.text);
+    if (withName) {
+        kvarn::CopyText(entry.namn, sizeof entry.namn, line.name);
     }
 }
 
-CString Stenkodfil(CBergOrMateLista const& lista) {
-    return kvarn::FirstFound(lista.m_proj, lista.m_ini,
-                             lista.m_norsk == norska ? CBergOrMateLista::FILNAMNN
-                                                     : CBergOrMateLista::FILNAMN);
-}
-
-// A line of the file, completed; nothing was read when it has fewer than two values.
-bool LasMaterial(std::string_view rad, bergmattype& post) {
-    post = standard;
-    std::string_view namn;
-    std::string_view text;
-    double grader = 0;
-    int const antal =
-        kvarn::Scan(rad, post.nr, namn, text, post.skala, post.monster, grader, post.flagga);
-    kvarn::CopyText(post.namn, sizeof post.namn, namn);
-    kvarn::CopyText(post.text, sizeof post.text, text);
-    post.vinkel = grader * radianerPerGrad;
-    if (!(post.skala >= minstaSkala)) {
-        post.skala = standard.skala;
-    }
-    if (post.monster < 1 || post.monster > storstaMonster) {
-        post.monster = standard.monster;
-    }
-    if (post.nr >= 0) {
-        post.flagga = standard.flagga;
-    }
-    return antal >= 2;
-}
-
-// The first entry with the number becomes current; false when there is none.
-bool GaTill(CBergOrMateLista& lista, int nr) {
-    bool finns = lista.Home() == 0;
-    while (finns && lista.Get_aktel()->nr != nr) {
-        finns = lista++ != nullptr;
-    }
-    return finns;
-}
-
-// A line of the file into the entry that has its number.
-void TaOver(bergmattype& post, bergmattype const& rad, bool medNamn) {
-    post.skala = rad.skala;
-    post.vinkel = rad.vinkel;
-    kvarn::CopyText(post.text, sizeof post.text, rad.text);
-    if (medNamn) {
-        kvarn::CopyText(post.namn, sizeof post.namn, rad.namn);
-    }
-}
-
-// The lines of the list's section; inbyggda is the built-in entries' count, from which on a name
-// counts too.
-void LasAvsnitt(CBergOrMateLista& lista, std::string_view text, int inbyggda) {
-    constexpr int norskExtra = 31; // a number that the Norwegian table does not have
-    kvarn::LineReader fil(text);
-    kvarn::SkipStarLines(fil, StjarnorFore(lista.m_slag));
-    int forskjutning = 0;
-    std::string_view rad;
-    while (fil.ReadLine(rad) && !kvarn::IsStarLine(rad)) {
-        bergmattype post;
-        if (!LasMaterial(rad, post)) {
+// From the table's count on a line gives its entry a name too.
+void ReadSection(CBergOrMateLista& list, std::string_view text, std::size_t tableSize) {
+    kvarn::LineReader lines(text);
+    kvarn::MaterialReader section(lines, KindOf(list), IsNorwegian(list));
+    for (kvarn::MaterialLine line; section.Next(line);) {
+        if (!line.IsRead() || line.isShift) {
             continue;
         }
-        bool const extra = lista.m_norsk == norska && post.nr == norskExtra &&
-                           kvarn::FieldText(post.namn).starts_with("Ikke");
-        if (extra) {
-            forskjutning = 1;
-        } else if (post.nr >= 0 && GaTill(lista, post.nr - forskjutning)) {
-            TaOver(*lista.Get_aktel(), post, post.nr >= inbyggda);
+        Material const material = line.Completed();
+        if (line.changes && GoTo(list, *line.changes)) {
+            Change(*list.Get_aktel(), material, material.number >= static_cast<int>(tableSize));
         } else {
-            lista.Ny(1, &post);
+            bergmattype record = RecordOf(material);
+            list.Ny(1, &record);
         }
     }
 }
 
-std::string Kortform(bergmattype const& post) {
-    return kvarn::Format("%d %s\n", post.nr, kvarn::FieldText(post.namn));
-}
-
-std::string Rad(bergmattype const& post) {
-    std::string_view const text = kvarn::FieldText(post.text);
-    return text.empty()
-               ? Kortform(post)
-               : kvarn::Format("%d %s %s %.3lf %d %.3lf %d\n", post.nr, kvarn::FieldText(post.namn),
-                               text, post.skala, post.monster, post.vinkel, post.flagga);
-}
-
-template <class Skriv> std::string Avsnitt(CBergOrMateLista* lista, Skriv skriv) {
-    std::string rader;
-    bool finns = lista != nullptr && lista->Home() == 0;
-    for (; finns; finns = (*lista)++ != nullptr) {
-        rader += skriv(*lista->Get_aktel());
+// Null gives an empty section.
+template <class Text> std::string SectionText(CBergOrMateLista* list, Text textOf) {
+    std::string text;
+    for (bool there = list != nullptr && list->Home() == 0; there; there = (*list)++ != nullptr) {
+        text += textOf(MaterialOf(*list->Get_aktel()));
     }
-    return rader + "*\n";
-}
-
-// The text up to and with so many lines that begin with a star, which are added where it has fewer.
-std::string TillAvsnitt(std::string text, int stjarnor) {
-    std::size_t slut = 0;
-    while (stjarnor > 0 && slut < text.size()) {
-        stjarnor -= text[slut] == '*' ? 1 : 0;
-        std::size_t const radslut = text.find('\n', slut);
-        slut = radslut == std::string::npos ? text.size() : radslut + 1;
-    }
-    text.resize(slut);
-    if (!text.empty() && !text.ends_with('\n')) {
-        text += "\r\n";
-    }
-    for (; stjarnor > 0; --stjarnor) {
-        text += "*\r\n";
-    }
+    kvarn::AppendTextMode(text, kvarn::endLine);
     return text;
 }
 
@@ -167,47 +116,48 @@ CBergOrMateLista::CBergOrMateLista(CAutoIni* ini, CProjPath* projekt, int slag, 
 CBergOrMateLista::~CBergOrMateLista() = default;
 
 int CBergOrMateLista::Init() {
-    std::span<char const* const> const tabell = Tabell(m_slag, m_norsk);
-    auto const lagg = [&](std::size_t nr, char const* namn) {
-        bergmattype post = standard;
-        post.nr = static_cast<std::int16_t>(nr);
-        kvarn::CopyText(post.namn, sizeof post.namn, namn);
-        Ny(1, &post);
+    auto const table = kvarn::MaterialTable(KindOf(*this), IsNorwegian(*this));
+    std::int16_t number = 0;
+    auto const add = [&](char const* name) {
+        bergmattype record = RecordOf({.number = number++, .name = name});
+        Ny(1, &record);
     };
-    lagg(0, " ");
-    for (std::size_t i = 0; i < tabell.size(); ++i) {
-        lagg(i + 1, tabell[i]);
+    add(" ");
+    for (char const* const name : table) {
+        add(name);
     }
-    CString const path = HarAvsnitt(m_slag) ? Stenkodfil(*this) : CString();
+    CString const path = FileOf(*this);
     std::string text;
-    if (!path.IsEmpty() && kvarn::LasDatafil(path, text, m_ejLast)) {
-        LasAvsnitt(*this, text, static_cast<int>(tabell.size()));
+    if (!path.IsEmpty() && kvarn::ReadDataFile(path, text, m_notRead)) {
+        ReadSection(*this, text, table.size());
     }
     return 0;
 }
 
 int CBergOrMateLista::Save(CBergOrMateLista* other) {
-    CString const path = HarAvsnitt(m_slag) ? Stenkodfil(*this) : CString();
+    CString const path = FileOf(*this);
     if (path.IsEmpty()) {
         return -1;
     }
     std::string text;
-    CString ejLastNu;
-    if (!kvarn::LasDatafil(path, text, ejLastNu)) {
+    CString notReadNow;
+    if (!kvarn::ReadDataFile(path, text, notReadNow)) {
         return -2;
     }
-    text = TillAvsnitt(std::move(text), StjarnorFore(m_slag));
-    kvarn::AppendTextMode(text, Avsnitt(this, Rad) + Avsnitt(other, Kortform));
-    return kvarn::SkrivDatafil(path, text, m_ejLast) == kvarn::Rewritten::done ? 0 : -2;
+    text = kvarn::BeforeSection(std::move(text), KindOf(*this));
+    text += SectionText(this, kvarn::MaterialText);
+    text += SectionText(other, [](Material const& material) {
+        return kvarn::ShortMaterialText(material.number, material.name);
+    });
+    return kvarn::WriteDataFile(path, text, m_notRead) == kvarn::Rewritten::done ? 0 : -2;
 }
 
 CString CBergOrMateLista::Find(int nr) {
-    return GaTill(*this, nr) ? CString(std::string(kvarn::FieldText(m_aktpost->namn)).c_str())
-                             : CString("??");
+    return GoTo(*this, nr) ? kvarn::ToCString(kvarn::FieldText(m_aktpost->namn)) : CString("??");
 }
 
 int CBergOrMateLista::FindNr(CString& name) {
-    for (bool finns = Home() == 0; finns; finns = (*this)++ != nullptr) {
+    for (bool there = Home() == 0; there; there = (*this)++ != nullptr) {
         if (kvarn::SameText(kvarn::FieldText(m_aktpost->namn), name.GetString())) {
             return m_aktpost->nr;
         }

@@ -52,7 +52,8 @@ class KVARNPROG_API CBergOrMateLista : public list0<bergmattype> {
     // Writes this list into its section of the file that exists, then other's numbers and names as
     // the next section (null: an empty one), and drops all that followed. Where the section is
     // missing it is added at the end, with the lines "*" that are missing before it. Angles are
-    // written as they are held, in radians, and read again as degrees: meant so. The file holds the
+    // written as they are held, in radians, and read again as degrees: a known
+    // quirk, kept on purpose. The file holds the
     // old content or the new, never a half.
     //
     // Returns 0; -1 where there is no file, and for soil, which has no section; -2 when it cannot
@@ -81,5 +82,5 @@ class KVARNPROG_API CBergOrMateLista : public list0<bergmattype> {
     CProjPath* m_proj; // not owned
 
   private:
-    CString m_ejLast; // a file that is there and could not be opened or not be read to its end
+    CString m_notRead; // a file that is there and could not be opened or not be read to its end
 };

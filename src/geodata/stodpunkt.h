@@ -33,7 +33,7 @@ class KVARNPROG_API CStodPunkt : public list0<stdpkttype> {
     // is skipped; or a point's name (its first word, cut at 11 characters, DOS letters converted),
     // its level and its six values. A file that ends inside a block is kept as far as it was read.
     //
-    // Surprising and meant so: the six values are parsed from the shared message buffer
+    // Known quirk, kept on purpose: the six values are parsed from the shared message buffer
     // (MessageBuffer), not from their line. The sixth number of the header is parsed as a double
     // into the place of the float and the four bytes after it: the float holds half of its bits.
     //
@@ -64,5 +64,5 @@ class KVARNPROG_API CStodPunkt : public list0<stdpkttype> {
     CStdioFile m_fil;         // never open between calls
 
   private:
-    CString m_ejLast; // a file that is there and could not be opened or not be read to its end
+    CString m_notRead; // a file that is there and could not be opened or not be read to its end
 };

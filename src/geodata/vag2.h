@@ -22,7 +22,7 @@ class KVARNPROG_API CVag2 {
     // lines (they are the station there). Fills filnamn (from a path with a backslash) and namn,
     // and resets both lines' areas.
     //
-    // Bad lines are reported as by CVaglinje and skipped. Surprising and meant so: in the part
+    // Bad lines are reported as by CVaglinje and skipped. Known quirk, kept on purpose: in the part
     // after the stars they are kept while the first character in MessageBuffer is a star, with the
     // numbers that could be read and those of the line before for the others.
     //
@@ -79,5 +79,5 @@ class KVARNPROG_API CVag2 {
     char namn[256]; // in the road file's header
 
   private:
-    CString m_ejLast; // a file that is there and could not be opened or not be read to its end
+    CString m_notRead; // a file that is there and could not be opened or not be read to its end
 };

@@ -1,8 +1,7 @@
 #include "vaglinje.h"
 
-#include "../files/textfil.h"
 #include "../text/text.h"
-#include "vagfil.h"
+#include "roadfile.h"
 
 template class KVARNPROG_LIST_DEFINE list0<kovltype>;
 
@@ -21,29 +20,30 @@ void CVaglinje::Tom() {
 }
 
 int CVaglinje::Init(char const* path) {
+    static_assert(sizeof namn == kvarn::longestVagnamn + 1);
     Tom();
     if (path == nullptr) {
-        m_ejLast = "";
+        m_notRead = "";
         return 0;
     }
     std::string text;
-    if (!kvarn::LasVagfil(path, text, m_ejLast)) {
+    if (!kvarn::ReadRoadFile(path, text, m_notRead)) {
         return -1;
     }
-    kvarn::TaFilnamn(filnamn, path);
-    kvarn::LineReader rader{std::string_view(text)};
-    std::string_view rad;
-    for (bool forsta = true; rader.ReadLine(rad); forsta = false) {
-        if (forsta) {
-            kvarn::Vaghuvud const huvud = kvarn::LasVaghuvud(rad);
-            typ = huvud.HarTyp() ? huvud.typ : typ;
-            kvarn::CopyText(namn, sizeof namn, huvud.namn);
+    kvarn::KeepFileName(filnamn, path);
+    kvarn::LineReader lines{std::string_view(text)};
+    std::string_view line;
+    for (bool isFirst = true; lines.ReadLine(line); isFirst = false) {
+        if (isFirst) {
+            kvarn::VagfilHeader const header(line);
+            typ = header.HasType() ? header.type : typ;
+            kvarn::CopyText(namn, sizeof namn, header.Name());
         }
         kovltype vertex{};
-        if (kvarn::LasVertex(rad, vertex)) {
+        if (kvarn::ReadVertex(line, vertex)) {
             Ny(1, &vertex);
         } else {
-            kvarn::AnmalFelRad(rad);
+            kvarn::ReportBadLine(line);
         }
     }
     return 0;
@@ -56,7 +56,7 @@ int CVaglinje::Init(CString path) {
 int CVaglinje::Uppdat(char const* path) {
     std::string text;
     kvarn::AppendLine(text, *this, kvarn::FieldText(namn));
-    return kvarn::SkrivVagfil(path != nullptr ? path : "", text, m_ejLast);
+    return kvarn::WriteRoadFile(path, text, m_notRead);
 }
 
 int CVaglinje::Uppdat(CString path) {
@@ -64,13 +64,13 @@ int CVaglinje::Uppdat(CString path) {
 }
 
 int CVaglinje::Reset() {
-    constexpr double halvbredd = 30; // metres
-    bool const tom = m_forsta == nullptr;
-    omrSekFran = tom ? 0 : m_forsta->post.sektion;
-    omrSekTill = tom ? 0 : m_sista->post.sektion;
-    omrAvstMin = tom ? 0 : -halvbredd;
-    omrAvstMax = tom ? 0 : halvbredd;
-    if (tom) {
+    constexpr double halfWidth = 30; // metres, to either side
+    bool const isEmpty = m_forsta == nullptr;
+    omrSekFran = isEmpty ? 0 : m_forsta->post.sektion;
+    omrSekTill = isEmpty ? 0 : m_sista->post.sektion;
+    omrAvstMin = isEmpty ? 0 : -halfWidth;
+    omrAvstMax = isEmpty ? 0 : halfWidth;
+    if (isEmpty) {
         return -1;
     }
     Set_mark();

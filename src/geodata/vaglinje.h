@@ -24,8 +24,8 @@
 
 #include "../core/list0.h"
 #include "../export.h"
+#include "../formats/vertex.h"
 #include "../host/host.h"
-#include "vertex.h"
 
 extern template class KVARNPROG_LIST_DECLARE list0<kovltype>;
 
@@ -104,13 +104,13 @@ class KVARNPROG_API CVaglinje : public list0<kovltype> {
     // from p1 to the point's foot, and the offset: positive outside the circle when the bulge is
     // positive, inside it when it is not.
     //
-    // 1: the point lies within the arc's sector; 2: it does not, nothing is written. Surprising and
-    // meant so: within 0.00001 m of a quadrant's edge a direction counts as the quadrant's first
-    // one, and straight along the y axis from the centre it is no number. An arc with an end on
-    // such an axis (a quarter circle between straights parallel to the axes, for one) may so miss
-    // points beside it, wholly or partly, and accept points beside which it does not lie. Near such
-    // an axis the distance along a large arc is good to 0.02 mm only.
-    // Source of the pseudo-angle: tan(a / 2) = (sqrt(t * t + 1) - 1) / t with t = tan(a).
+    // 1: the point lies within the arc's sector; 2: it does not, nothing is written. Known quirk,
+    // kept on purpose: within 0.00001 m of a quadrant's edge a direction counts as the quadrant's
+    // first one, and straight along the y axis from the centre it is no number. An arc with an end
+    // on such an axis (a quarter circle between straights parallel to the axes, for one) may so
+    // miss points beside it, wholly or partly, and accept points beside which it does not lie. Near
+    // such an axis the distance along a large arc is good to 0.02 mm only. Source of the
+    // pseudo-angle: tan(a / 2) = (sqrt(t * t + 1) - 1) / t with t = tan(a).
     int Padist(kovltype* p1, kovltype* p2, double px, double py, double* along, double* offset);
 
     // mode not 0: radius and centre of the arc from p1 to p2 with the bulge of p1. The coordinates
@@ -157,7 +157,7 @@ class KVARNPROG_API CVaglinje : public list0<kovltype> {
     // segments, and on lines that turn back, the answer is then a later foot or vertex. Other
     // modes: all of the line, no vertices.
     //
-    // Surprising and meant so: on a line whose stations decrease a segment's offset has the
+    // Known quirk, kept on purpose: on a line whose stations decrease a segment's offset has the
     // opposite sign to Vag2xy, a vertex's has not; straight out from a vertex, where foot and
     // vertex are equally far, rounding decides which. A vertex's sign is that of the side of the
     // segment before it, taken as straight; positive where that is shorter than 0.01 m.
@@ -174,13 +174,13 @@ class KVARNPROG_API CVaglinje : public list0<kovltype> {
 
     // Computes all stations from the geometry, the first being start. 0 also for an empty line.
     //
-    // Surprising and meant so: the segment between two vertices is measured with the bulge of the
-    // later one, and an arc whose end the pseudo-angle of Padist misses has the length 0.
+    // Known quirk, kept on purpose: the segment between two vertices is measured with the bulge of
+    // the later one, and an arc whose end the pseudo-angle of Padist misses has the length 0.
     int SektBerak(double start);
 
     // Lengthens the line straight on, by metres, at its start and at its end; nothing for what is
-    // not positive. Surprising and meant so: a new first vertex is measured from the point half a
-    // metre inside the line, its station from the old first vertex.
+    // not positive. Known quirk, kept on purpose: a new first vertex is measured from the point
+    // half a metre inside the line, its station from the old first vertex.
     //
     // -1 where the line has no point half a metre inside (a line whose stations decrease has none
     // at its start by this reckoning, and none at its end); what was done until then stays: the
@@ -202,20 +202,24 @@ class KVARNPROG_API CVaglinje : public list0<kovltype> {
     CStdioFile fil;    // never open between calls
 
   private:
-    struct Traff;
+    struct Hit;
 
-    void Tom();
+    // These are exported with the class, and keep their names for that.
+    void Tom();           // deletes all vertices
     bool Vaxande() const; // the stations increase
-    void StallSegment(nod* fran, nod* till, int position);
-    // Marks the vertex at which the segment with that station begins and makes its end current.
+    // Marks a segment's start, and makes its end current at this position.
+    void StallSegment(nod* from, nod* to, int position);
+    // Sets the segment that holds the station. -1 outside the line; past its end the last vertex is
+    // then both marked and current.
     int SokSegment(double sektion);
     // Makes the first vertex that a narrowed search looks at current.
     nod* SokStart(double x, double y);
     // Look from a vertex, the current one for a foot, to the end of the line.
-    Traff SokFot(nod* fran, double x, double y, int mode);
-    Traff SokHorn(nod* fran, double x, double y);
-    // Adds a vertex beyond an end; inat is 1 where stations grow inwards, -1 where they fall.
-    int Forlang(kovltype const& ande, double inat, double langd, int var);
+    Hit SokFot(nod* from, double x, double y, int mode);
+    Hit SokHorn(nod* from, double x, double y);
+    // Adds a vertex beyond an end, where Ny takes it; inwards is 1 where stations grow inwards, and
+    // -1 where they fall.
+    int Forlang(kovltype const& end, double inwards, double length, int where);
 
-    CString m_ejLast; // a file that is there and could not be opened or not be read to its end
+    CString m_notRead; // a file that is there and could not be opened or not be read to its end
 };

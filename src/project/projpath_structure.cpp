@@ -8,6 +8,7 @@
 #include "../files/filerewrite.h"
 #include "../files/pathparts.h"
 #include "../files/textfil.h"
+#include "../formats/mappar.h"
 #include "../host/shell.h"
 #include "../settings/autoini.h"
 #include "../text/format.h"
@@ -137,8 +138,8 @@ int CProjPath::CreateProjectStructure(char const* const path, CAutoIni* settings
     bool const withList = settings != nullptr && (create != 0 || folderList != 0);
     kvarn::TextReader list(withList ? FolderListFile(settings).c_str() : "");
     std::string_view line;
-    while (list.ReadLine(line)) {
-        if (!line.empty() && !createLevels(kvarn::PathOf(projekt, line))) {
+    while (kvarn::NextMapp(list, line)) {
+        if (!createLevels(kvarn::PathOf(projekt, line))) {
             return 0;
         }
     }

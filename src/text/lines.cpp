@@ -65,6 +65,13 @@ bool LineReader::ReadLine(std::string_view& line) {
     return true;
 }
 
+bool LineReader::ReadLine(TextLine& line) {
+    bool const read = ReadLine(line.text);
+    line.number = m_number;
+    line.afterZero = m_afterZero;
+    return read;
+}
+
 bool LineReader::ReadLine(char* line, std::size_t size) {
     if (!m_more && !ReadLine(m_rest)) {
         return false;

@@ -11,6 +11,12 @@ namespace kvarn {
 // Ends a text wherever it stands, as the old systems wrote it.
 inline constexpr char endOfText = 0x1A;
 
+struct TextLine {
+    std::size_t number = 0; // counted from 1
+    std::string_view text{};
+    std::optional<std::string_view> afterZero{}; // what a zero cut off
+};
+
 // The lines of a text. CR LF ends a line, and so does LF; a lone CR stays. The character 0x1A ends
 // the text. A last line without a line end is a line. A zero cuts its line; reading goes on with
 // the next. A byte-order mark is data.
@@ -29,15 +35,13 @@ class LineReader {
     // The next line without its end, valid until the next call (of a text in memory, as long as the
     // text); false at the end of the text and when a read failed.
     bool ReadLine(std::string_view& line);
-    // The same, at most size - 1 characters and a zero (size: 2 or more); the rest of a longer line
-    // comes with the next call. The line end takes a character's room: after a piece that is full a
-    // line that ends there is followed by an empty piece, as the runtime library's reading has it.
+    // The same, with its number and what a zero cut off.
+    bool ReadLine(TextLine& line);
+    // The line alone, at most size - 1 characters and a zero (size: 2 or more); the rest of a
+    // longer line comes with the next call. The line end takes a character's room: after a piece
+    // that is full a line that ends there is followed by an empty piece, as the runtime library's
+    // reading has it.
     bool ReadLine(char* line, std::size_t size);
-
-    // The number of the line that was read last, counted from 1.
-    std::size_t Number() const { return m_number; }
-    // What a zero cut off that line.
-    std::optional<std::string_view> AfterZero() const { return m_afterZero; }
 
   protected:
     LineReader() = default;

@@ -9,6 +9,7 @@
 
 #include "../finding.h"
 #include "../keyfile.h"
+#include "../stenkod.h"
 
 namespace kvarn {
 
@@ -24,5 +25,10 @@ std::vector<Finding> CheckKodfil(std::string_view content);
 std::vector<Finding> CheckMiljkod(std::string_view content);
 std::vector<Finding> CheckLinkod(std::string_view content);
 std::vector<Finding> CheckStamp(std::string_view content);
+std::vector<Finding> CheckPoints(std::string_view content);
+
+// With the lists' built-in names.
+std::vector<Finding> CheckStenkod(std::string_view content, MaterialNames rock, MaterialNames fill,
+                                  bool norwegian);
 
 } // namespace kvarn

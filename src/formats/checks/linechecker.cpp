@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <utility>
 
-#include "../../text/lines.h"
 #include "../../text/scan.h"
 #include "../../text/shown.h"
 #include "../../text/text.h"
@@ -48,8 +47,8 @@ template <class T> std::string FaultOf(std::string_view word, char const* kind) 
 std::vector<TextLine> LinesOf(std::string_view content) {
     std::vector<TextLine> lines;
     LineReader reader(content);
-    for (std::string_view line; reader.ReadLine(line);) {
-        lines.push_back({reader.Number(), line, reader.AfterZero()});
+    for (TextLine line; reader.ReadLine(line);) {
+        lines.push_back(line);
     }
     return lines;
 }
@@ -73,12 +72,12 @@ std::string WholeNumberFault(std::string_view word) {
     return FaultOf<std::int32_t>(word, "whole number");
 }
 
-LineChecker::LineChecker(std::string_view content) : m_lines(LinesOf(content)) {
-    if (IsUtf16(content)) {
-        m_lines = {};
+LineChecker::LineChecker(std::string_view content) : m_isReadable(!IsUtf16(content)) {
+    if (!m_isReadable) {
         Add(1, "saved as UTF-16: the file must be in code page 1252, and nothing of it is read");
         return;
     }
+    m_lines = LinesOf(content);
     LookAtEncoding(content);
     for (TextLine const& line : m_lines) {
         if (line.afterZero) {
@@ -151,21 +150,21 @@ void LineChecker::LookAtLength(std::size_t line, char const* what, std::string_v
     }
 }
 
-void LineChecker::AddOnce(std::vector<TextLine const*> const& lines, std::string what, Loss loss) {
+void LineChecker::AddOnce(std::vector<TextLine> const& lines, std::string what, Loss loss) {
     if (lines.empty()) {
         return;
     }
     if (lines.size() > 1) {
         what += ", this line and " + std::to_string(lines.size() - 1) + " more";
     }
-    Add(lines.front()->number, std::move(what), loss, lines.front()->text);
+    Add(lines.front().number, std::move(what), loss, lines.front().text);
 }
 
 void LineChecker::AddUnread(std::size_t first, char const* why) {
-    std::vector<TextLine const*> unread;
+    std::vector<TextLine> unread;
     for (TextLine const& line : m_lines) {
         if (line.number > first && !IsBlank(line.text)) {
-            unread.push_back(&line);
+            unread.push_back(line);
         }
     }
     AddOnce(unread, why, Loss::line);

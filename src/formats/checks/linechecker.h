@@ -2,20 +2,14 @@
 // share.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "../../text/lines.h"
 #include "../finding.h"
 
 namespace kvarn {
-
-struct TextLine {
-    std::size_t number; // counted from 1
-    std::string_view text;
-    std::optional<std::string_view> afterZero; // what a zero cut off
-};
 
 // Of a file with this content, which the caller keeps.
 std::vector<TextLine> LinesOf(std::string_view content);
@@ -43,6 +37,8 @@ class LineChecker {
     // zero byte or the end-of-file character, other encodings, control characters.
     explicit LineChecker(std::string_view content);
 
+    // False for a text in UTF-16, which has no lines then.
+    bool IsReadable() const { return m_isReadable; }
     std::vector<TextLine> const& Lines() const { return m_lines; }
     std::size_t LastLine() const { return m_lines.empty() ? 1 : m_lines.size(); }
 
@@ -55,8 +51,7 @@ class LineChecker {
     // What becomes of a word that is longer than programs' buffers.
     void LookAtLength(std::size_t line, char const* what, std::string_view text);
     // What is to be said of all these lines, said once, at the first; nothing without any.
-    void AddOnce(std::vector<TextLine const*> const& lines, std::string what,
-                 Loss loss = Loss::none);
+    void AddOnce(std::vector<TextLine> const& lines, std::string what, Loss loss = Loss::none);
     // The lines from an index on, which are not read.
     void AddUnread(std::size_t first, char const* why);
 
@@ -71,6 +66,7 @@ class LineChecker {
     void LookAtControls(TextLine const& line);
     void LookBeyondEnd(std::string_view content);
 
+    bool m_isReadable;
     std::vector<TextLine> m_lines;
     std::vector<Finding> m_findings;
 };

@@ -4,12 +4,13 @@
 #include <CLI/CLI.hpp>
 #include <files/pathparts.h>
 #include <formats/checks/checks.h>
+#include <geodata/materialtable.h>
 #include <kvarnfiles/defaults.h>
 
 #include "../commands.h"
-#include "../formats/materialchecks.h"
 #include "../shared/backup.h"
 #include "../shared/copies.h"
+#include "../shared/finding.h"
 #include "../shared/platform.h"
 
 namespace kvarnio {
@@ -26,6 +27,12 @@ struct FileToCheck {
     std::vector<Finding> (*check)(std::string_view content);
 };
 
+std::vector<Finding> CheckMaterials(std::string_view content, bool norwegian) {
+    using kvarn::MaterialKind;
+    return kvarn::CheckStenkod(content, kvarn::MaterialTable(MaterialKind::rock, norwegian),
+                               kvarn::MaterialTable(MaterialKind::fill, norwegian), norwegian);
+}
+
 std::vector<FileToCheck> FilesIn(std::string const& folder) {
     FileToCheck const known[] = {
         {CProjPath::KvarnParNamn,
@@ -37,8 +44,8 @@ std::vector<FileToCheck> FilesIn(std::string const& folder) {
         {CProjPath::Kodfil, kvarn::CheckKodfil},
         {CProjPath::Miljkod, kvarn::CheckMiljkod},
         {CProjPath::Linkod, kvarn::CheckLinkod},
-        {CBergOrMateLista::FILNAMN, [](auto text) { return CheckStenkod(text, false); }},
-        {CBergOrMateLista::FILNAMNN, [](auto text) { return CheckStenkod(text, true); }},
+        {CBergOrMateLista::FILNAMN, [](auto text) { return CheckMaterials(text, false); }},
+        {CBergOrMateLista::FILNAMNN, [](auto text) { return CheckMaterials(text, true); }},
     };
     std::vector<FileToCheck> files;
     for (FileToCheck const& file : known) {
@@ -55,7 +62,7 @@ void AddPointsIn(std::string const& folder, std::vector<FileToCheck>& files) {
     CDirSort list;
     list.Init(kvarn::PathOf(folder, "*.STP").c_str(), 1, 1, 0, 0); // by name
     for (bool there = list.Home() == 0; there; there = list++ != nullptr) {
-        files.push_back({kvarn::PathOf(folder, list.Get_aktel()->namn), CheckPoints});
+        files.push_back({kvarn::PathOf(folder, list.Get_aktel()->namn), kvarn::CheckPoints});
     }
 }
 
@@ -67,7 +74,7 @@ std::vector<FileToCheck> FilesToCheck(CheckArguments const& arguments) {
     std::vector<FileToCheck> files = FilesIn(folder);
     AddPointsIn(folder, files);
     for (std::string const& points : arguments.points) {
-        files.push_back({LibraryPath(points), CheckPoints});
+        files.push_back({LibraryPath(points), kvarn::CheckPoints});
     }
     for (std::string const& stamp : arguments.stamps) {
         files.push_back({LibraryPath(stamp), kvarn::CheckStamp});

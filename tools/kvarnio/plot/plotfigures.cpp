@@ -94,9 +94,9 @@ void Append(SvgPath& path, View const& view, Segment const& segment, bool backwa
 
 SvgPath PathOf(Figure const& figure, View const& view) {
     SvgPath path;
-    Punkt end{};
+    RoadPoint end{};
     for (Piece const& piece : figure.pieces) {
-        Punkt const from = piece.figure.From();
+        RoadPoint const from = piece.figure.From();
         if (path.Empty() || from.x != end.x || from.y != end.y) {
             path.MoveTo(view.On(from));
         }
@@ -130,7 +130,7 @@ bool IsCrowded(Figure const& figure, View const& view) {
 }
 
 Point DirectionAt(Segment const& segment, View const& view, double fraction) {
-    Punkt const across = segment.Across(fraction);
+    RoadPoint const across = segment.Across(fraction);
     Point const step = {-across.x * view.right, -across.y * view.up}; // a quarter turn back
     double const length = std::hypot(step.x, step.y);
     return {step.x / length, step.y / length};

@@ -70,7 +70,7 @@ View PlanView(Extent const& given, Rect const& panel) {
         RoundScale(millimetres * std::max((e.maxY - e.minY) / (window.width - 2 * freeInPlan),
                                           (e.maxX - e.minX) / (window.height - 2 * freeInPlan)));
     double const perMetre = millimetres / scale;
-    Punkt const middle = {e.minX + (e.maxX - e.minX) / 2, e.minY + (e.maxY - e.minY) / 2};
+    RoadPoint const middle = {e.minX + (e.maxX - e.minX) / 2, e.minY + (e.maxY - e.minY) / 2};
     return {window, middle, window.Centre(), perMetre, perMetre};
 }
 

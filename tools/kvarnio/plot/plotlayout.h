@@ -14,12 +14,12 @@ namespace kvarnio {
 // profile x is the height and y the station: x up and y to the right in both.
 struct View {
     Rect window;
-    Punkt origin; // which lies there on the sheet:
+    RoadPoint origin; // which lies there on the sheet:
     Point at;
     double right; // millimetres a metre of y
     double up;    // and of x
 
-    Point On(Punkt p) const {
+    Point On(RoadPoint p) const {
         return {at.x + (p.y - origin.y) * right, at.y - (p.x - origin.x) * up};
     }
     // What the window shows.

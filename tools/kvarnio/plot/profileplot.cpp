@@ -105,7 +105,7 @@ void DrawSegmentTexts(Svg& svg, View const& view, Figure const& figure, Labels& 
         if (segment.Length() * view.right < shortest || ++count > most) {
             continue;
         }
-        Punkt const step = segment.To() - segment.From();
+        RoadPoint const step = segment.To() - segment.From();
         double const grade = percent * step.x / step.y;
         if (segment.IsArc()) {
             PlaceAlong(svg, view, segment, "R=" + Trimmed(segment.Radius(), 1), radiusText, labels);

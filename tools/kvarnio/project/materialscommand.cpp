@@ -1,15 +1,17 @@
 // kvarnio materials.
+#include <algorithm>
 #include <cmath>
 #include <iostream>
 #include <memory>
 #include <numbers>
 
 #include <CLI/CLI.hpp>
+#include <geodata/materialtable.h>
+#include <kvarnprog.h>
 #include <text/codepage.h>
 #include <text/text.h>
 
 #include "../commands.h"
-#include "../formats/materialfile.h"
 #include "../shared/arguments.h"
 #include "../shared/backup.h"
 #include "../shared/copies.h"
@@ -17,6 +19,17 @@
 
 namespace kvarnio {
 namespace {
+
+using kvarn::MaterialKind;
+
+struct Materials {
+    char const* FileName() const {
+        return norwegian ? CBergOrMateLista::FILNAMNN : CBergOrMateLista::FILNAMN;
+    }
+
+    MaterialKind kind{};
+    bool norwegian = false;
+};
 
 struct MaterialsArguments {
     Materials materials;
@@ -35,16 +48,28 @@ struct List {
     std::vector<Source> sources;
 };
 
+// The line that made or changed each entry, by the file's own rule: the first entry with a line's
+// number is its.
 void AddSources(List& list, Materials const& materials) {
-    list.sources.assign(BuiltIn(materials).size(), {true});
-    if (list.file && materials.HasSection()) {
+    std::size_t const builtIn = kvarn::MaterialTable(materials.kind, materials.norwegian).size();
+    list.sources.assign(builtIn + 1, {true});
+    if (list.file && kvarn::HasSection(materials.kind)) {
         std::string const content = ReadWhole(list.file->path);
-        std::vector<kvarn::TextLine> const text = kvarn::LinesOf(content);
-        for (MaterialLine const& line : ReadMaterialLines(text, materials)) {
-            if (line.isNew) {
-                list.sources.push_back({false, line.line->number});
-            } else if (line.entry) {
-                list.sources[*line.entry].line = line.line->number;
+        kvarn::LineReader lines{std::string_view(content)};
+        kvarn::MaterialReader section(lines, materials.kind, materials.norwegian);
+        for (kvarn::MaterialLine line; section.Next(line);) {
+            if (!line.IsRead() || line.isShift || list.sources.size() > list.entries.size()) {
+                continue;
+            }
+            std::size_t entry = 0; // that the line changes, or becomes
+            while (entry < list.sources.size() &&
+                   !(line.changes && list.entries.at(entry).nr == *line.changes)) {
+                ++entry;
+            }
+            if (entry < list.sources.size()) {
+                list.sources[entry].line = line.line.number;
+            } else {
+                list.sources.push_back({false, line.line.number});
             }
         }
     }
@@ -57,7 +82,9 @@ List Read(Context& context, Materials const& materials, CBergOrMateLista& librar
     List list;
     list.file = InForce(context, materials.FileName());
     library.Init();
-    list.entries = EntriesOf(library);
+    for (bool there = library.Home() == 0; there; there = library++ != nullptr) {
+        list.entries.push_back(*library.Get_aktel());
+    }
     AddSources(list, materials);
     return list;
 }
@@ -109,7 +136,7 @@ void PrintTableOf(List const& list) {
 }
 
 std::string FileOf(List const& list, Materials const& materials) {
-    if (!materials.HasSection()) {
+    if (!kvarn::HasSection(materials.kind)) {
         return "built-in: no file changes soil";
     }
     return list.file ? Shown(list.file->path)
@@ -122,7 +149,7 @@ ExitStatus ShowList(Context& context, Materials const& materials, List const& li
         PrintTableOf(list);
         return done;
     }
-    bool const hasFile = list.file && materials.HasSection();
+    bool const hasFile = list.file && kvarn::HasSection(materials.kind);
     Json json = {{"file", hasFile ? Json(Shown(list.file->path)) : Json()},
                  {"place", hasFile ? Json(list.file->place) : Json()},
                  {"materials", Json::array()}};
@@ -184,9 +211,11 @@ ExitStatus ShowFound(Context& context, CBergOrMateLista& library,
 }
 
 ExitStatus Run(Context& context, MaterialsArguments const& arguments) {
-    CBergOrMateLista library = ListOf(arguments.materials, &context.ini, &context.project);
-    List const list = Read(context, arguments.materials, library);
-    return arguments.wanted.empty() ? ShowList(context, arguments.materials, list)
+    Materials const& materials = arguments.materials;
+    CBergOrMateLista library(&context.ini, &context.project, static_cast<int>(materials.kind),
+                             materials.norwegian ? 1 : 0);
+    List const list = Read(context, materials, library);
+    return arguments.wanted.empty() ? ShowList(context, materials, list)
                                     : ShowFound(context, library, arguments);
 }
 

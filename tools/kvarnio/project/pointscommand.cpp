@@ -1,14 +1,15 @@
 // kvarnio points.
+#include <algorithm>
 #include <charconv>
 #include <iostream>
 #include <memory>
 
 #include <CLI/CLI.hpp>
+#include <formats/stodpunkt.h>
 #include <text/codepage.h>
 #include <text/text.h>
 
 #include "../commands.h"
-#include "../formats/pointfile.h"
 #include "../shared/backup.h"
 #include "../shared/messages.h"
 #include "../shared/output.h"
@@ -31,7 +32,7 @@ std::vector<double> AsTyped(float const (&numbers)[6]) {
             AsTyped(numbers[3]), AsTyped(numbers[4]), AsTyped(numbers[5])};
 }
 
-// A support point file as the library reads it, and its lines.
+// A support point file as programs hold it, and what the file says.
 class Points {
   public:
     explicit Points(std::string const& typed)
@@ -42,11 +43,20 @@ class Points {
         for (bool there = m_points.Home() == 0; there; there = m_points++ != nullptr) {
             m_read.push_back(*m_points.Get_aktel());
         }
-        m_content = ReadWhole(m_path);
-        m_text = kvarn::LinesOf(m_content);
-        m_file = ReadPointFile(m_text);
-        std::erase_if(m_file.blocks, [](PointBlock const& block) { return block.IsGvy(); });
-        if (m_file.blocks.size() != m_read.size()) {
+        std::string const content = ReadWhole(m_path);
+        kvarn::LineReader lines{std::string_view(content)};
+        for (kvarn::StodpunktLine const& line : kvarn::StodpunktHeader(lines).numbers) {
+            m_headerInFile.push_back(OneLine(kvarn::Trimmed(line.line.text)));
+        }
+        kvarn::StodpunktReader blocks(lines);
+        for (kvarn::StodpunktBlock block; blocks.Next(block);) {
+            if (!block.IsGvy()) {
+                double v[kvarn::stodpunktNumbers];
+                int const count = std::max(kvarn::ReadValues(block.rest.line.text, v), 0);
+                m_valuesInFile.emplace_back(v, v + count);
+            }
+        }
+        if (m_valuesInFile.size() != m_read.size()) {
             throw Failure(Shown(m_path) + " has changed while it was read");
         }
     }
@@ -60,15 +70,17 @@ class Points {
         return i < std::size(header.varden) ? header.varden[i] : double{header.varde6};
     }
     std::vector<stdpkttype> const& Read() const { return m_read; }
-    PointFile const& File() const { return m_file; }
+    // The header's lines, empty where the file ends before; and of each point as many of its values
+    // as its line begins with.
+    std::vector<std::string> const& HeaderInFile() const { return m_headerInFile; }
+    std::vector<std::vector<double>> const& ValuesInFile() const { return m_valuesInFile; }
 
   private:
     std::string m_path; // of the library
     CStodPunkt m_points;
     std::vector<stdpkttype> m_read;
-    std::string m_content;
-    std::vector<kvarn::TextLine> m_text;
-    PointFile m_file;
+    std::vector<std::string> m_headerInFile;
+    std::vector<std::vector<double>> m_valuesInFile;
 };
 
 constexpr char const* notFromTheFile =
@@ -84,11 +96,6 @@ std::string Row(std::vector<double> const& numbers) {
     return row;
 }
 
-// What stands there of the file itself; empty where it ends before.
-std::string Line(TextLine const* line) {
-    return line != nullptr ? OneLine(kvarn::Trimmed(line->text)) : "";
-}
-
 void PrintPoints(Points const& points) {
     std::string const name = points.Name();
     PrintTable({{"FILE", Shown(points.Path())},
@@ -96,9 +103,9 @@ void PrintPoints(Points const& points) {
                 {"GVY", points.Gvy() == 0 ? "none" : Shortest(points.Gvy())}});
     std::cout << '\n';
     std::vector<std::vector<std::string>> header = {{"HEADER", "IN THE FILE", "READ"}};
-    for (std::size_t i = 0; i < points.File().header.size(); ++i) {
+    for (std::size_t i = 0; i < points.HeaderInFile().size(); ++i) {
         header.push_back(
-            {std::to_string(i + 1), Line(points.File().header[i]), Shortest(points.Header(i))});
+            {std::to_string(i + 1), points.HeaderInFile()[i], Shortest(points.Header(i))});
     }
     PrintTable(header);
     std::cout << '\n';
@@ -107,7 +114,7 @@ void PrintPoints(Points const& points) {
     for (std::size_t i = 0; i < points.Read().size(); ++i) {
         stdpkttype const& point = points.Read()[i];
         rows.push_back({OneLine(point.namn), Shortest(AsTyped(point.niva)),
-                        Row(ValuesIn(points.File().blocks[i].rest)), Row(AsTyped(point.varden))});
+                        Row(points.ValuesInFile()[i]), Row(AsTyped(point.varden))});
     }
     PrintTable(rows);
     std::cout << '\n' << notFromTheFile;
@@ -119,15 +126,15 @@ Json ToJson(Points const& points) {
                  {"gvy", points.Gvy()},
                  {"header", Json::array()},
                  {"points", Json::array()}};
-    for (std::size_t i = 0; i < points.File().header.size(); ++i) {
+    for (std::size_t i = 0; i < points.HeaderInFile().size(); ++i) {
         json["header"].push_back(
-            {{"inFile", Line(points.File().header[i])}, {"read", points.Header(i)}});
+            {{"inFile", points.HeaderInFile()[i]}, {"read", points.Header(i)}});
     }
     for (std::size_t i = 0; i < points.Read().size(); ++i) {
         stdpkttype const& point = points.Read()[i];
         json["points"].push_back({{"name", kvarn::ToUtf8(point.namn)},
                                   {"level", AsTyped(point.niva)},
-                                  {"inFile", ValuesIn(points.File().blocks[i].rest)},
+                                  {"inFile", points.ValuesInFile()[i]},
                                   {"read", AsTyped(point.varden)}});
     }
     return json;

@@ -21,9 +21,8 @@ struct Place {
 
 class Checker {
   public:
-    Checker(std::vector<kovltype> const& vertices, std::vector<std::size_t> const& lines,
-            std::vector<Finding>& findings)
-        : m_vertices(vertices), m_lines(lines), m_findings(findings) {}
+    Checker(kvarn::VagfilPart const& part, std::vector<Finding>& findings)
+        : m_vertices(part.vertices), m_lines(part.lines), m_findings(findings) {}
 
     void Plan(double tolerance) {
         Alone("plan", "coordinates");
@@ -92,7 +91,7 @@ class Checker {
     // Below that distance the station search passes a straight over.
     bool Coincidence(Place p, Place q) {
         constexpr double shortest = 0.01;
-        double const distance = kvarn::Langd({q.vertex.x - p.vertex.x, q.vertex.y - p.vertex.y});
+        double const distance = kvarn::Length({q.vertex.x - p.vertex.x, q.vertex.y - p.vertex.y});
         if (distance >= shortest) {
             return false;
         }
@@ -143,8 +142,8 @@ class Checker {
         if (!arc.IsArc()) {
             return;
         }
-        auto const onAxis = [&](Punkt end) {
-            Punkt const out = end - arc.Centre();
+        auto const onAxis = [&](RoadPoint end) {
+            RoadPoint const out = end - arc.Centre();
             return std::fabs(out.x) <= edge || std::fabs(out.y) <= edge;
         };
         bool const start = onAxis(arc.From());
@@ -184,7 +183,7 @@ class Checker {
         constexpr int steps = 32;
         double most = 0;
         for (int i = 1; i < steps; ++i) {
-            Punkt const on = curve.At(static_cast<double>(i) / steps);
+            RoadPoint const on = curve.At(static_cast<double>(i) / steps);
             double z = 0;
             if (profile.Vagprofz(on.y, &z) == 0) {
                 most = std::max(most, std::fabs(z - on.x));
@@ -205,11 +204,11 @@ class Checker {
 } // namespace
 
 std::vector<Finding> CheckRoad(RoadFile const& file, double tolerance) {
-    RoadLines const& lines = file.Lines();
-    std::vector<Finding> findings = lines.skipped;
-    findings.insert(findings.end(), lines.cut.begin(), lines.cut.end());
-    Checker(file.Plan(), lines.plan, findings).Plan(tolerance);
-    Checker(file.Profile(), lines.profile, findings).Profile();
+    kvarn::VagfilContent const& content = file.Content();
+    std::vector<Finding> findings = content.skipped;
+    findings.insert(findings.end(), content.cut.begin(), content.cut.end());
+    Checker(content.plan, findings).Plan(tolerance);
+    Checker(content.profile, findings).Profile();
     if (file.Plan().empty() && file.Profile().empty()) {
         findings.push_back({1, "the file holds no vertex"});
     }

@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "../shared/finding.h"
 #include "../shared/road/roadfile.h"
 
 namespace kvarnio {

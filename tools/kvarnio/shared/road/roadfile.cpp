@@ -13,14 +13,6 @@
 namespace kvarnio {
 namespace {
 
-std::vector<kovltype> Vertices(CVaglinje& line) {
-    std::vector<kovltype> vertices;
-    for (bool more = line.Home() == 0; more; more = line++ != nullptr) {
-        vertices.push_back(*line.Get_aktel());
-    }
-    return vertices;
-}
-
 void RequireSegment(std::string const& path, std::vector<kovltype> const& vertices,
                     char const* part) {
     if (vertices.size() < 2) {
@@ -36,12 +28,7 @@ RoadFile::RoadFile(std::string const& typed) : m_path(LibraryPath(typed)) {
     if (MessageWasShown() || result != 0) {
         throw Failure(Shown(m_path) + " cannot be read");
     }
-    m_plan = Vertices(m_road.plan);
-    m_profile = Vertices(m_road.profil);
-    m_lines = ReadRoadLines(ReadWhole(m_path), !m_plan.empty());
-    if (m_lines.plan.size() != m_plan.size() || m_lines.profile.size() != m_profile.size()) {
-        throw Failure(Shown(m_path) + " has changed while it was read");
-    }
+    m_content = kvarn::ReadVagfil(ReadWhole(m_path));
 }
 
 std::string RoadFile::Name() const {
@@ -49,17 +36,17 @@ std::string RoadFile::Name() const {
 }
 
 CVaglinje& RoadFile::PlanToAsk() {
-    RequireSegment(m_path, m_plan, "plan");
+    RequireSegment(m_path, Plan(), "plan");
     return m_road.plan;
 }
 
 CVaglinje& RoadFile::ProfileToAsk() {
-    RequireSegment(m_path, m_profile, "profile");
+    RequireSegment(m_path, Profile(), "profile");
     return m_road.profil;
 }
 
 void RoadFile::WarnOfSkippedLines() const {
-    std::size_t const count = m_lines.skipped.size();
+    std::size_t const count = m_content.skipped.size();
     if (count > 0) {
         std::cerr << "kvarnio: " << count << (count == 1 ? " line was" : " lines were")
                   << " skipped in " << Shown(m_path) << "; kvarnio road check names "

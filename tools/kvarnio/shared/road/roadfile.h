@@ -4,9 +4,8 @@
 #include <string>
 #include <vector>
 
+#include <formats/checks/checkvagfil.h>
 #include <kvarnprog.h>
-
-#include "roadlines.h"
 
 namespace CLI {
 class App;
@@ -21,9 +20,9 @@ class RoadFile {
 
     std::string const& Path() const { return m_path; } // of the library
     std::string Name() const;                          // of the road, in UTF-8 on one line
-    std::vector<kovltype> const& Plan() const { return m_plan; }
-    std::vector<kovltype> const& Profile() const { return m_profile; }
-    RoadLines const& Lines() const { return m_lines; }
+    std::vector<kovltype> const& Plan() const { return m_content.plan.vertices; }
+    std::vector<kovltype> const& Profile() const { return m_content.profile.vertices; }
+    kvarn::VagfilContent const& Content() const { return m_content; }
     CVag2& Road() { return m_road; } // its lists are walked by asking them
 
     // For the commands that need one of them. Throw Failure where it is too short to ask.
@@ -35,9 +34,7 @@ class RoadFile {
   private:
     std::string m_path;
     CVag2 m_road;
-    std::vector<kovltype> m_plan;
-    std::vector<kovltype> m_profile;
-    RoadLines m_lines;
+    kvarn::VagfilContent m_content;
 };
 
 // The argument that all of road's commands begin with.

@@ -5,7 +5,7 @@
 
 namespace kvarnio {
 
-void Extent::Add(Punkt p) {
+void Extent::Add(RoadPoint p) {
     if (std::isfinite(p.x) && std::isfinite(p.y)) {
         minX = std::min(minX, p.x);
         maxX = std::max(maxX, p.x);
@@ -18,34 +18,34 @@ Extent Extent::Grown(double margin) const {
     return {minX - margin, maxX + margin, minY - margin, maxY + margin};
 }
 
-Segment::Segment(Punkt from, Punkt to, double bulge)
-    : m_from(from), m_to(to), m_bulge(bulge), m_isArc(kvarn::ArBage(bulge)) {
+Segment::Segment(RoadPoint from, RoadPoint to, double bulge)
+    : m_from(from), m_to(to), m_bulge(bulge), m_isArc(kvarn::IsArc(bulge)) {
     if (m_isArc) {
-        m_circle = kvarn::CirkelGenom(from, to, bulge);
-        Punkt const out = from - m_circle.mitt;
+        m_circle = kvarn::CircleThrough(from, to, bulge);
+        RoadPoint const out = from - m_circle.centre;
         m_bearing = std::atan2(out.x, out.y);
         m_sweep = 4 * std::atan(bulge);
     }
 }
 
 double Segment::Length() const {
-    return m_isArc ? m_circle.radie * std::fabs(m_sweep) : kvarn::Langd(m_to - m_from);
+    return m_isArc ? m_circle.radius * std::fabs(m_sweep) : kvarn::Length(m_to - m_from);
 }
 
-Punkt Segment::At(double fraction) const {
+RoadPoint Segment::At(double fraction) const {
     if (!m_isArc) {
-        Punkt const d = m_to - m_from;
+        RoadPoint const d = m_to - m_from;
         return {m_from.x + fraction * d.x, m_from.y + fraction * d.y};
     }
     double const a = Bearing(fraction);
-    return {m_circle.mitt.x + m_circle.radie * std::sin(a),
-            m_circle.mitt.y + m_circle.radie * std::cos(a)};
+    return {m_circle.centre.x + m_circle.radius * std::sin(a),
+            m_circle.centre.y + m_circle.radius * std::cos(a)};
 }
 
-Punkt Segment::Across(double fraction) const {
+RoadPoint Segment::Across(double fraction) const {
     if (!m_isArc) {
-        Punkt const d = m_to - m_from;
-        double const length = kvarn::Langd(d);
+        RoadPoint const d = m_to - m_from;
+        double const length = kvarn::Length(d);
         return {-d.y / length, d.x / length};
     }
     double const a = Bearing(fraction);
@@ -60,11 +60,11 @@ Segment Segment::Part(double from, double to) const {
 Segment Segment::Beside(double offset) const {
     double const inwards = m_bulge > 0 ? -offset : offset;
     double const moved =
-        m_isArc && inwards > m_circle.radie ? std::copysign(m_circle.radie, offset) : offset;
+        m_isArc && inwards > m_circle.radius ? std::copysign(m_circle.radius, offset) : offset;
     auto const move = [&](double fraction) {
-        Punkt const p = At(fraction);
-        Punkt const across = Across(fraction);
-        return Punkt{p.x + moved * across.x, p.y + moved * across.y};
+        RoadPoint const p = At(fraction);
+        RoadPoint const across = Across(fraction);
+        return RoadPoint{p.x + moved * across.x, p.y + moved * across.y};
     };
     return {move(0), move(1), m_bulge};
 }

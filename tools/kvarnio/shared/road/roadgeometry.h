@@ -7,12 +7,12 @@
 #include <span>
 #include <vector>
 
-#include <geodata/cirkelbage.h>
+#include <geodata/segments.h>
 #include <geodata/vaglinje.h>
 
 namespace kvarnio {
 
-using kvarn::Punkt;
+using RoadPoint = kvarn::Point;
 
 // The smallest upright rectangle around points; points that are not finite are passed over.
 struct Extent {
@@ -22,28 +22,28 @@ struct Extent {
     double maxY = -std::numeric_limits<double>::infinity();
 
     bool Empty() const { return !(minX <= maxX); }
-    void Add(Punkt p);
+    void Add(RoadPoint p);
     Extent Grown(double margin) const;
 };
 
 class Segment {
   public:
-    Segment(Punkt from, Punkt to, double bulge);
+    Segment(RoadPoint from, RoadPoint to, double bulge);
     Segment(kovltype const& from, kovltype const& to)
         : Segment({from.x, from.y}, {to.x, to.y}, from.bulge) {}
 
     bool IsArc() const { return m_isArc; }
-    Punkt From() const { return m_from; }
-    Punkt To() const { return m_to; }
+    RoadPoint From() const { return m_from; }
+    RoadPoint To() const { return m_to; }
     double Bulge() const { return m_bulge; }
-    double Radius() const { return m_circle.radie; }
-    Punkt Centre() const { return m_circle.mitt; }
+    double Radius() const { return m_circle.radius; }
+    RoadPoint Centre() const { return m_circle.centre; }
     double Length() const;
 
     // At a fraction of its length.
-    Punkt At(double fraction) const;
+    RoadPoint At(double fraction) const;
     // There, a step of length one towards positive offsets.
-    Punkt Across(double fraction) const;
+    RoadPoint Across(double fraction) const;
     // The piece between two fractions.
     Segment Part(double from, double to) const;
     // The parallel at an offset; an arc shrinks at most to its centre.
@@ -54,11 +54,11 @@ class Segment {
   private:
     double Bearing(double fraction) const { return m_bearing + fraction * m_sweep; }
 
-    Punkt m_from;
-    Punkt m_to;
+    RoadPoint m_from;
+    RoadPoint m_to;
     double m_bulge;
     bool m_isArc;
-    kvarn::Cirkel m_circle{};
+    kvarn::Circle m_circle{};
     double m_bearing = 0; // of the start from the centre, from the y axis towards the x axis
     double m_sweep = 0;   // to the end
 };

@@ -3,6 +3,7 @@
 #include "../formats/stenkod.h"
 #include "../text/codepage.h"
 #include "bergormatelista.h"
+#include "materialtable.h"
 
 char const* const CBergOrMateLista::FILNAMN = kvarn::stenkodFile;
 char const* const CBergOrMateLista::FILNAMNN = kvarn::stenkodFileNorwegian;
@@ -152,3 +153,20 @@ char const* const CBergOrMateLista::APPBERGARTERN[] = {"Alunskifer",
                                                        "Kvarts",
                                                        "Grus og sand",
                                                        "Leirinfisert berg"};
+
+namespace kvarn {
+
+MaterialNames MaterialTable(MaterialKind kind, bool norwegian) {
+    using List = CBergOrMateLista;
+    switch (kind) {
+    case MaterialKind::rock: // without the empty name at the end of the Norwegian table
+        return norwegian ? std::span(List::BERGARTERN, std::size(List::BERGARTERN) - 1)
+                         : MaterialNames(List::BERGARTER);
+    case MaterialKind::fill:
+        return norwegian ? List::FYLLNADN : List::FYLLNAD;
+    default:
+        return norwegian ? List::JORDARTERN : List::JORDARTER;
+    }
+}
+
+} // namespace kvarn

@@ -1,0 +1,39 @@
+#include "roadfile.h"
+
+#include "../core/messageout.h"
+#include "../text/codepage.h"
+#include "../text/format.h"
+#include "datafile.h"
+
+namespace kvarn {
+namespace {
+
+void TellNotOpened(char const* path) {
+    Notify(Format("Kan ej öppna väglinje : %s"_1252, path));
+}
+
+} // namespace
+
+bool ReadRoadFile(char const* path, std::string& text, CString& notRead) {
+    bool const read = ReadDataFile(path, text, notRead);
+    if (!read) {
+        TellNotOpened(path);
+    }
+    return read;
+}
+
+int WriteRoadFile(char const* path, std::string_view text, CString const& notRead) {
+    path = path != nullptr ? path : "";
+    Rewritten const result = WriteDataFile(path, text, notRead);
+    if (result == Rewritten::cannotOpen) {
+        TellNotOpened(path);
+    }
+    return result == Rewritten::done ? 0 : -1;
+}
+
+void ReportBadLine(std::string_view line) {
+    SetLastMessage(Format("Fel rad : %s", line));
+    StatusText(std::string(line).c_str()); // a line ends in the middle of its text
+}
+
+} // namespace kvarn
