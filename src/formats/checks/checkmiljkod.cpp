@@ -51,8 +51,9 @@ std::string FaultOfUnread(std::string_view text, MiljkodLimit const& limit) {
     if (at == std::string_view::npos) {
         return "no " + name + otherwise;
     }
+    std::string_view const number = FirstWord(text.substr(at + name.size()));
     return at == 0 ? "no text before " + name + otherwise
-                   : "after " + name + " its first letter comes again" + otherwise;
+                   : "text after " + name + std::string(number);
 }
 
 // Takes the limits off the text.
