@@ -2,6 +2,7 @@
 
 #include "../../text/scan.h"
 #include "../../text/shown.h"
+#include "linechecker.h"
 
 namespace kvarn {
 namespace {
@@ -60,6 +61,11 @@ VagfilContent ReadVagfil(std::string_view content) {
             read.cut.push_back(
                 {number, "text after a zero byte is not read: " + Quoted(*afterZero)});
         }
+    }
+    if (auto const beyond = BeyondEnd(content)) {
+        read.cut.push_back(
+            {beyond->number, "everything after the end-of-file character 0x1A is not read: " +
+                                 Quoted(beyond->text)});
     }
     return read;
 }

@@ -53,6 +53,20 @@ std::vector<TextLine> LinesOf(std::string_view content) {
     return lines;
 }
 
+std::optional<TextLine> BeyondEnd(std::string_view content) {
+    std::size_t const end = content.find(endOfText);
+    if (end == std::string_view::npos) {
+        return std::nullopt;
+    }
+    std::string_view const text = content.substr(0, end);
+    auto const ended = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+    constexpr std::string_view ignored = "\r\n \t\x1A";
+    std::string_view beyond = content.substr(end);
+    beyond.remove_prefix(std::min(beyond.find_first_not_of(ignored), beyond.size()));
+    return beyond.empty() ? std::nullopt
+                          : std::optional(TextLine{ended + 1, LinesOf(beyond).front().text});
+}
+
 std::vector<Word> Words(std::string_view text) {
     constexpr char const* blanks = " \t\v\f\r";
     std::vector<Word> words;
@@ -89,18 +103,9 @@ LineChecker::LineChecker(std::string_view content) : m_isReadable(!IsUtf16(conte
 }
 
 void LineChecker::LookBeyondEnd(std::string_view content) {
-    std::size_t const end = content.find(endOfText);
-    if (end == std::string_view::npos) {
-        return;
-    }
-    std::string_view const text = content.substr(0, end);
-    auto const ended = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
-    constexpr std::string_view ignored = "\r\n \t\x1A";
-    std::string_view beyond = content.substr(end);
-    beyond.remove_prefix(std::min(beyond.find_first_not_of(ignored), beyond.size()));
-    if (!beyond.empty()) {
-        Add(ended + 1, "everything after the end-of-file character 0x1A", Loss::line,
-            LinesOf(beyond).front().text);
+    if (auto const beyond = BeyondEnd(content)) {
+        Add(beyond->number, "everything after the end-of-file character 0x1A", Loss::line,
+            beyond->text);
     }
 }
 

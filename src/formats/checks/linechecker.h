@@ -2,6 +2,7 @@
 // share.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,10 @@ namespace kvarn {
 
 // Of a file with this content, which the caller keeps.
 std::vector<TextLine> LinesOf(std::string_view content);
+
+// The first line after the end-of-file character, with the number of the line that it ends; nothing
+// without such a line.
+std::optional<TextLine> BeyondEnd(std::string_view content);
 
 struct Word {
     std::size_t column; // counted from 0
