@@ -231,7 +231,7 @@ class KVARNPROG_API CKvarnInst {
     int StampParWrite(char const* path, int mode, char const* s1, char const* s2, char const* s3,
                       char const* s4, char const* s5);
 
-    CAutoIni* m_ini = nullptr;       // not owned
-    CProjPath* m_proj = nullptr;     // not owned
+    CAutoIni* m_ini = nullptr;        // not owned
+    CProjPath* m_proj = nullptr;      // not owned
     kvarn::CodePass* m_fil = nullptr; // the pass under way
 };
