@@ -1,5 +1,6 @@
-// settingspages FOLDER: makes the files of the settings pages from their list. They are part of the
-// sources (src/library): run it when the list has changed.
+// settingspages scripts FOLDER: makes the resource scripts of the settings pages from their list.
+// settingspages headers FOLDER: makes the headers that programs are compiled with. They are part of
+// the sources (src/resources): run it when the list has changed.
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -24,7 +25,7 @@ void CheckNumbers(std::vector<pages::Page> const& all) {
     std::set<int> numbers;
     auto const take = [&](int number) {
         if (!numbers.insert(number).second) {
-            throw std::runtime_error("number " + std::to_string(number) + " stands twice");
+            throw std::runtime_error("number " + std::to_string(number) + " is used twice");
         }
     };
     for (pages::Page const& page : all) {
@@ -39,13 +40,18 @@ void CheckNumbers(std::vector<pages::Page> const& all) {
     }
 }
 
-void Make(std::filesystem::path const& folder) {
+void Make(std::string const& what, std::filesystem::path const& folder) {
     std::vector<pages::Page> const all = pages::AllPages();
     CheckNumbers(all);
-    Write(folder / "resource.h", pages::ResourceHeader(all));
-    Write(folder / "settingspages.h", pages::TableHeader(all));
-    Write(folder / "pages_sv.rc", pages::Script(all, pages::swedish));
-    Write(folder / "pages_no.rc", pages::Script(all, pages::norwegian));
+    if (what == "headers") {
+        Write(folder / "resource.h", pages::ResourceHeader(all));
+        Write(folder / "settingspages.h", pages::TableHeader(all));
+    } else if (what == "scripts") {
+        Write(folder / "pages_sv.rc", pages::Script(all, pages::swedish));
+        Write(folder / "pages_no.rc", pages::Script(all, pages::norwegian));
+    } else {
+        throw std::runtime_error("usage: settingspages headers|scripts FOLDER");
+    }
 }
 
 } // namespace
@@ -60,11 +66,8 @@ std::vector<pages::Page> pages::AllPages() {
 
 int main(int count, char** arguments) {
     try {
-        if (count != 2) {
-            std::cerr << "usage: settingspages FOLDER\n";
-            return 2;
-        }
-        Make(arguments[1]);
+        bool const complete = count == 3;
+        Make(complete ? arguments[1] : "", complete ? arguments[2] : "");
     } catch (std::exception const& failure) {
         std::cerr << "settingspages: " << failure.what() << '\n';
         return 1;
