@@ -19,7 +19,7 @@ struct Finding {
     std::size_t line; // counted from 1
     std::string what; // in UTF-8
     Loss loss = Loss::none;
-    std::string text{}; // what stands there, in code page 1252
+    std::string text{}; // the text at that place, in code page 1252
 };
 
 } // namespace kvarn

@@ -22,7 +22,7 @@ bool ReadBoth(std::string_view line, double& first, double& second) {
 
 bool Omrade::Read(LineReader& lines) {
     // What the next line is; before these star lines are counted. A star line is never skipped: it
-    // is taken for what it stands in place of.
+    // is taken for the line that belongs there.
     enum { roadFile = starLines, stations, offsets, complete };
     int next = 0;
     bool sound = true;

@@ -57,8 +57,8 @@ class KVARNPROG_API CStodPunkt : public list0<stdpkttype> {
     stdhuvudtype m_huvud;
     float m_gvy;       // level; 0: none
     CString m_filnamn; // path of the file that was read
-    // Of that path without its last four characters: as many characters from the right as stand up
-    // to its last "$". Empty without one.
+    // Of that path without its last four characters: as many characters from the right as there are
+    // up to its last "$". Empty without one.
     CString m_namn;
     std::int32_t m_skrivkrok; // 1; has no effect
     CStdioFile m_fil;         // never open between calls

@@ -58,7 +58,7 @@ class KVARNPROG_API CVag2 {
     // with the message of Init for the road file.
     int ReadOmr(CProjPath* project);
 
-    // Writes filnamn and the area, with three decimals, to the project's area file; what stands
+    // Writes filnamn and the area, with three decimals, to the project's area file; what is
     // there up to the second line that begins with a star is kept, a new file begins with two such
     // lines. A file with fewer of them keeps all its lines and is not an area file afterwards
     // either: ReadOmr refuses it until the stars are put in.

@@ -16,7 +16,7 @@ extern template class KVARNPROG_LIST_DECLARE list0<cfgtype>;
 // The file in memory, a record for each stored line, rewritten whole whenever a key is written.
 //
 // The format, which CKvarnPAR shares: text in code page 1252, lines ended by CR LF. A line is
-// stored when its first "=" stands at position 1 to 39; everything right of it is the value, and
+// stored when its first "=" is at position 1 to 39; everything right of it is the value, and
 // nothing is trimmed. Keys are compared without regard to case; of several equal ones the first
 // counts. Known quirks, kept on purpose:
 // - there are no comments: a line without "=", or beginning with it, is skipped, and lost when the

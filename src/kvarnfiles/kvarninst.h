@@ -152,7 +152,7 @@ class KVARNPROG_API CKvarnInst {
     // Writes the file that exists anew: mode 1 carries its header over and writes the record, 0
     // writes a record, 2 a record and the end line "*", then closes the file; 3 is 1 and 2 in one
     // call. (Below 0 as 0, above 3 as 2.) An empty or null code writes no record. Where no file
-    // exists nothing is written. While the header is carried over the old file stands beside it as
+    // exists nothing is written. While the header is carried over the old file is kept beside it as
     // KODFIL.tmp; where that cannot be made the header is empty, and where a write fails it stays
     // as all there is of the old file. Caption: "Skrivning av Kvarnbok - kodfil.dat installningar",
     // with both paths, also for a write that fails, which ends the pass. Returns 0.
@@ -170,7 +170,7 @@ class KVARNPROG_API CKvarnInst {
     // and the file is closed; -1 too where there is no file or no such section, or the file cannot
     // be opened. With max and step the end of the text is read into them and cut off, with the
     // character before it: a step outside 1..100000, or none, is 20, a maximum outside 0..100000
-    // is 100. "max=" stands before "steg=", in any case, and neither begins the text; what follows
+    // is 100. "max=" comes before "steg=", in any case, and neither begins the text; what follows
     // a number goes with it. Without one of them (null) the text is whole. Its DOS letters are
     // converted (and not back when written). Caption: "Lasning av Kvarnbok - Miljkod.dat
     // installningar".

@@ -8,7 +8,7 @@
 
 namespace kvarn {
 
-// Ends a text wherever it stands, as the old systems wrote it.
+// Ends a text wherever it comes, as the old systems wrote it.
 inline constexpr char endOfText = 0x1A;
 
 struct TextLine {

@@ -17,7 +17,7 @@ char Capital(char letter) {
     return static_cast<char>(letter >= 'a' && letter <= 'z' ? letter - 'a' + 'A' : letter);
 }
 
-// Where the letter may stand, best first: at the beginning, at that of another word, on a
+// The places for the letter, best first: at the beginning, at that of another word, on a
 // consonant, on a vowel; then on one whose tail meets the stroke or that is too narrow for it, and
 // on a digit last. Letters beyond ASCII are not on every keyboard.
 std::vector<std::size_t> Places(std::string_view text) {

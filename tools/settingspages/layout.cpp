@@ -119,7 +119,7 @@ class Layout {
                 side == Side::whole ? whole : half};
     }
 
-    // Two sides that stand beside each other end at the same height.
+    // Two sides that lie beside each other end at the same height.
     void EndSides(int y) {
         for (std::size_t const last : {m_lastOf[0], m_lastOf[1]}) {
             if (last < m_items.size()) {
@@ -177,7 +177,7 @@ class Layout {
         }
     }
     // The room that is left goes to the labels of the first column and between the fields, as far
-    // as a label is still seen with its box; returns how far fields stand apart.
+    // as a label is still seen with its box; returns the distance between fields.
     static int Spread(Columns& columns, int room) {
         constexpr int most = 24;
         int const shares = static_cast<int>(columns.size()) + 1;

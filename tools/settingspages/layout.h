@@ -1,4 +1,4 @@
-// Where everything of a page stands.
+// Places everything on a page.
 #pragma once
 
 #include <string>

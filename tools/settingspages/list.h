@@ -8,7 +8,7 @@ namespace pages {
 
 enum Language { swedish, norwegian };
 
-// One text stands for both languages where they agree.
+// One text serves both languages where they agree.
 struct Text {
     constexpr Text() = default;
     constexpr Text(char const* both) : byLanguage{both, both} {}

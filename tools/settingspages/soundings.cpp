@@ -1,5 +1,5 @@
-// Pages of the drawing program: soundings and tests. A unit stands where the trade has one for the
-// quantity and the default fits it.
+// Pages of the drawing program: soundings and tests. A unit is shown where the trade has one for
+// the quantity and the default fits it.
 #include "list.h"
 
 namespace pages {

@@ -24,7 +24,7 @@ void LookAtCode(LineChecker& checker, TextLine const& line, std::string_view tex
     checker.LookAtLetters(line.number, text, LineChecker::Letters::converted);
 }
 
-// What stands where the whole number is looked for: it, nothing, or the text.
+// Looks at the word that is read as the whole number: it may be missing, or belong to the text.
 void LookAtWhole(LineChecker& checker, TextLine const& line, std::vector<Word> const& words) {
     if (words.size() <= whole) {
         return;

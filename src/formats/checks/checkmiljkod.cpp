@@ -9,7 +9,7 @@
 namespace kvarn {
 namespace {
 
-// Where a name and "=" last stand, in any case.
+// The last place of a name with its "=", in any case.
 std::size_t FindLast(std::string_view text, std::string_view name) {
     for (std::size_t i = text.size(); i-- > 0;) {
         if (SameText(text.substr(i, name.size()), name)) {

@@ -238,7 +238,7 @@ void LookAtSections(LineChecker& checker) {
     for (TextLine const& line : checker.Lines()) {
         if (line.text.starts_with('*')) {
             ++stars;
-            // The first two are kept as they stand.
+            // Saving keeps the first two as they are.
             if (stars >= untilFill && line.text.size() > 1) {
                 checker.Add(line.number, "text on a line \"*\"", Loss::line, line.text.substr(1));
             }

@@ -24,7 +24,7 @@ struct Word {
     std::string_view text;
 };
 
-// What stands between blanks.
+// The words of a text: what is between blanks.
 std::vector<Word> Words(std::string_view text);
 
 // What is wrong with a word where a number is read; empty for a number.

@@ -15,7 +15,7 @@ std::string Shown(CodeFormat const& format, CodeRecord const& record);
 
 void PrintCodes(CodeFormat const& format, CodeRecords const& records);
 
-// What stands in the file and is in none of its records, on standard error.
+// Tells on standard error what of the file is in none of its records.
 void PrintUnread(CodeFile const& file);
 
 struct CodeChange {

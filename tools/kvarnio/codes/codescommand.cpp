@@ -50,7 +50,7 @@ void RequireFound(CodesArguments const& arguments, CodeFile const& file, bool fo
     }
 }
 
-// The record as it is read from the file now that it stands there.
+// The record as it is read from the file that now holds it.
 CodeRecord AsRead(CodeFile const& file, CodeRecord const& record) {
     auto const& records = file.Records();
     auto const found = std::find(records.begin(), records.end(), record);

@@ -51,7 +51,7 @@ SvgPath PathOf(Figure const& figure, View const& view);
 // Points along the line on the sheet, about a millimetre apart; a limited number of them.
 std::vector<Point> PointsAlong(Figure const& figure, View const& view);
 
-// Whether the vertices stand so close on the sheet that marks would hide the line.
+// Whether the vertices are so close on the sheet that marks would hide the line.
 bool IsCrowded(Figure const& figure, View const& view);
 
 // The direction of travel on the sheet, a step of length one.

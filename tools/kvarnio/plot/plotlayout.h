@@ -44,7 +44,7 @@ double RoundInterval(double atLeast);
 int PartsOf(double interval);
 // The multiples of the step from one number to another, both included; at most a thousand.
 std::vector<double> Multiples(double from, double to, double step);
-// The station interval whose labels stand at least so many metres apart, over that range.
+// The station interval whose labels are at least so many metres apart, over that range.
 double StationInterval(double apart, double from, double to);
 
 // The denominator of a scale, "1:2 000".

@@ -81,7 +81,7 @@ void DrawVertices(Svg& svg, View const& view, Figure const& figure, Labels& labe
     }
 }
 
-// What stands along a segment, on the upper side of its line where it has room there.
+// The text along a segment, on the upper side of its line where it has room there.
 void PlaceAlong(Svg& svg, View const& view, Segment const& segment, std::string const& text,
                 TextStyle const& style, Labels& labels) {
     auto const label = [&](double fraction, bool above) {

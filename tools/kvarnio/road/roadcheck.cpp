@@ -13,7 +13,7 @@ namespace {
 
 using kvarn::Format;
 
-// A vertex and the line that it stands on.
+// A vertex and the number of its line.
 struct Place {
     kovltype const& vertex;
     std::size_t line;

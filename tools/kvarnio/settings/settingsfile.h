@@ -1,5 +1,5 @@
 // One of the settings files, as the library read it at one moment: which file was taken, what
-// stands in it, and what a key's value is. Texts are in code page 1252.
+// it holds, and what a key's value is. Texts are in code page 1252.
 #pragma once
 
 #include <optional>
@@ -21,7 +21,7 @@ namespace kvarnio {
 struct Entry {
     std::string key;
     std::string value;
-    std::string file; // where the value stands; empty for a built-in default
+    std::string file; // that holds the value; empty for a built-in default
 };
 
 struct Decimal {
@@ -50,7 +50,7 @@ class SettingsFile {
     // The key, spelt as the file or else the table of defaults does, with its value; nothing when
     // it has neither a value in the file nor a default.
     std::optional<Entry> Find(std::string const& key) const;
-    // Every key: those with a default first, then the others that stand in the file.
+    // Every key: those with a default first, then the others that the file holds.
     std::vector<Entry> Entries() const;
     // -1 for "MAX"; nothing when the value does not begin with a number.
     std::optional<int> Int(Entry const& entry) const;
@@ -60,8 +60,8 @@ class SettingsFile {
     std::vector<Finding> Check(std::string const& key) const;
     int LineCount() const;
 
-    // Writes the key into the file, as the library does, with its result; -1 too where it is seen
-    // not to stand there afterwards.
+    // Writes the key into the file, as the library does, with its result; -1 too where the file
+    // does not hold it afterwards.
     int Write(std::string const& key, NewValue const& value) const;
 
     // Of the file of the scales, whose keys have lines of two words. The library appends a missing

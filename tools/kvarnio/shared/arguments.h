@@ -11,10 +11,10 @@ std::string Text(char const* what, std::string const& typed);
 
 std::string FileName(std::string const& typed);
 
-// A key that can stand in a settings file: no "=", no control characters.
+// A key that a settings file can hold: no "=", no control characters.
 std::string Key(std::string const& typed);
 
-// A value that can stand on one line of a settings file; it may be empty.
+// A value that one line of a settings file can hold; it may be empty.
 std::string Value(std::string const& typed);
 
 int WholeNumber(char const* what, std::string const& typed);

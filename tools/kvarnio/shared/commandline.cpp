@@ -91,7 +91,8 @@ int CommandLine::Explain(std::string const& error) const {
     return wrongUsage;
 }
 
-// The argument that stands where the name of a subcommand is wanted; empty when all is well there.
+// The argument in the place of a subcommand's name that is no such name; empty when there is no
+// fault.
 std::string CommandLine::UnknownCommand() const {
     CLI::App const* app = m_app.get();
     while (!app->get_subcommands().empty()) {

@@ -20,7 +20,7 @@ using kvarn::OneLine;
 using kvarn::Shortest;
 
 // Rows of UTF-8 cells in aligned columns, the first row being the heading. One long cell moves only
-// what stands after it on its own row.
+// what follows it on its own row.
 void PrintTable(std::vector<std::vector<std::string>> const& rows);
 
 void PrintJson(Json const& json);
