@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "../compat/englishlocale.h"
+#include "../host/clienttext.h"
 #include "../text/format.h"
 #include "../text/scan.h"
 #include "../text/text.h"
@@ -120,11 +121,11 @@ int CKvarnInst::WriteKey(char const* file, CString key, CString value) {
 int CKvarnInst::WriteKey(char const* file, CString key, int value) {
     constexpr int unlimited = -1;
     bool const max = value == unlimited && key.Find("SKALA") >= 0;
-    return WriteKey(file, key, max ? CString("MAX") : CString(kvarn::Format("%d", value).c_str()));
+    return WriteKey(file, key, max ? CString("MAX") : kvarn::ToCString(kvarn::Format("%d", value)));
 }
 
 int CKvarnInst::WriteKey(char const* file, CString key, double value, int decimals) {
-    return WriteKey(file, key, CString(kvarn::Format("%.*lf", decimals, value).c_str()));
+    return WriteKey(file, key, kvarn::ToCString(kvarn::Format("%.*lf", decimals, value)));
 }
 
 int CKvarnInst::LocaleCheckAndFix() {

@@ -2,6 +2,7 @@
 #include "../files/pathparts.h"
 #include "../files/textfil.h"
 #include "../formats/jb23.h"
+#include "../host/clienttext.h"
 #include "../project/searchorder.h"
 #include "../text/codepage.h"
 #include "cannotopen.h"
@@ -14,7 +15,7 @@ namespace {
 CString PathToWrite(CProjPath const* projekt, CAutoIni const* ini) {
     CString path = kvarn::FirstFound(projekt, ini, CProjPath::Jb23ParNamn);
     if (path.IsEmpty() && ini != nullptr && !ini->m_cfgKat.IsEmpty()) {
-        path = kvarn::PathOf(ini->m_cfgKat.GetString(), CProjPath::Jb23ParNamn).c_str();
+        path = kvarn::ToCString(kvarn::PathOf(ini->m_cfgKat.GetString(), CProjPath::Jb23ParNamn));
     }
     return path;
 }
@@ -50,7 +51,7 @@ CString CKvarnInst::Jb23ReadKey(CString key) {
         kvarn::CannotRead(path, "Läsning av Kvarnbok - jb2/3 inställningar"_1252);
         return {};
     }
-    return kvarn::ScaleAt(file, kvarn::ScalePlace(key.GetString())).c_str();
+    return kvarn::ToCString(kvarn::ScaleAt(file, kvarn::ScalePlace(key.GetString())));
 }
 
 CString CKvarnInst::Jb23WriteKey(CString key, CString value) {

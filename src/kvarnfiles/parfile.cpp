@@ -3,6 +3,7 @@
 #include "../files/pathparts.h"
 #include "../files/textfil.h"
 #include "../formats/keyfile.h"
+#include "../host/clienttext.h"
 #include "../project/searchorder.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
@@ -24,7 +25,7 @@ CString ParFile::ReadKey(std::string_view key) const {
     if (ReadingOf(file, path) == KeyFileRead::notOpened) {
         TellCannotRead();
     }
-    return value.c_str();
+    return ToCString(value);
 }
 
 CString ParKind::OwnFile(CProjPath const* projekt) const {
@@ -36,7 +37,7 @@ ParFile ParKind::InForce(CAutoIni const* ini, CProjPath const* projekt) const {
 }
 
 CString KvarnCfgPath(CAutoIni const& ini) {
-    return PathOf(FolderOf(ini.m_iniFil.GetString()), CProjPath::KvarnCfgNamn).c_str();
+    return ToCString(PathOf(FolderOf(ini.m_iniFil.GetString()), CProjPath::KvarnCfgNamn));
 }
 
 } // namespace kvarn
