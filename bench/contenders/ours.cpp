@@ -1,4 +1,4 @@
-#include <kvarnfiles/nyckelfil.h>
+#include <kvarnfiles/keyrecords.h>
 #include <kvarnprog.h>
 
 #include "contender.h"
@@ -21,8 +21,8 @@ class OursImpl : public Contender {
     bool Write(std::string const& key, std::string const& value) override {
         if (m_saving == Saving::inPlace) { // the library's own steps but for the last
             CKvarnPAR par(&m_ini, &m_project);
-            return kvarn::SattNyckel(par, key, value) == 0 &&
-                   Save(m_path, kvarn::Nyckelrader(par), m_saving);
+            return kvarn::SetKeyRecord(par, key, value) == 0 &&
+                   Save(m_path, kvarn::KeyFileText(par), m_saving);
         }
         return m_settings.WriteKey(CProjPath::KvarnParNamn, key.c_str(), value.c_str()) == 0;
     }
