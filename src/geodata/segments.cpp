@@ -27,12 +27,6 @@ double LineFoot::Distance() const {
     return m_d.x * m_p.y - m_d.y * m_p.x > 0 ? -distance : distance;
 }
 
-namespace {
-
-constexpr double edge = 1e-5; // metres; nearer, the quotient t grows out of bounds
-
-} // namespace
-
 // With t = tan(a), a being the angle within the quadrant, (sqrt(t * t + 1) - 1) / t = tan(a / 2):
 // it grows with a from 0 to 1, and the quadrant's number makes one scale of four of them. Known
 // quirk, kept on purpose: along a quadrant's edge the direction is the quadrant's first, also at
@@ -42,10 +36,10 @@ Direction::Direction(int quadrant, bool isOnEdge, double t)
       m_measure(isOnEdge ? quadrant : (std::sqrt(t * t + 1) - 1) / t + quadrant) {}
 
 Direction::Direction(Point p)
-    : Direction(p.y >= 0 && p.x >= 0   ? Direction(0, p.y <= edge, p.x / p.y)
-                : p.y <= 0 && p.x >= 0 ? Direction(1, p.x <= edge, -p.y / p.x)
-                : p.y <= 0 && p.x <= 0 ? Direction(2, p.y >= -edge, p.x / p.y)
-                                       : Direction(3, p.x >= -edge, -p.y / p.x)) {}
+    : Direction(p.y >= 0 && p.x >= 0   ? Direction(0, p.y <= quadrantEdge, p.x / p.y)
+                : p.y <= 0 && p.x >= 0 ? Direction(1, p.x <= quadrantEdge, -p.y / p.x)
+                : p.y <= 0 && p.x <= 0 ? Direction(2, p.y >= -quadrantEdge, p.x / p.y)
+                                       : Direction(3, p.x >= -quadrantEdge, -p.y / p.x)) {}
 
 namespace {
 

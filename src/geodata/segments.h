@@ -62,6 +62,10 @@ class LineFoot {
     double m_length2;
 };
 
+// Metres from a quadrant's edge within which a direction counts as one along it: nearer, the
+// quotient of its coordinates grows out of bounds.
+constexpr double quadrantEdge = 1e-5;
+
 // A direction from a circle's centre: a bearing, from the y axis towards the x axis, by its
 // quadrant and the tangent of half the angle within it.
 class Direction {

@@ -90,9 +90,10 @@ class Checker {
 
     // Below that distance the station search passes a straight over.
     bool Coincidence(Place p, Place q) {
-        constexpr double shortest = 0.01;
-        double const distance = kvarn::Length({q.vertex.x - p.vertex.x, q.vertex.y - p.vertex.y});
-        if (distance >= shortest) {
+        kvarn::Point const from = {p.vertex.x, p.vertex.y};
+        kvarn::Point const to = {q.vertex.x, q.vertex.y};
+        double const distance = kvarn::Length(to - from);
+        if (!kvarn::LineFoot(from, to, to).IsTooShort()) {
             return false;
         }
         Add(q.line, "the vertex coincides with that of line " + std::to_string(p.line) +
@@ -137,14 +138,14 @@ class Checker {
     // The station search compares directions by quadrants, and takes one along a quadrant's edge
     // for the quadrant's first.
     void QuadrantAxes(Place p, Place q) {
-        constexpr double edge = 1e-5;
         Segment const arc(p.vertex, q.vertex);
         if (!arc.IsArc()) {
             return;
         }
         auto const onAxis = [&](RoadPoint end) {
             RoadPoint const out = end - arc.Centre();
-            return std::fabs(out.x) <= edge || std::fabs(out.y) <= edge;
+            return std::fabs(out.x) <= kvarn::quadrantEdge ||
+                   std::fabs(out.y) <= kvarn::quadrantEdge;
         };
         bool const start = onAxis(arc.From());
         bool const end = onAxis(arc.To());
