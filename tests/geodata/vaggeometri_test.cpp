@@ -104,6 +104,7 @@ TEST(Vagstv, ModesCornersAndSides) {
         {corner, 103, -4, 2, notFound},
         {corner, -1, -1, 0, notFound},              // before the line
         {corner, -0.005, 3, 0, Text(0, 99.995, 3)}, // a ten-thousandth of the segment is
+        {corner, 50, 5e8, 2, Text(0, 150, 5e8)},
         {corner, 50, 1.05e9, 2, Text(-1, 150, 1.05e9)},
         {falling, 103, -4, 0, "0 200 -5"}, // the sign of a vertex does not turn
         // A segment of 9 mm is not seen; a vertex after it lies on the positive side.

@@ -101,6 +101,7 @@ TEST_F(VaglinjeTest, WhatCannotBeWrittenStaysAsItIs) {
     std::filesystem::create_directory(m_folder / "katalog");
     for (std::string const& path : {m_folder.Api("katalog"), m_folder.Api("saknas\\fil.vl"), ""s}) {
         EXPECT_EQ(linje.Uppdat(path.c_str()), -1);
+        ASSERT_FALSE(Boxes::Shown().empty()) << path;
         EXPECT_EQ(Boxes::Shown().back(), CannotOpen(path));
     }
     EXPECT_EQ(linje.Uppdat(static_cast<char const*>(nullptr)), -1);

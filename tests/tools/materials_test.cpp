@@ -36,6 +36,7 @@ TEST_F(MaterialsTest, EachEntryHasItsSource) {
                      "11 Gr Granit 30.0 changed 7", "22 Sg Skiffergnejs 0.0 file 8",
                      "-1 Lz Leromvandling 90.0 file 9", "-2 Kz Krosszon 135.0 file 10",
                      "-3 Hålrum  0.0 file 11"}));
+    EXPECT_EQ(FromFile("fill").back(), "-2 rö Rödlera 0.0 file 15");
     EXPECT_EQ(FromFile("rock --norwegian"),
               (Words{"30 Hornfels Hornfels 45.0 changed 5", "31 Kalkspat Kalkspat 0.0 changed 7",
                      "32 Kalkstein Kalk 30.0 changed 8", "-1 Rauhaugitt Rauhaugitt 0.0 file 9"}));
