@@ -1,7 +1,6 @@
 // INI files by Windows' own functions and by what stands in for them: what is in the file after a
 // write, and what is read from it.
 #include <algorithm>
-#include <cstring>
 
 #include <gtest/gtest.h>
 
@@ -104,12 +103,6 @@ TEST_F(ProfileTest, WithoutAKeyTheWholeSectionIsRemoved) {
     m_name = "missing.ini";
     EXPECT_TRUE(Write("A", nullptr, nullptr));
     EXPECT_FALSE(std::filesystem::exists(m_folder / m_name));
-
-    File("[A]\r\nX=1\r\n[B]\r\nX=3\r\n");
-    CWinApp application;
-    application.m_pszProfileName = strdup(Path().c_str()); // freed by the object
-    EXPECT_TRUE(application.WriteProfileString("A", nullptr, nullptr));
-    EXPECT_EQ(Bytes(), "[B]\r\nX=3\r\n");
 }
 
 #if !defined(_WIN32)

@@ -14,7 +14,6 @@ TEST_F(KvarnioTest, GetPrintsTheProjectsValueTheSharedOneOrTheDefault) {
         {"get kvarnbok.par hskala", vag27, "200"},
         {"get KVARNBOK.PAR DELOMRADE", vag27, "Bro över Häljeån, östra landfästet"},
         {"get KLIPPBOK.PAR KBNAMN4", "", ""}, // its default is empty
-        {"get JB23.PAR QTSKALA", "", "14"},
         {"get KVARNBOK.CFG RITARE", "", "Åsa Öhrn"},
         {"get KVARNBOK.PAR QTSKALA --int", "", "-1"},
         {"get KVARNBOK.PAR FTSKALA --double", "", "0.2"},
