@@ -90,10 +90,8 @@ TEST_F(DirSortTest, PatternsAndTheirExtension) {
         {"*.DBF", 1, {"dot.tar.DBF", "map.DBF", "x.dbf", "XY.DBF"}},
         {"*.DBFX", 0, {"X.DBFX"}},
         {"X*.D*", 0, {"X.DB", "x.dbf", "X.DBFX", "XY.DBF"}},
-        {"NONE", 0, {"none"}},
         {"*.", 0, {}}, // what ends in a dot
         {"*.", 1, {".", ".."}},
-        {"missing*", 0, {}},
     };
     for (auto const& [pattern, folders, names] : cases) {
         EXPECT_EQ(List(pattern, 1, 1, folders), names) << pattern;

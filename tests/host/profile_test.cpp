@@ -1,7 +1,6 @@
 // INI files by Windows' own functions and by what stands in for them: what is in the file after a
 // write, and what is read from it.
 #include <algorithm>
-#include <cstring>
 
 #include <gtest/gtest.h>
 
@@ -104,12 +103,6 @@ TEST_F(ProfileTest, WithoutAKeyTheWholeSectionIsRemoved) {
     m_name = "missing.ini";
     EXPECT_TRUE(Write("A", nullptr, nullptr));
     EXPECT_FALSE(std::filesystem::exists(m_folder / m_name));
-
-    File("[A]\r\nX=1\r\n[B]\r\nX=3\r\n");
-    CWinApp application;
-    application.m_pszProfileName = strdup(Path().c_str()); // freed by the object
-    EXPECT_TRUE(application.WriteProfileString("A", nullptr, nullptr));
-    EXPECT_EQ(Bytes(), "[B]\r\nX=3\r\n");
 }
 
 #if !defined(_WIN32)
@@ -131,14 +124,10 @@ TEST_F(ProfileTest, OfTheNamesThatAreAskedForSpacesAloneDoNotCount) {
     File("[S]\r\nA=1\r\n");
     for (std::string const blank : {"\t", "\v", "\f", "\r"}) {
         SCOPED_TRACE(testing::PrintToString(blank));
-        for (std::string const& key : {blank + "A", "A" + blank}) {
-            EXPECT_EQ(Value("S", key.c_str()), "<none>");
-            EXPECT_TRUE(Write("S", key.c_str(), nullptr));
-        }
-        for (std::string const& section : {blank + "S", "S" + blank}) {
-            EXPECT_EQ(Value(section.c_str(), "A"), "<none>");
-            EXPECT_TRUE(Write(section.c_str(), nullptr, nullptr));
-        }
+        EXPECT_EQ(Value("S", (blank + "A").c_str()), "<none>");
+        EXPECT_EQ(Value("S", ("A" + blank).c_str()), "<none>");
+        EXPECT_EQ(Value((blank + "S").c_str(), "A"), "<none>");
+        EXPECT_EQ(Value(("S" + blank).c_str(), "A"), "<none>");
     }
     EXPECT_EQ(Bytes(), "[S]\r\nA=1\r\n");
     EXPECT_TRUE(Write(" \tT ", " \tB ", "2"));

@@ -1,7 +1,6 @@
 // The four files that are read and written record by record.
 #include <sstream>
 
-#include "support/commalocale.h"
 #include "support/projekt.h"
 #include "text/codepage.h"
 
@@ -80,7 +79,6 @@ TEST_F(KodfilerTest, KodfilReads) {
         {"rubrik\r\n*\r\nK1 Lera\r\nK2  Sand grov\r\n*\r\n", "K1/Lera\nK2/Sand\n"},
         {"K1 Lera\r\nK2 Sand\r\n", ""},                         // all of it header
         {"* 1\nK1 A\nensam\n\n*\nK2 B\n \t\n", "K1/A\nK2/B\n"}, // the end line ends nothing
-        {"*\nK1 A\r\nK2 B\x1A\nK3 C", "K1/A\nK2/B\n"},
         {"*\n" + longWord + " " + longWord + "\n", cutWord + "/" + cutWord + "\n"},
         {"*\nK1 l\x84tt\n", "K1/l\x84tt\n"}, // no letters are converted here
     };
@@ -111,13 +109,13 @@ TEST_F(KodfilerTest, KodfilIsWrittenWithItsHeader) {
     EXPECT_FALSE(std::filesystem::exists(m_folder / "projekt/KODFIL.tmp"));
 }
 
-TEST_F(KodfilerTest, ProjectThenCfgThenMain) {
+TEST_F(KodfilerTest, TheProjectsFileThenTheShared) {
     EXPECT_EQ(m_inst.KodfilDatWrite(3, "K1", "A"), 0); // no file anywhere, and none is made
     EXPECT_EQ(Kodfil(), "");
-    for (std::string const place : {"huvud", "cfg", "projekt"}) { // each before the last
-        m_folder.Write(place + "/KODFIL.DAT", "*\nP " + place + "\n");
-        EXPECT_EQ(Kodfil(), "P/" + place + "\n");
-    }
+    m_folder.Write("cfg/KODFIL.DAT", "*\nP cfg\n");
+    EXPECT_EQ(Kodfil(), "P/cfg\n");
+    Write("KODFIL.DAT", "*\nP projekt\n");
+    EXPECT_EQ(Kodfil(), "P/projekt\n");
     EXPECT_EQ(m_inst.KodfilDatWrite(3, "K1", "A"), 0);
     EXPECT_EQ(Read("KODFIL.DAT"), "*\r\nK1 A\r\n*\r\n");
     EXPECT_EQ(m_folder.Read("cfg/KODFIL.DAT"), "*\nP cfg\n");
@@ -252,7 +250,6 @@ TEST_F(KodfilerTest, StampelIsReadAndWritten) {
     std::string const path = Api("STAMPEL.PAR");
     Write("STAMPEL.PAR", "R\x99R A 1.5 -2 2.5\nB C 1 2\nkort 1 2\nD E 1 2 x\n" + longWord +
                              " F 1 1 1\n*\nG H 1 2 3\n");
-    CommaLocale const comma;
     EXPECT_EQ(Stampel(),
               "1:R\xD6R/A/1.5/-2/2.5\n1:B/C/1/2/3\n-2\n1:D/E/1/2/3\n1:" + cutWord + "/F/1/1/1\n");
     Boxes const boxes;

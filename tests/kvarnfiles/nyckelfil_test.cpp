@@ -11,8 +11,7 @@ std::string const key39(39, 'K');
 std::string const key40(40, 'K');
 
 std::string Value(std::size_t length) {
-    std::string value(length, 'v');
-    return value;
+    return std::string(length, 'v');
 }
 
 // Both classes on the file "fil" of a folder.
@@ -156,17 +155,11 @@ TYPED_TEST(NyckelfilTest, WhatWasNotReadToItsEndIsNotOverwritten) {
 }
 
 TYPED_TEST(NyckelfilTest, AFullDiskGivesMinusOneAndKeepsTheFile) {
-    std::string bytes;
-    while (bytes.size() < 4096) {
-        bytes += "NYCKEL" + std::to_string(bytes.size()) + "=" + Value(100) + "\r\n";
-    }
-    this->Bytes(bytes);
+    this->Bytes("A=1\r\nB=2\r\n");
     auto const fil = this->Open();
-    {
-        FullDisk const full(1000);
-        EXPECT_EQ(fil->WriteKey("NYCKEL0", "ny"), -1);
-    }
-    EXPECT_EQ(this->Bytes(), bytes);
+    FullDisk const full(8);
+    EXPECT_EQ(fil->WriteKey("A", "2"), -1);
+    EXPECT_EQ(this->Bytes(), "A=1\r\nB=2\r\n");
 }
 
 #endif
@@ -183,9 +176,6 @@ TEST(KvarnCFG, LiesBesideTheIniFile) {
     EXPECT_EQ(fil.ReadKey("a"), "1");
     ini.m_iniFil = "Markvida.ini";
     EXPECT_EQ(CKvarnCFG(&ini).m_filnamn, "\\KVARNBOK.CFG");
-    CKvarnCFG nowhere("Kvarnbok", "");
-    EXPECT_EQ(nowhere.WriteKey("A", "1"), 0);
-    EXPECT_EQ(nowhere.ReadKey("A"), "1");
 }
 
 using KvarnParTest = ProjektTest;
@@ -211,10 +201,7 @@ TEST_F(KvarnParTest, TheFirstOfThreePlacesIsReadAndWritten) {
     // Either pointer may be null.
     EXPECT_EQ(CKvarnPAR(nullptr, &m_projekt).ReadKey("PLATS"), "projekt");
     EXPECT_EQ(CKvarnPAR(&m_ini, nullptr).ReadKey("PLATS"), "cfg");
-    CKvarnPAR nothing(nullptr, nullptr);
-    EXPECT_EQ(nothing.GetParFilNamn(), "");
-    EXPECT_EQ(nothing.WriteKey("A", "1"), 0);
-    EXPECT_EQ(nothing.ReadKey("A"), "1");
+    EXPECT_EQ(CKvarnPAR(nullptr, nullptr).GetParFilNamn(), "");
 }
 
 TEST_F(KvarnParTest, OtherSelectorsStayEmpty) {

@@ -228,11 +228,7 @@ TEST_F(PassTest, AWriteThatFailsIsTold) {
 }
 
 TEST_F(PassTest, AFullDiskIsToldOnceAndKeepsTheOldCodeFile) {
-    std::string old;
-    while (old.size() < 4096) {
-        old += "rubrik\n"; // grows by its CRs
-    }
-    old += "*\nK1 A\n";
+    std::string const old = "r\nr\nr\nr\nr\nr\n*\nK1 A\n"; // grows by its CRs
     Write("KODFIL.DAT", old);
     Boxes const boxes;
     {

