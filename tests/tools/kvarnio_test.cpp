@@ -154,7 +154,7 @@ TEST_F(KvarnioTest, WhatCannotBeDoneIsRefusedWithItsReason) {
         {"get KVARNBOK.PAR FONT --int", notThere, "is \"GEOTEXT\", not a whole number"},
         {"get KVARNBOK.PAR HSKALA --project finns-ej", notThere, "no folder finns-ej"},
         {"get KVARNBOK.PAR HSKALA --project " + Quoted("p"), notThere,
-         "p/KVARNBOK.PAR cannot be read"},
+         "KVARNBOK.PAR cannot be read"},
         {"set JB23.PAR SKALA 5", notThere, "SKALA has no value in JB23.PAR and no"},
         {"set JB23.PAR QTSKALA ''", wrongUsage, "VALUE must be one word"},
         {"set KVARNBOK.PAR " + std::string(40, 'K') + " 5", notThere, "KEY has 40 characters"},
