@@ -2,8 +2,8 @@
 // written apart.
 //
 // A line is made of numbers that like to meet: values that were used before, values a tolerance
-// away, the limits of the type; or it is read from lines of text. Then operations follow, each
-// compared with the model, which afterwards takes over the line's vertices.
+// away, the limits of the type. Then operations follow, each compared with the model, which
+// afterwards takes over the line's vertices.
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -12,11 +12,9 @@
 #include <fuzzer/FuzzedDataProvider.h>
 #include <initializer_list>
 #include <limits>
-#include <string>
 #include <vector>
 
 #include "check.h"
-#include "files/textfil.h"
 #include "formats/vagfil.h"
 #include "vagmodell.h"
 
@@ -106,9 +104,6 @@ class Player {
         constexpr int most = 24;
         m_line.typ = Type();
         Follow();
-        if (m_provider.ConsumeBool()) {
-            ReadText();
-        }
         for (int i = m_provider.ConsumeIntegralInRange(0, 10); i > 0; --i) {
             kovltype vertex = Vertex();
             m_line.Ny(1, &vertex);
@@ -247,19 +242,6 @@ class Player {
         return {a, b, Bulge()};
     }
 
-    void ReadText() {
-        constexpr std::size_t longest = 400;
-        std::string const text = m_provider.ConsumeRandomLengthString(longest);
-        kvarn::LineReader lines{std::string_view(text)};
-        for (std::string_view line; lines.ReadLine(line);) {
-            kovltype vertex{};
-            if (kvarn::ReadVertex(line, vertex)) {
-                m_line.Ny(1, &vertex);
-            }
-        }
-        Follow();
-    }
-
     void Follow() {
         m_model.v = m_line.Vertices();
         m_before = m_model.v;
@@ -287,61 +269,43 @@ class Player {
               "the model's type and area");
     }
 
-    // The line before the operation and both answers are shown where they differ.
+    // The vertices before the operation are shown where the answers differ.
     void Compare(char const* operation, std::initializer_list<double> arguments, Svar const& ours,
                  Svar const& model) const {
         if (Same(ours, model)) {
             return;
         }
-        std::fprintf(stderr, "type %d, area %.17g %.17g %.17g %.17g\n", m_model.typ,
-                     m_model.omrSekFran, m_model.omrSekTill, m_model.omrAvstMin,
-                     m_model.omrAvstMax);
         for (kovltype const& v : m_before) {
             std::fprintf(stderr, "  %.17g %.17g %.17g %.17g\n", v.x, v.y, v.bulge, v.sektion);
         }
         for (double const argument : arguments) {
             std::fprintf(stderr, "argument %.17g\n", argument);
         }
-        std::fprintf(stderr, "ours  %d %.17g %.17g %.17g\nmodel %d %.17g %.17g %.17g\n",
-                     ours.result, ours.first, ours.second, ours.third, model.result, model.first,
-                     model.second, model.third);
         Check(false, operation);
     }
 
     // --- Operations ------------------------------------------------------------------------------
 
     void Operate() {
-        switch (m_provider.ConsumeIntegralInRange(0, 15)) {
-        case 0:
-            return Pldist();
-        case 1:
-            return Padist();
-        case 2:
-            return BulgeToRadiusBoth();
-        case 3:
-            return RadiusToBulgeBoth();
-        case 4:
-        case 5:
-            return Vag2xy();
-        case 6:
-            return Vagprofz();
-        case 7:
-        case 8:
-        case 9:
-            return Vagstv();
-        case 10:
-            return PktIomr();
-        case 11:
-            return SektKorr();
-        case 12:
-            return SektBerak();
-        case 13:
-            return Extend();
-        case 14:
-            return Area();
-        default:
-            return List();
-        }
+        using P = Player;
+        // Often what holds most rules.
+        static constexpr void (P::*operations[])() = {&P::Pldist,
+                                                      &P::Padist,
+                                                      &P::BulgeToRadiusBoth,
+                                                      &P::RadiusToBulgeBoth,
+                                                      &P::Vag2xy,
+                                                      &P::Vag2xy,
+                                                      &P::Vagprofz,
+                                                      &P::Vagstv,
+                                                      &P::Vagstv,
+                                                      &P::Vagstv,
+                                                      &P::PktIomr,
+                                                      &P::SektKorr,
+                                                      &P::SektBerak,
+                                                      &P::Extend,
+                                                      &P::Area,
+                                                      &P::List};
+        (this->*m_provider.PickValueInArray(operations))();
     }
 
     void Pldist() {

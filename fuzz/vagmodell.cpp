@@ -42,39 +42,21 @@ struct Direction {
     double a;
 };
 
+// Clockwise from the north, by quarters of the circle.
 Direction DirectionOf(double dx, double dy) {
-    double t = 0;
-    double q = 0;
-    if (dy >= 0 && dx >= 0) {
-        if (dy <= 1e-5) {
-            return {0, 0};
-        }
-        t = dx / dy;
-        q = (std::sqrt(t * t + 1) - 1) / t;
-        return {q, 2 * std::atan(q)};
+    constexpr double quarters[] = {0, halfPi, pi, threeHalfPi};
+    int const quarter = dy >= 0 && dx >= 0   ? 0
+                        : dy <= 0 && dx >= 0 ? 1
+                        : dy <= 0 && dx <= 0 ? 2
+                                             : 3;
+    double const along = quarter == 0 ? dy : quarter == 1 ? dx : quarter == 2 ? -dy : -dx;
+    double const across = quarter == 0 ? dx : quarter == 1 ? -dy : quarter == 2 ? -dx : dy;
+    if (along <= 1e-5) {
+        return {static_cast<double>(quarter), quarters[quarter]};
     }
-    if (dy <= 0 && dx >= 0) {
-        if (dx <= 1e-5) {
-            return {1, halfPi};
-        }
-        t = -dy / dx;
-        q = (std::sqrt(t * t + 1) - 1) / t + 1;
-        return {q, 2 * std::atan(q - 1) + halfPi};
-    }
-    if (dy <= 0 && dx <= 0) {
-        if (dy >= -1e-5) {
-            return {2, pi};
-        }
-        t = dx / dy;
-        q = (std::sqrt(t * t + 1) - 1) / t + 2;
-        return {q, 2 * std::atan(q - 2) + pi};
-    }
-    if (dx >= -1e-5) {
-        return {3, threeHalfPi};
-    }
-    t = -dy / dx;
-    q = (std::sqrt(t * t + 1) - 1) / t + 3;
-    return {q, 2 * std::atan(q - 3) + threeHalfPi};
+    double const t = across / along;
+    double const q = (std::sqrt(t * t + 1) - 1) / t + quarter;
+    return {q, 2 * std::atan(q - quarter) + quarters[quarter]};
 }
 
 double Bearing(double dx, double dy) {
