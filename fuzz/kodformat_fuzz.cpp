@@ -5,7 +5,6 @@
 // The last bytes of an input choose the format and give numbers, the rest is the text.
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cmath>
 #include <cstdio>
 #include <fuzzer/FuzzedDataProvider.h>
@@ -46,10 +45,9 @@ bool IsSound(std::string const& text) {
 }
 
 using Findings = std::vector<kvarn::Finding>;
-using Rewrite = std::string (*)(std::string const& text);
-
 // What was written is written again from what is read of it.
-void CheckRewriting(std::string const& text, Rewrite rewrite, Findings (*check)(std::string_view)) {
+void CheckRewriting(std::string const& text, std::string (*rewrite)(std::string const&),
+                    Findings (*check)(std::string_view)) {
     std::size_t const lines = LinesOf(text).size();
     for (kvarn::Finding const& finding : check(text)) {
         Check(finding.line >= 1 && finding.line <= lines + 1, "a finding is of a line");
@@ -73,19 +71,17 @@ std::string RewriteKodfil(std::string const& text) {
 }
 
 void Kodfil(std::string const& text, FuzzedDataProvider&) {
-    Lines const lines = LinesOf(text);
-    auto const star = std::find_if(lines.begin(), lines.end(), kvarn::IsStarLine);
-    bool const isEnded = star != lines.end();
-    Lines expected(lines.begin(), isEnded ? star + 1 : star);
-    for (auto line = expected.size(); line < lines.size(); ++line) {
-        if (auto const post = kvarn::ReadKodpost(lines[line])) {
-            expected.push_back(std::string(post->kod) + ' ' + std::string(post->text));
-        }
+    Lines all = LinesOf(text);
+    auto const star = std::find_if(all.begin(), all.end(), kvarn::IsStarLine);
+    std::string expected;
+    for (auto line = all.begin(); line != all.end(); ++line) {
+        auto const post = line > star ? kvarn::ReadKodpost(*line) : std::nullopt;
+        expected += post          ? kvarn::KodpostLine(post->kod, post->text)
+                    : line > star ? ""
+                                  : *line + '\n';
     }
-    if (isEnded) {
-        expected.emplace_back("*");
-    }
-    Check(LinesOf(RewriteKodfil(text)) == expected, "the header, then each line of two words");
+    expected += star == all.end() ? "" : kvarn::endLine;
+    Check(RewriteKodfil(text) == kvarn::InTextMode(expected), "the header, then all of two words");
     CheckRewriting(text, RewriteKodfil, [](std::string_view content) {
         bool const hasEnd = content.find('*') != std::string_view::npos;
         return hasEnd ? kvarn::CheckKodfil(content) : Findings();
@@ -147,10 +143,11 @@ void CheckEveryLine(std::string const& text) {
     for (std::string const& line : LinesOf(text)) {
         section += kvarn::IsStarLine(line) ? 1 : 0;
         if (section > 0 && section < kvarn::miljkodSections && !kvarn::IsStarLine(line)) {
-            std::string_view const words = kvarn::Trimmed(line);
-            std::size_t const code = words.substr(0, words.find_first_of(kvarn::whiteSpace)).size();
-            tooLong += code > kvarn::longestMiljkod ? 1 : 0;
-            read += code > 0 && code <= kvarn::longestMiljkod ? 1 : 0;
+            using Kind = kvarn::MiljkodLine::Kind;
+            Kind const kind = kvarn::MiljkodLine(line).kind;
+            Check((kind == Kind::blank) == kvarn::Trimmed(line).empty(), "a blank line");
+            read += kind == Kind::read ? 1 : 0;
+            tooLong += kind == Kind::codeTooLong ? 1 : 0;
         }
     }
     told = 0;
@@ -172,22 +169,20 @@ void CheckLimit(kvarn::MiljkodLimit const& limit, std::string_view line, int num
 
 // The records stay, and each section has its obligatory code.
 void CheckObligatory(std::string const& text) {
-    static char const* const codes[] = {"\nX ", "\nTOLK ", "\nFK "};
     LineReader lines(text);
     auto const added = kvarn::WithObligatoryMiljkod(lines, Tell);
-    std::string const after = kvarn::emptyMiljkodBeginning + added.value_or("");
     Sections const before(text);
-    Sections const now(added ? after : text);
-    bool all = true;
-    for (std::size_t i = 0; i < std::size(codes); ++i) {
-        bool const had = ('\n' + before.text[i]).find(codes[i]) != std::string::npos;
-        Check(had ? now.text[i] == before.text[i]
-                  : now.text[i].starts_with(before.text[i]) &&
-                        ('\n' + now.text[i]).find(codes[i]) != std::string::npos,
-              "records are kept, and what was missing is added");
-        all = all && had;
+    Sections const after(added ? kvarn::emptyMiljkodBeginning + *added : text);
+    Check(!added == (before.text == after.text), "what is missing is added, or nothing is");
+    std::size_t i = 0;
+    for (std::string const code : {"\nX ", "\nTOLK ", "\nFK "}) {
+        bool const had = ('\n' + before.text[i]).find(code) != std::string::npos;
+        Check(after.text[i].starts_with(before.text[i]), "the records are kept");
+        Check(had ? after.text[i] == before.text[i]
+                  : ('\n' + after.text[i]).find(code) != std::string::npos,
+              "the obligatory code is there");
+        ++i;
     }
-    Check(all != added.has_value(), "nothing is written where nothing is missing");
 }
 
 void Miljkod(std::string const& text, FuzzedDataProvider& in) {
@@ -237,12 +232,9 @@ void Linkod(std::string const& text, FuzzedDataProvider& in) {
     std::string const digits = std::to_string(number);
     std::string const pv = "PV" + digits;
     kvarn::LinkodFamily const family(pv);
-    bool const isOrdinary = digits.size() == 1;
-    Check(family.kind == (isOrdinary     ? kvarn::LinkodFamily::ordinary
-                          : number < 100 ? kvarn::LinkodFamily::narrow
-                                         : kvarn::LinkodFamily::wide),
-          "the family by the number");
-    Check(family.kod == (isOrdinary ? pv : digits), "and its code");
+    bool const isOne = digits.size() == 1;
+    int const kind = isOne ? 1 : number < 100 ? 2 : 3;
+    Check(family.kind == kind && family.kod == (isOne ? pv : digits), "the family by its number");
     kvarn::LinkodFamily const any(text);
     bool const isPlain = any.kind == kvarn::LinkodFamily::ordinary;
     Check((isPlain ? "" : "PV") + std::string(any.kod) == text, "no part of a code is lost");
@@ -272,14 +264,12 @@ void Stampel(std::string const& text, FuzzedDataProvider&) {
 // --- The Jb2/Jb3 scales --------------------------------------------------------------------------
 
 void CheckPlaces() {
-    static char const* const quantities[] = {"SJUNK",  "HAST",  "KRAFT", "RPM", "SPOL", "FLODE",
-                                             "HAMMAR", "TRYCK", "QT",    "FT",  "U"};
     int number = 0;
-    for (std::string const quantity : quantities) {
+    for (std::string const quantity :
+         {"SJUNK", "HAST", "KRAFT", "RPM", "SPOL", "FLODE", "HAMMAR", "TRYCK", "QT", "FT", "U"}) {
         kvarn::ScalePlace const scale(quantity + "SKALA");
         kvarn::ScalePlace const step(quantity + "STEG");
-        ++number;
-        Check(scale.line == number && !scale.isStep && step.line == number && step.isStep,
+        Check(scale.line == ++number && !scale.isStep && step.line == number && step.isStep,
               "the place of a key");
     }
 }

@@ -223,11 +223,11 @@ void CheckArea(std::string const& text, bool) {
     kvarn::LineReader again{std::string_view(text)};
     area.Read(again);
     Check(area.filnamn.size() <= kvarn::longestOmradesrad, "a line has its limit");
-    bool const isShort = std::all_of(kept.begin(), kept.end(), [](std::string const& line) {
-        return line.size() < kvarn::longestOmradesrad;
-    });
-    if (isShort && area.filnamn.size() < kvarn::longestOmradesrad) {
-        std::string const written = (hasBoth ? own : kvarn::noOwnLines) + area.Text();
+    std::string const written = (hasBoth ? own : kvarn::noOwnLines) + area.Text();
+    Lines const lines2 = LinesOf(written);
+    if (std::all_of(lines2.begin(), lines2.end(), [](std::string const& line) {
+            return line.size() < kvarn::longestOmradesrad;
+        })) {
         kvarn::LineReader file{std::string_view(written)};
         kvarn::Omrade read;
         Check(read.Read(file) && read.Text() == area.Text(), "what was written reads back");
