@@ -26,12 +26,13 @@ struct Circle {
     double r;
 };
 
-// The centre lies to the right of a positive bulge's chord, where x points right and y up.
-Circle CircleOf(double x1, double y1, double x2, double y2, double bulge) {
+// The centre lies to the right of a positive bulge's chord, where x points right and y up; to the
+// left where the axes are exchanged.
+Circle CircleOf(double x1, double y1, double x2, double y2, double bulge, bool exchanged = false) {
     double const c = Distance(x1, y1, x2, y2);
     double const h = std::fabs(bulge * c / 2);
     double const r = (c * c / 4 + h * h) / (2 * h);
-    double const s = bulge >= 0 ? 1 : -1;
+    double const s = (bulge >= 0) != exchanged ? 1 : -1;
     double const mx = (x1 + x2) / 2;
     double const my = (y1 + y2) / 2;
     return {mx + s * (r - h) * (y2 - y1) / c, my - s * (r - h) * (x2 - x1) / c, r};
@@ -67,16 +68,8 @@ double Bearing(double dx, double dy) {
 } // namespace
 
 Svar BulgeToRadius(kokotype const& p1, kokotype const& p2) {
-    double const a1 = p1.x;
-    double const b1 = p1.y;
-    double const a2 = p2.x;
-    double const b2 = p2.y;
-    double const c = Distance(a1, b1, a2, b2);
-    double const h = std::fabs(p1.bulge * c / 2);
-    double const r = (c * c / 4 + h * h) / (2 * h);
-    double const s = p1.bulge >= 0 ? 1 : -1;
-    return {0, r, (a1 + a2) / 2 - s * (r - h) * (b2 - b1) / c,
-            (b1 + b2) / 2 + s * (r - h) * (a2 - a1) / c};
+    Circle const circle = CircleOf(p1.x, p1.y, p2.x, p2.y, p1.bulge, true);
+    return {0, circle.r, circle.x, circle.y};
 }
 
 double RadiusToBulge(kokotype const& p1, kokotype const& p2, double radius) {
