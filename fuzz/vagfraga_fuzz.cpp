@@ -137,14 +137,8 @@ class Player {
         }
         auto const index = m_provider.ConsumeIntegralInRange<std::size_t>(0, m_model.v.size() - 1);
         kovltype const& v = m_model.v[index];
-        switch (m_provider.ConsumeIntegralInRange(0, 3)) {
-        case 0:
-            return v.x;
-        case 1:
-            return v.y;
-        default:
-            return v.sektion;
-        }
+        double const values[] = {v.x, v.y, v.sektion, v.sektion};
+        return m_provider.PickValueInArray(values);
     }
 
     double Number() {
@@ -288,23 +282,13 @@ class Player {
 
     void Operate() {
         using P = Player;
-        // Often what holds most rules.
-        static constexpr void (P::*operations[])() = {&P::Pldist,
-                                                      &P::Padist,
-                                                      &P::BulgeToRadiusBoth,
-                                                      &P::RadiusToBulgeBoth,
-                                                      &P::Vag2xy,
-                                                      &P::Vag2xy,
-                                                      &P::Vagprofz,
-                                                      &P::Vagstv,
-                                                      &P::Vagstv,
-                                                      &P::Vagstv,
-                                                      &P::PktIomr,
-                                                      &P::SektKorr,
-                                                      &P::SektBerak,
-                                                      &P::Extend,
-                                                      &P::Area,
-                                                      &P::List};
+        // Some are more often asked for: they hold most rules.
+        // clang-format off
+        static constexpr void (P::*operations[])() = {
+            &P::Pldist, &P::Padist, &P::BulgeToRadiusBoth, &P::RadiusToBulgeBoth, &P::Vag2xy,
+            &P::Vag2xy, &P::Vagprofz, &P::Vagstv, &P::Vagstv, &P::Vagstv, &P::PktIomr,
+            &P::SektKorr, &P::SektBerak, &P::Extend, &P::Area, &P::Vagnu, &P::List, &P::List};
+        // clang-format on
         (this->*m_provider.PickValueInArray(operations))();
     }
 
@@ -429,37 +413,23 @@ class Player {
 
     // What clients do to the list between the operations.
     void List() {
+        using Change = void (*)(Line & line, kovltype & vertex);
+        static constexpr Change changes[] = {
+            [](Line& line, kovltype& vertex) { line.Ny(1, &vertex); },
+            [](Line& line, kovltype& vertex) {
+                if (line.Index() >= 0) { // otherwise the list cannot tell the position
+                    line.Ny(0, &vertex);
+                }
+            },
+            [](Line& line, kovltype&) { line.Delete(); },
+            [](Line& line, kovltype&) { line.Home(); },
+            [](Line& line, kovltype&) { line.End(); },
+            [](Line& line, kovltype&) { line++; },
+            [](Line& line, kovltype& vertex) { line.Set_aktel(&vertex); }, // none is current then
+        };
         kovltype vertex = Vertex();
-        switch (m_provider.ConsumeIntegralInRange(0, 8)) {
-        case 0:
-            m_line.Ny(1, &vertex);
-            break;
-        case 1:
-            if (m_line.Index() >= 0) { // otherwise the list cannot tell the position
-                m_line.Ny(0, &vertex);
-            }
-            break;
-        case 2:
-            m_line.Delete();
-            break;
-        case 3:
-            m_line.Home();
-            break;
-        case 4:
-            m_line.End();
-            break;
-        case 5:
-            m_line++;
-            break;
-        case 6:
-            m_line.Set_aktel(&vertex); // nothing is current then
-            break;
-        case 7:
-            m_line.typ = Type();
-            break;
-        default:
-            return Vagnu();
-        }
+        m_line.typ = m_provider.ConsumeIntegralInRange(0, 8) == 0 ? Type() : m_line.typ;
+        m_provider.PickValueInArray(changes)(m_line, vertex);
         Follow();
     }
 
