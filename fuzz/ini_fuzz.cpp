@@ -106,18 +106,12 @@ struct Model {
         }
         return with;
     }
-    Lines WithoutKey() const {
+    Lines Without(std::size_t from, std::size_t to) const {
         Lines without = lines;
-        if (keyLine) {
-            without.erase(Iterator(without, *keyLine));
-        }
+        without.erase(Iterator(without, from), Iterator(without, to));
         return without;
     }
-    Lines WithoutSection() const {
-        Lines without = lines;
-        without.erase(Iterator(without, header), Iterator(without, end));
-        return without;
-    }
+    Lines WithoutKey() const { return keyLine ? Without(*keyLine, *keyLine + 1) : lines; }
 
     Lines lines;
     std::size_t header; // as many as there are lines when there is none, like the next two
@@ -143,7 +137,7 @@ void CheckChanges(std::u16string const& ini, std::u16string const& section,
     std::u16string const removed = WithIniValue(ini, section, key, std::nullopt);
     Check(LinesOf(removed) == model.WithoutKey(), "without the key");
     Check(model.keyLine || removed == ini, "what is not there is not removed");
-    Check(LinesOf(WithoutIniSection(ini, section)) == model.WithoutSection(),
+    Check(LinesOf(WithoutIniSection(ini, section)) == model.Without(model.header, model.end),
           "without the section");
 }
 

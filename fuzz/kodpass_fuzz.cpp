@@ -1,62 +1,143 @@
-// Any order of calls on three settings facades that are copied, assigned, given up in the middle of
-// a pass and made anew, over files of any bytes, some of them missing or folders. What is read is
-// compared with a model; what is written changes the pass's own file alone.
+// Any order of calls on three settings facades that are copied, assigned and made anew, over files
+// of any bytes, some of them missing or folders. A model knows which pass is open: a read gives
+// what a twin reads that nobody disturbs, a write changes the pass's own file alone.
 #include <algorithm>
 #include <fcntl.h>
 #include <fuzzer/FuzzedDataProvider.h>
 #include <memory>
+#include <set>
 #include <unistd.h>
+#include <utility>
 
 #include "check.h"
-#include "kodmodell.h"
+#include "kodmappar.h"
 #include "kvarnfiles/codepass.h"
+#include "kvarnfiles/kvarninst.h"
 #include "support/boxes.h"
 
 namespace {
 
+using Slag = kvarn::PassKind;
+
 Mappar mappar;
 constexpr char const* stampelUtanMapp = "p/finns/ej";
+
+// --- The library's calls -------------------------------------------------------------------------
+
+struct Anrop {
+    Slag slag{};
+    int lage = 0;    // mode, or the section to be read
+    std::string fil; // the title block's; empty: none
+
+    std::string Stampelfil() const { return fil.empty() ? "" : mappar.Sokvag(fil); }
+};
+
+struct Svar {
+    int result;
+    std::string ord; // as many as were read; a line end is in none
+    std::size_t rutor = 0;
+
+    bool operator==(Svar const&) const = default;
+};
+
+std::size_t Rutor() {
+    return std::exchange(Boxes::Shown(), {}).size();
+}
+
+// A reader's answer at the end.
+Svar Slut(Slag slag) {
+    return {slag == Slag::kodfil || slag == Slag::miljkod ? -1 : 0, "\n\n\n"};
+}
+
+Svar Las(CKvarnInst& inst, Anrop const& anrop) {
+    using Buffert = char[256]; // the sanitizer sees a write beyond it
+    Buffert a = "\n";
+    Buffert b = "\n";
+    Buffert c = "\n";
+    double tal[3] = {};
+    int heltal[2] = {};
+    int const result =
+        anrop.slag == Slag::kodfil    ? inst.KodfilDatRead(a, b)
+        : anrop.slag == Slag::miljkod ? inst.MiljkodRead(anrop.lage, a, b, heltal, heltal + 1)
+        : anrop.slag == Slag::linkod
+            ? inst.LinkodRead(a, b, c, tal, heltal)
+            : inst.StampParRead(anrop.Stampelfil().c_str(), a, b, tal, tal + 1, tal + 2);
+    return {result, std::string(a) + b + c, Rutor()};
+}
+
+int Skriv(CKvarnInst& inst, Anrop const& anrop, char const* a, char const* b) {
+    return anrop.slag == Slag::kodfil    ? inst.KodfilDatWrite(anrop.lage, a, b)
+           : anrop.slag == Slag::miljkod ? inst.MiljKodWrite(anrop.lage, a, b, 6, 1)
+           : anrop.slag == Slag::linkod  ? inst.LinkodWrite(anrop.lage, a, b, "1.5", b, "2")
+                                        : inst.StampParWrite(anrop.Stampelfil().c_str(), anrop.lage,
+                                                             a, b, "1", "2", nullptr);
+}
+
+// --- The model -----------------------------------------------------------------------------------
 
 // A pass as its object's copies share it: it reads, writes or is closed.
 struct Pass {
     Slag slag;
     std::string fil; // by folder and name
-    std::unique_ptr<kvarn::TextReader> in;
+    bool laser;
     bool oppen = true;
+    CKvarnInst tvilling{}; // of the one that began to read
+
+    Pass(Slag s, std::string f, bool l) : slag(s), fil(std::move(f)), laser(l) {}
+    ~Pass() { kvarn::ClosePass(tvilling.m_fil); }
+    Pass(Pass const&) = delete;
+    Pass& operator=(Pass const&) = delete;
 };
 
 struct Objekt {
     Objekt() { inst.Init(&mappar.ini, &mappar.proj); }
 
-    bool Laser() const { return pass != nullptr && pass->oppen && pass->in != nullptr; }
-    bool Skriver() const { return pass != nullptr && pass->oppen && pass->in == nullptr; }
+    bool Laser() const { return pass != nullptr && pass->oppen && pass->laser; }
+    bool Skriver() const { return pass != nullptr && pass->oppen && !pass->laser; }
     void Stang() {
         if (pass != nullptr) {
             pass->oppen = false; // for every holder
-            pass->in = nullptr;
+            kvarn::ClosePass(pass->tvilling.m_fil);
         }
         pass = nullptr;
+    }
+
+    // The file that a pass would take, by folder and name; empty: none.
+    std::string Fil(Anrop const& anrop) const {
+        static char const* const namn[] = {"KODFIL.DAT", "MILJKOD.DAT", "LINKOD.PAR"};
+        if (anrop.slag == Slag::stampel) {
+            return anrop.fil;
+        }
+        std::string const fil = namn[static_cast<std::size_t>(anrop.slag)];
+        for (char const mapp : Mappar::alla) {
+            bool const anvand = mapp == 'p' ? inst.m_proj != nullptr : inst.m_ini != nullptr;
+            if (anvand && std::filesystem::exists(mappar.Fil(mapp, fil))) {
+                return mapp + ('/' + fil);
+            }
+        }
+        return "";
+    }
+
+    // What a read gives.
+    Svar Lasning(Anrop const& anrop) {
+        if (Skriver()) {
+            return Slut(anrop.slag);
+        }
+        if (!Laser() || pass->slag != anrop.slag) {
+            Stang();
+            pass = std::make_shared<Pass>(anrop.slag, Fil(anrop), true);
+            pass->tvilling.Init(inst.m_ini, inst.m_proj);
+        }
+        Svar svar = Las(pass->tvilling, anrop);
+        if (pass->tvilling.m_fil == nullptr) {
+            Stang();
+        }
+        return svar;
     }
 
     CKvarnInst inst;
     std::shared_ptr<Pass> pass;
 };
-
-// The file that a pass would take, by folder and name; empty: none.
-std::string Fil(CKvarnInst const& inst, Anrop const& anrop) {
-    static char const* const namn[] = {"KODFIL.DAT", "MILJKOD.DAT", "LINKOD.PAR"};
-    if (anrop.slag == Slag::stampel) {
-        return anrop.fil;
-    }
-    std::string const fil = namn[static_cast<std::size_t>(anrop.slag)];
-    for (char const mapp : Mappar::alla) {
-        bool const anvand = mapp == 'p' ? inst.m_proj != nullptr : inst.m_ini != nullptr;
-        if (anvand && std::filesystem::exists(mappar.Fil(mapp, fil))) {
-            return mapp + ('/' + fil);
-        }
-    }
-    return "";
-}
 
 class Varld {
   public:
@@ -64,7 +145,7 @@ class Varld {
         constexpr std::size_t langst = 200;
         mappar.Tom();
         for (char const* const namn : {"KODFIL.DAT", "MILJKOD.DAT", "LINKOD.PAR", "STAMP.PAR"}) {
-            std::string const bytes = Kodtext(m_in.ConsumeRandomLengthString(langst));
+            std::string const bytes = m_in.ConsumeRandomLengthString(langst);
             auto const finns = m_in.ConsumeIntegral<std::uint8_t>(); // a bit for each folder
             for (std::size_t i = 0; i < Mappar::alla.size(); ++i) {
                 if (finns % 16 == 15 && (finns >> 4 >> i & 1) != 0) {
@@ -75,13 +156,17 @@ class Varld {
             }
         }
     }
+    // A pass that nobody holds any more keeps its file open.
     ~Varld() {
-        for (; !m_objekt.empty(); m_objekt.pop_back()) {
-            Overge(m_objekt.back(), nullptr);
+        std::set<kvarn::CodePass*> oppna;
+        for (Objekt const& objekt : m_objekt) {
+            if (objekt.Laser() || objekt.Skriver()) {
+                oppna.insert(objekt.inst.m_fil);
+            }
         }
-        // A pass that was given up keeps its file open, and is no one's but its own unit's.
-        for (Overgiven const& pass : m_overgivna) {
-            kvarn::CodePass* fil = kvarn::Share(pass.fil);
+        m_objekt.clear();
+        for (kvarn::CodePass* const pass : oppna) {
+            kvarn::CodePass* fil = kvarn::Share(pass);
             kvarn::ClosePass(fil);
         }
     }
@@ -101,123 +186,67 @@ class Varld {
             objekt.inst.Init(m_in.ConsumeBool() ? &mappar.ini : nullptr,
                              m_in.ConsumeBool() ? &mappar.proj : nullptr);
         } else {
-            Byt(objekt);
+            Byt(m_in.ConsumeIntegralInRange<std::size_t>(0, antal - 1));
         }
     }
 
   private:
-    struct Overgiven {
-        kvarn::CodePass* fil;
-        std::shared_ptr<Pass> pass;
-    };
+    static constexpr std::size_t antal = 3; // objects in use; those behind them were given up
 
-    // Before an object goes, or takes over another's pass.
-    void Overge(Objekt const& objekt, Objekt const* ny) {
-        bool const sist =
-            objekt.pass.use_count() == 1 && (ny == nullptr || objekt.pass != ny->pass);
-        if (sist && objekt.pass->oppen) {
-            m_overgivna.push_back({objekt.inst.m_fil, objekt.pass});
-        }
-    }
-    void Byt(Objekt& objekt) {
-        Objekt const& annat = Nagot();
-        int const hur = m_in.ConsumeIntegralInRange(0, 2);
-        Overge(objekt, hur == 2 ? nullptr : &annat);
-        if (hur == 0) {
-            objekt = annat;
-        } else {
-            Objekt const ny = hur == 1 ? Objekt(annat) : Objekt();
-            std::destroy_at(&objekt);
-            std::construct_at(&objekt, ny);
-        }
-    }
-
-    Objekt& Nagot() {
-        return m_objekt[m_in.ConsumeIntegralInRange<std::size_t>(0, m_objekt.size() - 1)];
+    Objekt& Nagot() { return m_objekt[m_in.ConsumeIntegralInRange<std::size_t>(0, antal - 1)]; }
+    void Byt(std::size_t nummer) {
+        Objekt const annat = m_in.ConsumeBool() ? Nagot() : Objekt();
+        m_objekt.push_back(m_objekt[nummer]);
+        m_objekt[nummer] = annat;
     }
     Anrop EttAnrop() {
         static constexpr char const* stampelfiler[] = {"p/STAMP.PAR",  "p/STAMP.PAR",   "c/NY.PAR",
                                                        "p/KODFIL.DAT", stampelUtanMapp, ""};
-        Anrop anrop;
-        anrop.slag = static_cast<Slag>(m_in.ConsumeIntegralInRange(0, 3));
-        anrop.lage = m_in.ConsumeIntegralInRange(-1, 8);
-        anrop.fil = stampelfiler[m_in.ConsumeIntegralInRange<std::size_t>(0, 5)];
-        return anrop;
+        auto const slag = static_cast<Slag>(m_in.ConsumeIntegralInRange(0, 3));
+        return {slag, m_in.ConsumeIntegralInRange(-1, 8), m_in.PickValueInArray(stampelfiler)};
     }
 
-    static Svar Lasning(Objekt& objekt, Anrop const& anrop) {
-        Svar svar{.result = Slut(anrop.slag)};
-        if (objekt.Skriver()) {
-            return svar;
-        }
-        if (!objekt.Laser() || objekt.pass->slag != anrop.slag) {
-            objekt.Stang();
-            std::string const fil = Fil(objekt.inst, anrop);
-            if (fil.empty()) {
-                return svar;
-            }
-            auto in = std::make_unique<kvarn::TextReader>(mappar.Sokvag(fil).c_str());
-            if (!in->IsOpen()) {
-                svar.result = -1;
-                svar.rutor = 1;
-                return svar;
-            }
-            Stall(*in, anrop);
-            objekt.pass = std::make_shared<Pass>(Pass{anrop.slag, fil, std::move(in)});
-        }
-        svar = Nasta(*objekt.pass->in, anrop);
-        if (svar.result == Slut(anrop.slag)) {
-            objekt.Stang();
-        }
-        return svar;
-    }
     // A record, or all of them.
     void LasNagra(Objekt& objekt) {
         constexpr int mest = 30;
-        Anrop anrop = EttAnrop();
-        anrop.utan = {m_in.ConsumeBool(), m_in.ConsumeBool()};
+        Anrop const anrop = EttAnrop();
         bool vidare = true;
         for (int i = m_in.ConsumeBool() ? mest : 1; i > 0 && vidare; --i) {
-            Svar const svar = Las(objekt.inst, mappar, anrop);
-            Check(svar == Lasning(objekt, anrop), "what the model reads");
-            vidare = svar.result != Slut(anrop.slag) && svar.result != -1;
+            Svar const svar = Las(objekt.inst, anrop);
+            Check(svar == objekt.Lasning(anrop), "what the twin reads");
+            vidare = objekt.Laser();
         }
     }
 
     // Whether some pass writes the file, and keeps others from it.
     bool Upptagen(std::string const& fil) const {
-        auto const skriver = [&](auto const& nagon) {
-            Pass const* const pass = nagon.pass.get();
-            return pass != nullptr && pass->oppen && pass->in == nullptr && pass->fil == fil;
-        };
-        return std::any_of(m_objekt.begin(), m_objekt.end(), skriver) ||
-               std::any_of(m_overgivna.begin(), m_overgivna.end(), skriver);
+        return std::any_of(m_objekt.begin(), m_objekt.end(), [&](Objekt const& objekt) {
+            return objekt.Skriver() && objekt.pass->fil == fil;
+        });
     }
     void SkrivEn(Objekt& objekt) {
-        constexpr std::size_t langst = 12;
-        Anrop anrop = EttAnrop();
-        for (std::string& ord : anrop.ord) {
-            ord = TillNoll(Kodtext(m_in.ConsumeRandomLengthString(langst)));
-        }
-        anrop.heltal = {m_in.ConsumeIntegral<int>(), m_in.ConsumeIntegralInRange(-1, 9)};
+        static constexpr char const* ord[] = {"K", "Lera", "*", "", nullptr};
+        Anrop const anrop = EttAnrop();
         bool const kodfil = anrop.slag == Slag::kodfil;
         bool const borjar = anrop.lage == 1 || (kodfil && anrop.lage == 3);
-        std::string const ny = borjar ? Fil(objekt.inst, anrop) : "";
+        std::string const ny = borjar ? objekt.Fil(anrop) : "";
+        bool const mapp = std::filesystem::is_directory(mappar.Rot() + '/' + ny);
         Mappar::Innehall fore = mappar.Allt();
 
-        Svar const svar = Skriv(objekt.inst, mappar, anrop);
+        int const result =
+            Skriv(objekt.inst, anrop, m_in.PickValueInArray(ord), m_in.PickValueInArray(ord));
+        std::size_t const rutor = Rutor();
         if (borjar) {
             objekt.Stang();
-            bool const gar = ny != stampelUtanMapp && !Upptagen(ny) &&
-                             (!fore.contains(ny) || fore[ny] != Mappar::mappen);
-            Check(svar.rutor == (ny.empty() || gar ? 0 : 1), "a file that is refused is told of");
+            bool const gar = ny != stampelUtanMapp && !Upptagen(ny) && !mapp;
+            Check(rutor == (ny.empty() || gar ? 0U : 1U), "a file that is refused is told of");
             if (gar && !ny.empty()) {
-                objekt.pass = std::make_shared<Pass>(Pass{anrop.slag, ny, nullptr});
+                objekt.pass = std::make_shared<Pass>(anrop.slag, ny, false);
                 fore[ny] = "";
             }
         }
         bool const skriver = objekt.Skriver() && objekt.pass->slag == anrop.slag;
-        Check(svar.result == (borjar || kodfil || skriver ? 0 : -1), "the stated result");
+        Check(result == (borjar || kodfil || skriver ? 0 : -1), "the stated result");
         std::string const egen = skriver ? objekt.pass->fil : "";
         int const slut[] = {2, 7, 5, 3};
         if (int const lage = slut[static_cast<int>(anrop.slag)];
@@ -232,24 +261,21 @@ class Varld {
         Check(fore.empty(), "and takes none away");
     }
     void Uppdatera(Objekt& objekt) {
-        Anrop anrop;
-        anrop.slag = Slag::miljkod;
-        std::string const egen = Fil(objekt.inst, anrop);
+        std::string const egen = objekt.Fil({.slag = Slag::miljkod});
         if (Upptagen(egen) && !(objekt.Skriver() && objekt.pass->fil == egen)) {
             return; // it would wait half a second
         }
         Mappar::Innehall fore = mappar.Allt();
         objekt.Stang();
         objekt.inst.MiljkodUppdatX();
-        Boxes::Shown().clear();
+        Rutor();
         Mappar::Innehall efter = mappar.Allt();
         fore[egen] = efter[egen];
         Check(fore == efter, "updating changes no other file");
     }
 
     FuzzedDataProvider& m_in;
-    std::vector<Objekt> m_objekt{3};
-    std::vector<Overgiven> m_overgivna;
+    std::vector<Objekt> m_objekt{antal};
 };
 
 // The lowest number that is free: a file that stays open takes it.

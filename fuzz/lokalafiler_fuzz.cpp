@@ -21,7 +21,6 @@ constexpr Lokalfil kodfiler[] = {
     {"LINKOD.PAR", "*\r\n", true},   {"KODFIL.DAT", "*\r\n*\r\n", true},
     {"STENKOD.DAT", nullptr, false}, {"STENKODN.DAT", nullptr, false},
     {"JB23.PAR", "*\r\n", true},     {"MILJKOD.DAT", "*\r\n*\r\n*\r\n*\r\n*\r\n", true}};
-constexpr char const* mappen = "<folder>";
 
 struct Modell {
     Mappar::Innehall filer;
@@ -39,8 +38,8 @@ struct Modell {
         }
         std::string const* const kalla =
             Fil('c', fil.namn) != nullptr ? Fil('c', fil.namn) : Fil('m', fil.namn);
-        bool const kan = (mal == nullptr || *mal != mappen) &&
-                         (kalla != nullptr ? *kalla != mappen : fil.tom != nullptr);
+        bool const kan = (mal == nullptr || *mal != Mappar::mappen) &&
+                         (kalla != nullptr ? *kalla != Mappar::mappen : fil.tom != nullptr);
         if (kan) {
             filer["p/" + std::string(fil.namn)] = kalla != nullptr ? *kalla : fil.tom;
         }
@@ -55,7 +54,7 @@ struct Modell {
     }
     void TaBort(Lokalfil const& fil) {
         std::string const* const egen = Fil('p', fil.namn);
-        if (egen != nullptr && *egen != mappen) {
+        if (egen != nullptr && *egen != Mappar::mappen) {
             filer.erase("p/" + std::string(fil.namn));
         }
     }

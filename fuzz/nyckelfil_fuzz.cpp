@@ -1,22 +1,18 @@
-// The key file: any bytes are read within the limits of a record, keys are set, and what is written
-// reads back.
+// The key file: each line of any bytes is a record within its limits or none, the first record with
+// a key gives its value, keys are set, and what is written reads back.
 #include <algorithm>
-#include <cstdint>
 #include <fuzzer/FuzzedDataProvider.h>
-#include <string>
-#include <vector>
 
 #include "check.h"
+#include "formats/checks/checks.h"
 #include "kvarnfiles/keyrecords.h"
 #include "kvarnfiles/kvarncfg.h"
+#include "textlines.h"
 
 namespace {
 
 using Lista = list0<cfgtype>;
-
-using kvarn::longestKey;
-using kvarn::longestValue;
-using kvarn::longestWrittenValue;
+using kvarn::KeyLine;
 
 struct Record {
     std::string key;
@@ -25,9 +21,24 @@ struct Record {
 };
 using Records = std::vector<Record>;
 
-void Read(Lista& list, std::string const& content) {
-    kvarn::LineReader reader{std::string_view(content)};
-    kvarn::ReadKeys(list, reader);
+// As the format reads them.
+Records RecordsOf(std::string const& text) {
+    Records records;
+    for (std::string const& bytes : LinesOf(text)) {
+        KeyLine const line(bytes);
+        Record const record = {std::string(line.key), std::string(line.value)};
+        bool const isStored = line.kind == KeyLine::Kind::stored;
+        Check(isStored ? record.key + '=' + record.value == bytes && !record.key.empty() &&
+                             record.key.size() <= kvarn::longestKey &&
+                             record.value.size() <= kvarn::longestValue
+                       : record == Record(),
+              "a record is its line, within its limits");
+        Check(line.MakesRecord() == (bytes.find('=') + 1 > 1), "a line with a key makes one");
+        if (line.MakesRecord()) {
+            records.push_back(record);
+        }
+    }
+    return records;
 }
 
 Records RecordsOf(Lista& list) {
@@ -38,66 +49,37 @@ Records RecordsOf(Lista& list) {
     return records;
 }
 
-// A record keeps its limits, and its line is in the file.
-void CheckBounds(Records const& records, std::string const& content) {
-    for (Record const& record : records) {
-        bool const isEmpty = record.key.empty() && record.value.empty();
-        Check(isEmpty || (!record.key.empty() && record.key.size() <= longestKey &&
-                          record.value.size() <= longestValue),
-              "a record within its limits");
-        Check(isEmpty || content.find(record.key + '=' + record.value) != std::string::npos,
-              "a record is a line");
-    }
-}
-
-// What is left of the records when they are written and read again.
-Records ReadBack(Records records) {
-    std::erase_if(records, [](Record const& r) { return r.key.empty() || r.value.empty(); });
-    for (Record& record : records) {
-        if (record.value.size() > longestValue) {
-            record = {};
-        }
-    }
-    return records;
-}
-
 void CheckWriting(Lista& list) {
-    std::string const content = kvarn::KeyFileText(list);
-    Lista again;
-    Read(again, content);
-    Check(RecordsOf(again) == ReadBack(RecordsOf(list)), "what was written reads back");
-}
-
-Records::iterator Find(Records& records, std::string const& key) {
-    return std::find_if(records.begin(), records.end(),
-                        [&](Record const& r) { return kvarn::SameText(r.key, key); });
+    Records expected = RecordsOf(list);
+    std::erase_if(expected, [](Record const& r) { return r.key.empty() || r.value.empty(); });
+    for (Record& record : expected) { // a value that can be written alone is dropped
+        record = record.value.size() > kvarn::longestValue ? Record() : record;
+    }
+    Check(RecordsOf(kvarn::KeyFileText(list)) == expected, "what was written reads back");
 }
 
 // Sets the key in the list and, by the same rules, in the records.
-void CheckSetting(Lista& list, std::string const& key, std::string const& value) {
+void CheckSetting(Lista& list, Record const& set) {
     Records expected = RecordsOf(list);
-    auto record = Find(expected, key);
-    bool const keyFits = record != expected.end() || key.size() <= longestKey;
-    bool const valueFits = value.size() <= longestWrittenValue;
+    auto record = std::find_if(expected.begin(), expected.end(),
+                               [&](Record const& r) { return kvarn::SameText(r.key, set.key); });
+    bool const keyFits = record != expected.end() || set.key.size() <= kvarn::longestKey;
+    bool const bothFit = keyFits && set.value.size() <= kvarn::longestWrittenValue;
     if (record == expected.end() && keyFits) {
-        record = expected.insert(expected.end(), {key, ""});
+        record = expected.insert(record, {set.key, ""});
     }
-    if (keyFits && valueFits) {
-        record->value = value;
+    if (bothFit) {
+        record->value = set.value;
     }
-    int const result = kvarn::SetKeyRecord(list, key, value);
-    Check((result == 0) == (keyFits && valueFits), "a text that is too long is refused");
+    Check((kvarn::SetKeyRecord(list, set.key, set.value) == 0) == bothFit,
+          "a text that is too long is refused");
     Check(RecordsOf(list) == expected, "only the key's first record changes");
-    Check(result != 0 || kvarn::ReadKeyRecord(list, key) == value.c_str(),
-          "a key that was set is read");
 }
 
 // A text of one line as a client hands it over, often about as long as the limit.
-std::string Text(FuzzedDataProvider& provider, std::size_t limit, char const* excluded) {
+std::string Text(FuzzedDataProvider& provider, std::size_t limit, std::string_view excluded) {
     std::string text = provider.ConsumeRandomLengthString(2 * limit);
-    std::erase_if(text, [&](char c) {
-        return c == '\0' || std::string_view(excluded).find(c) != std::string_view::npos;
-    });
+    std::erase_if(text, [&](char c) { return excluded.find(c) != std::string_view::npos; });
     if (provider.ConsumeBool()) {
         text.resize(limit - 1 + provider.ConsumeIntegralInRange<std::size_t>(0, 2), 'x');
     }
@@ -111,17 +93,26 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     FuzzedDataProvider provider(data, size);
     Records keys;
     for (int i = provider.ConsumeIntegralInRange(0, mostKeys); i > 0; --i) {
-        std::string const key = Text(provider, longestKey, "=\n\x1A");
-        keys.push_back({key, Text(provider, longestValue, "\n\x1A")});
+        std::string const key = Text(provider, kvarn::longestKey, {"=\n\x1A\0", 4});
+        keys.push_back({key, Text(provider, kvarn::longestValue, {"\n\x1A\0", 3})});
     }
-    std::string const content = provider.ConsumeRemainingBytesAsString();
+    std::string const text = provider.ConsumeRemainingBytesAsString();
+    kvarn::CheckKeys(text, {});
 
     Lista list;
-    Read(list, content);
-    CheckBounds(RecordsOf(list), content);
+    kvarn::LineReader lines{std::string_view(text)};
+    kvarn::ReadKeys(list, lines);
+    Records const records = RecordsOf(list);
+    Check(records == RecordsOf(text), "the list holds what the format reads");
     CheckWriting(list);
+    for (Record const& record : records) {
+        kvarn::LineReader again{std::string_view(text)};
+        Check(record.key.empty() || kvarn::ReadKeyRecord(list, record.key) ==
+                                        kvarn::ValueOf(again, record.key).c_str(),
+              "a key is found without a list");
+    }
     for (Record const& key : keys) {
-        CheckSetting(list, key.key, key.value);
+        CheckSetting(list, key);
     }
     CheckWriting(list);
     return 0;

@@ -1,7 +1,8 @@
 // The scanner beside the C library's sscanf, under the "C" locale that every program starts in.
 //
 // The first byte of an input chooses three conversions, the rest is the text. A fourth, always a
-// word, shows where the three stopped.
+// word, shows where the three stopped. Where the byte is large eight bytes choose a number half-way
+// between two others, which is put before the text: there rounding is decided.
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -11,15 +12,12 @@
 #include <cstdio>
 #include <cstring>
 #include <limits>
-#include <random>
 #include <string>
 #include <type_traits>
 #include <variant>
 
 #include "check.h"
 #include "text/scan.h"
-
-extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
 
 namespace {
 
@@ -166,115 +164,46 @@ bool Same(Value const& a, Value const& b) {
         [&](auto const& v) { return Same(v, std::get<std::decay_t<decltype(v)>>(b)); }, a);
 }
 
-// --- Texts that are nearly numbers ---------------------------------------------------------------
+// --- Numbers half-way between two others ---------------------------------------------------------
 
-using Random = std::mt19937_64;
-
-std::size_t Below(Random& random, std::size_t bound) {
-    return static_cast<std::size_t>(random() % bound);
-}
-
-std::string Fragment(Random& random) {
-    // clang-format off
-    static constexpr char const* fragments[] = {
-        " ", "\t\r\n\v\f", "-", "+", ".", "0.", ".0", "0", "1", "9", "1.5", "000000000000",
-        "e", "E-", "e+", "1e", "0x", "-0X", "0x.", "p", "P-", "p+", "0x1p",
-        "inf", "INFINITY", "infinit", "nan", "-NaN", "nan(1)",
-        // about the limits of 16, 32 and 64 bits
-        "32767", "-32768", "32768", "-32769", "65535", "65536",
-        "2147483647", "-2147483648", "2147483648", "-2147483649", "4294967296",
-        "9223372036854775807", "-9223372036854775809", "18446744073709551616",
-        // about the limits of floating-point numbers
-        "1e308", "1.8e308", "1e-323", "2e-324", "3.4e38", "3.5e38", "1e-45", "7e-46",
-        "1.797693134862315807937e308", "3.40282356779733661637539e38",
-        "e-400", "e400", "e99999999999", "e-99999999999",
-        "p-1074", "p-1075", "p1023", "p1024", "p-149", "p-150", "p127", "p128",
-        "9007199254740993", "16777217"};
-    // clang-format on
-    return fragments[Below(random, std::size(fragments))];
-}
-
-std::string Digits(Random& random, std::string_view digits) {
-    std::string text(1 + Below(random, 40), '0');
-    for (char& c : text) {
-        c = digits[Below(random, digits.size())];
-    }
-    return text;
-}
-
-// Half-way between a positive number and the one below it; exact in the wider type.
-template <class T, class Wide, class Bits> Wide Halfway(Random& random) {
+// Between a positive number and the one below it; exact in the wider type.
+template <class T, class Wide, class Bits> long double Halfway(std::uint64_t choice, unsigned how) {
     constexpr Bits normal = std::bit_cast<Bits>(std::numeric_limits<T>::min());
     constexpr Bits infinite = std::bit_cast<Bits>(std::numeric_limits<T>::infinity());
-    Bits bits = 1 + static_cast<Bits>(random()) % (infinite - 1);
-    switch (Below(random, 4)) {
-    case 0:
-        bits %= 2 * normal; // about the smallest normal number
-        break;
-    case 1:
-        bits = infinite - 1 - bits % normal; // among the largest
-        break;
-    default:
-        break;
-    }
+    auto const any = static_cast<Bits>(choice);
+    Bits const bits = how == 0   ? any % (2 * normal)          // about the smallest normal number
+                      : how == 1 ? infinite - 1 - any % normal // among the largest
+                                 : any % infinite;
     auto const number = static_cast<Wide>(std::bit_cast<T>(std::max(bits, Bits{1})));
     auto const below = static_cast<Wide>(std::bit_cast<T>(std::max(bits, Bits{1}) - 1));
     return below + (number - below) / 2;
 }
 
-std::string Printed(Random& random, long double value) {
+std::string PrintedHalfway(std::uint64_t choice, unsigned how) {
     static constexpr int precisions[] = {5, 8, 9, 15, 16, 17, 18, 19, 20, 40, 110, 770};
-    int const precision = precisions[Below(random, std::size(precisions))];
-    char const* const format = Below(random, 3) == 0 ? "%.*La" : "%.*Le";
+    long double const value =
+        how % 2 == 0 ? Halfway<float, double, std::uint32_t>(choice, how / 2 % 4)
+                     : Halfway<double, long double, std::uint64_t>(choice, how / 2 % 4);
     char text[1024];
-    std::snprintf(text, sizeof text, format, precision, value);
+    std::snprintf(text, sizeof text, how / 8 % 4 == 0 ? "%.*La" : "%.*Le",
+                  precisions[choice % std::size(precisions)], value);
     return text;
 }
 
-std::string Piece(Random& random) {
-    switch (Below(random, 6)) {
-    case 0:
-        return Digits(random, "0123456789");
-    case 1:
-        return Digits(random, "0123456789abcdefABCDEF");
-    case 2:
-        return Printed(random, Halfway<float, double, std::uint32_t>(random));
-    case 3:
-        return Printed(random, Halfway<double, long double, std::uint64_t>(random));
-    default:
-        return Fragment(random);
-    }
-}
-
 } // namespace
-
-extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size,
-                                               std::size_t maxSize, unsigned seed) {
-    Random random(seed);
-    if (size == 0 || Below(random, 4) == 0) {
-        return LLVMFuzzerMutate(data, size, maxSize);
-    }
-    std::string text(reinterpret_cast<char const*>(data), size);
-    text[0] = static_cast<char>(random()); // the conversions
-    if (Below(random, 4) == 0) {
-        text.resize(1);
-        for (std::size_t i = Below(random, 4); i > 0; --i) {
-            text += Piece(random) + ' ';
-        }
-    }
-    std::size_t const at = 1 + Below(random, text.size());
-    text.replace(at, Below(random, 2) * Below(random, 8), Piece(random));
-    text.resize(std::min(text.size(), maxSize));
-    std::memcpy(data, text.data(), text.size());
-    return text.size();
-}
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
     if (size == 0) {
         return 0;
     }
+    constexpr unsigned firstHalfway = 128;
     unsigned const selector = data[0];
-    std::string const text(reinterpret_cast<char const*>(data) + 1, size - 1);
+    std::string text(reinterpret_cast<char const*>(data) + 1, size - 1);
+    std::uint64_t choice = 0;
+    if (selector >= firstHalfway && text.size() >= sizeof choice) {
+        std::memcpy(&choice, text.data(), sizeof choice);
+        text.replace(0, sizeof choice, PrintedHalfway(choice, selector));
+    }
     Reading const ours = ReadByScanner(text, selector);
     Reading const theirs = ReadByCLibrary(text, selector);
     Check(ours.count == theirs.count, "as many values as sscanf reads");

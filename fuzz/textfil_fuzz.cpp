@@ -3,66 +3,50 @@
 // The first two bytes of an input choose how it is read, the rest is the text: in memory or from a
 // file, whole lines or pieces of bounded size. In a file, padding puts the text across the end of
 // the reader's buffer.
-#include <cstdint>
-#include <string>
-#include <sys/mman.h>
-#include <unistd.h>
-#include <vector>
+#include <fstream>
 
 #include "check.h"
 #include "files/textfil.h"
+#include "support/folder.h"
+#include "textlines.h"
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
+// Each line with its line end, where it has one.
 Lines ModelLines(std::string const& text) {
     Lines lines;
-    std::string line;
-    bool begun = false;
+    bool begins = true;
     bool cut = false;
     for (std::size_t i = 0; i < text.size() && text[i] != kvarn::endOfText; ++i) {
-        char const c = text[i];
-        begun = true;
-        if (c == '\n') {
-            lines.push_back(line);
-            line.clear();
-            begun = cut = false;
-        } else if (c == '\0') {
-            cut = true;
-        } else if (bool const lineEnd = c == '\r' && text.compare(i + 1, 1, "\n") == 0;
-                   !cut && !lineEnd) {
-            line += c;
+        if (begins) {
+            lines.emplace_back();
         }
-    }
-    if (begun) {
-        lines.push_back(line);
+        bool const crOfEnd = text.compare(i, 2, "\r\n") == 0;
+        begins = text[i] == '\n';
+        cut = !begins && (cut || text[i] == '\0');
+        if (!cut && !crOfEnd) {
+            lines.back() += text[i];
+        }
     }
     return lines;
 }
 
-// Each line, with its line end, in pieces of at most `most` characters, and the line end taken off.
-Lines Pieces(Lines lines, bool lastIsEnded, std::size_t most) {
+std::string WithoutEnd(std::string line) {
+    line.resize(line.size() - (line.ends_with('\n') ? 1 : 0));
+    return line;
+}
+
+// In pieces of at most so many characters, of which the line end is one.
+Lines Pieces(Lines const& lines, std::size_t most) {
     Lines pieces;
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        std::string const line = lines[i] + (i + 1 < lines.size() || lastIsEnded ? "\n" : "");
+    for (std::string const& line : lines) {
         std::size_t at = 0;
         do {
-            std::string piece = line.substr(at, most);
-            piece.resize(piece.size() - (piece.ends_with('\n') ? 1 : 0));
-            pieces.push_back(piece);
+            pieces.push_back(WithoutEnd(line.substr(at, most)));
             at += most;
         } while (at < line.size());
     }
     return pieces;
-}
-
-Lines ReadLines(kvarn::LineReader& reader) {
-    Lines lines;
-    for (std::string_view line; reader.ReadLine(line);) {
-        lines.emplace_back(line);
-    }
-    return lines;
 }
 
 Lines ReadPieces(kvarn::LineReader& reader, std::size_t size) {
@@ -75,32 +59,12 @@ Lines ReadPieces(kvarn::LineReader& reader, std::size_t size) {
 
 void CheckReader(kvarn::LineReader& reader, std::string const& text, std::size_t size) {
     Lines const model = ModelLines(text);
-    if (size < 2) {
-        Check(ReadLines(reader) == model, "the lines of the model");
-    } else {
-        bool const lastIsEnded = text.substr(0, text.find(kvarn::endOfText)).ends_with('\n');
-        Check(ReadPieces(reader, size) == Pieces(model, lastIsEnded, size - 1),
-              "the pieces of the model");
-    }
+    bool const whole = size < 2;
+    Check((whole ? LinesOf(reader) : ReadPieces(reader, size)) ==
+              Pieces(model, whole ? std::string::npos - 1 : size - 1),
+          "the lines or pieces of the model");
     Check(!reader.Failed(), "reading to the end is no failure");
 }
-
-// A file without a place in any folder, which its path opens as any other.
-class MemoryFile {
-  public:
-    explicit MemoryFile(std::string const& content) : m_file(memfd_create("textfil_fuzz", 0)) {
-        ssize_t const written = write(m_file, content.data(), content.size());
-        Check(written == static_cast<ssize_t>(content.size()), "the fuzzer can write its file");
-    }
-    ~MemoryFile() { close(m_file); }
-    MemoryFile(MemoryFile const&) = delete;
-    MemoryFile& operator=(MemoryFile const&) = delete;
-
-    std::string Path() const { return "/proc/self/fd/" + std::to_string(m_file); }
-
-  private:
-    int m_file;
-};
 
 } // namespace
 
@@ -116,10 +80,12 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
         kvarn::LineReader reader{std::string_view(text)};
         CheckReader(reader, text, pieceSize);
     } else {
+        static Folder const folder("/dev/shm");
         constexpr std::size_t readerBuffer = 16 * 1024;
         text.insert(0, readerBuffer - (distance - 0xF0), '.');
-        MemoryFile const file(text);
-        kvarn::TextReader reader(file.Path().c_str());
+        std::string const path = folder.Path() + "/text";
+        std::ofstream(path, std::ios::binary) << text;
+        kvarn::TextReader reader(path.c_str());
         Check(reader.IsOpen(), "a text that is there opens");
         CheckReader(reader, text, 100 * pieceSize);
     }

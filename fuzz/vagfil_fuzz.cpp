@@ -1,385 +1,242 @@
-// Road files: any bytes as a road line's file and as a road set's. What the classes read is
-// compared with a reader of lines and sscanf, what they write with printf, and it reads back.
+// Road files and area files of any bytes: every line of a road file gives what its kind says, the
+// classes hold what the format reads, and what is written reads back as it was.
 //
-// The first byte of an input holds the choices, the rest is the file. The files lie in memory, in a
-// folder that is removed when the fuzzer ends in peace.
+// The first byte of an input holds the choices, the rest is the file.
 #include <algorithm>
-#include <cinttypes>
 #include <cmath>
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
-#include <limits>
-#include <random>
-#include <string>
-#include <vector>
 
 #include "check.h"
 #include "core/message.h"
 #include "core/messageout.h"
-#include "formats/vagfil.h"
+#include "formats/checks/checkvagfil.h"
+#include "formats/omradesfil.h"
 #include "geodata/vag2.h"
 #include "support/folder.h"
-#include "text/letters.h"
-
-extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
+#include "text/scan.h"
+#include "textlines.h"
 
 namespace {
 
-constexpr std::int32_t planType = kvarn::vagtypPlan;
-constexpr std::int32_t profileType = kvarn::vagtypProfil;
-
-// --- Files ---------------------------------------------------------------------------------------
-
-constexpr char const* fileName = "a.vl";
-
-// Under the name by which clients would call it.
-std::string const& FilePath() {
-    static Folder const folder("/dev/shm");
-    static std::string const path = folder.Path() + '\\' + fileName;
-    return path;
-}
-
-std::string HostPath() {
-    std::string path = FilePath();
-    std::replace(path.begin(), path.end(), '\\', '/');
-    return path;
-}
-
-void WriteFile(std::string const& content) {
-    std::ofstream(HostPath(), std::ios::binary) << content;
-}
-
-std::string FileContent() {
-    std::ifstream file(HostPath(), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-// --- The second opinion --------------------------------------------------------------------------
-
-using Lines = std::vector<std::string>;
+using Kind = kvarn::VagfilLine::Kind;
 using Vertices = std::vector<kovltype>;
 
-Lines LinesOf(std::string const& content) {
-    Lines lines;
-    kvarn::LineReader reader{std::string_view(content)};
-    for (std::string_view line; reader.ReadLine(line);) {
-        lines.emplace_back(line);
-    }
-    return lines;
+// Bit by bit.
+bool Same(Vertices const& a, Vertices const& b) {
+    return a.size() == b.size() &&
+           (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof a[0]) == 0);
 }
 
-// What a file gives.
-struct Model {
-    std::int32_t type = 0; // of the header, or as it was
-    std::string name;
-    Vertices plan; // or the line
+bool Same(double a, double b) {
+    return std::memcmp(&a, &b, sizeof a) == 0;
+}
+
+// --- The format ----------------------------------------------------------------------------------
+
+std::string BadLine(std::string const& line) {
+    return ("Fel rad : " + line).substr(0, kvarn::messageBufferSize - 1);
+}
+
+struct Road {
+    Vertices plan;
     Vertices profile;
-    std::string lastMessage = LastMessage();
+    std::string name;
+    std::string message = LastMessage(); // of the last bad line
 };
 
-int Scan4(std::string const& line, kovltype& v) {
-    return std::sscanf(line.c_str(), "%lf %lf %lf %lf", &v.x, &v.y, &v.bulge, &v.sektion);
-}
-
-// How many of the header's five values there are; a type beyond 32 bits saturates.
-int ScanHeader(std::string const& line, std::int32_t& type) {
-    kovltype v{};
-    std::int64_t wide = 0;
-    int const count = std::sscanf(line.c_str(), "%lf %lf %lf %lf %" SCNd64, &v.x, &v.y, &v.bulge,
-                                  &v.sektion, &wide);
-    type = static_cast<std::int32_t>(std::clamp<std::int64_t>(
-        wide, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
-    return count;
-}
-
-std::string NameIn(std::string const& header) {
-    char const* const first = std::strchr(header.c_str(), '$');
-    if (first == nullptr) {
-        return "";
+// The kind that a line must have, and its vertex. The last one is the profile's line before.
+Kind KindOf(std::string const& line, std::size_t afterStar, bool isPlan, kovltype& last) {
+    constexpr std::size_t headings = 2;
+    if (afterStar > headings) {
+        bool const good = kvarn::Scan(line, last.x, last.y, last.bulge) == 3;
+        last.sektion = last.y;
+        return good ? Kind::profileVertex : Kind::badProfileVertex;
     }
-    std::string name(first + 1, std::strcspn(first + 1, "$"));
-    name.resize(std::min(name.size(), kvarn::longestVagnamn));
-    OemToAnsiNordic(name.data());
-    return name;
-}
-
-void BadLine(Model& model, std::string const& line) {
-    constexpr std::size_t longestMessage = kvarn::messageBufferSize - 1;
-    model.lastMessage = ("Fel rad : " + line).substr(0, longestMessage);
-}
-
-// A road line's file.
-Model ModelLine(std::string const& content, std::int32_t typeBefore,
-                std::string const& nameBefore) {
-    Model model;
-    model.type = typeBefore;
-    model.name = nameBefore;
-    Lines const lines = LinesOf(content);
-    if (!lines.empty()) {
-        std::int32_t type = 0;
-        model.type = ScanHeader(lines[0], type) == 5 ? type : typeBefore;
-        model.name = NameIn(lines[0]);
+    last = {};
+    if (afterStar > 0) {
+        return Kind::heading;
     }
-    for (std::string const& line : lines) {
-        kovltype v{};
-        if (Scan4(line, v) == 4) {
-            model.plan.push_back(v);
-        } else {
-            BadLine(model, line);
+    if (kvarn::Scan(line, last.x, last.y, last.bulge, last.sektion) == kvarn::vertexValues) {
+        return isPlan ? Kind::vertex : Kind::profileVertex;
+    }
+    return kvarn::IsStarLine(line) ? Kind::star : Kind::bad;
+}
+
+Road ReadRoad(std::string const& text, bool keepBad = false) {
+    Lines const lines = LinesOf(text);
+    kvarn::VagfilReader reader(text);
+    Road road;
+    if (reader.Header()) {
+        road.name = reader.Header()->Name().substr(0, kvarn::longestVagnamn);
+    }
+    std::size_t number = 0;
+    std::size_t afterStar = 0;
+    kovltype last{};
+    for (kvarn::VagfilLine line; reader.Next(line); ++number) {
+        Check(line.line.number == number + 1 && line.line.text == lines.at(number), "every line");
+        Check(line.kind == KindOf(lines[number], afterStar, reader.IsPlan(), last), "its kind");
+        Check(Same({line.vertex}, {last}), "its numbers");
+        afterStar += afterStar > 0 || line.kind == Kind::star ? 1 : 0;
+        bool const kept = keepBad && line.kind == Kind::badProfileVertex;
+        if (line.kind == Kind::vertex) {
+            road.plan.push_back(line.vertex);
+        } else if (line.kind == Kind::profileVertex || kept) {
+            road.profile.push_back(line.vertex);
+        } else if (line.kind == Kind::bad || line.kind == Kind::badProfileVertex) {
+            road.message = BadLine(lines[number]);
         }
     }
-    return model;
+    Check(number == lines.size(), "every line");
+    return road;
 }
 
-// Which of the two lines a road set's file begins with; 0 for an empty file.
-std::int32_t ModelKind(Lines const& lines) {
-    if (lines.empty()) {
-        return 0;
-    }
-    std::int32_t type = 0;
-    int const count = ScanHeader(lines[0], type);
-    if (count == 5 && type == planType) {
-        return planType;
-    }
-    if (count == 5 && type == profileType) {
-        return profileType;
-    }
-    kovltype first{};
-    kovltype second{};
-    if (count >= 4 && lines.size() > 1 && Scan4(lines[0], first) == 4 &&
-        std::fabs(first.y - first.sektion) <= 0.1 && Scan4(lines[1], second) == 4 &&
-        std::fabs(second.y - second.sektion) < 0.1) {
-        return profileType;
-    }
-    return planType;
-}
-
-// A road set's file.
-Model ModelSet(std::string const& content, std::string const& nameBefore) {
-    Model model;
-    model.name = nameBefore;
-    Lines const lines = LinesOf(content);
-    model.type = ModelKind(lines);
-    if (!lines.empty()) {
-        model.name = NameIn(lines[0]);
-    }
-    std::size_t i = 0;
-    for (bool stars = false; i < lines.size() && !stars; ++i) {
-        kovltype v{};
-        if (Scan4(lines[i], v) == 4) {
-            (model.type == planType ? model.plan : model.profile).push_back(v);
-        } else if (lines[i][0] == '*') {
-            stars = true;
-            i += 2;
-        } else {
-            BadLine(model, lines[i]);
-        }
-    }
-    kovltype v{};
-    for (; i < lines.size(); ++i) {
-        bool const good = std::sscanf(lines[i].c_str(), "%lf %lf %lf", &v.x, &v.y, &v.bulge) == 3;
-        if (good || MessageBuffer()[0] == '*') {
-            v.sektion = v.y;
-            model.profile.push_back(v);
-        } else {
-            BadLine(model, lines[i]);
-        }
-    }
-    return model;
-}
-
-std::string Printed(char const* format, kovltype const& v) {
-    char text[4 * 320];
-    std::snprintf(text, sizeof text, format, v.x, v.y, v.bulge, v.sektion);
-    return text;
-}
-
-std::string ModelText(Vertices const& line, std::int32_t type, std::string const& name) {
+std::string LineText(Vertices const& line, std::int32_t type, std::string const& name) {
     std::string text;
-    for (kovltype const& v : line) {
-        std::string const header = " " + std::to_string(type) + " $" + name;
-        text += Printed("%.4f %.4f %.4f %.4f", v) + (&v == line.data() ? header : "") + "\r\n";
+    for (kovltype const& vertex : line) {
+        text.empty() ? kvarn::AppendVertex(text, vertex, type, name)
+                     : kvarn::AppendVertex(text, vertex);
     }
     return text;
 }
 
-std::string ModelProfilePart(Vertices const& profile) {
-    std::string text = profile.empty() ? "" : "*\r\nProfil\r\n*\r\n";
-    for (kovltype const& v : profile) {
-        text += Printed("%.4f %.4f %.4f\r\n", v);
+std::string RoadText(Road const& road) {
+    if (road.plan.empty()) {
+        return LineText(road.profile, kvarn::vagtypProfil, road.name);
+    }
+    std::string text = LineText(road.plan, kvarn::vagtypPlan, road.name);
+    text += road.profile.empty() ? "" : kvarn::profileHeading;
+    for (kovltype const& vertex : road.profile) {
+        kvarn::AppendProfileVertex(text, vertex);
     }
     return text;
 }
 
-// --- Comparing -----------------------------------------------------------------------------------
-
-// The C library here may round the last bit of a subnormal number the wrong way: see scan_fuzz.
-bool Same(double a, double b) {
-    bool const subnormal = std::fabs(a) < std::numeric_limits<double>::min();
-    return a == b || (std::isnan(a) && std::isnan(b)) ||
-           (subnormal && std::fabs(a - b) <= std::numeric_limits<double>::denorm_min());
-}
-
-bool Same(kovltype const& a, kovltype const& b) {
-    return Same(a.x, b.x) && Same(a.y, b.y) && Same(a.bulge, b.bulge) && Same(a.sektion, b.sektion);
-}
-
-bool Same(Vertices const& a, Vertices const& b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](kovltype const& v, kovltype const& w) { return Same(v, w); });
-}
-
-Vertices VerticesOf(CVaglinje& line) {
-    Vertices vertices;
-    for (bool there = line.Home() == 0; there; there = line++ != nullptr) {
-        vertices.push_back(*line.Get_aktel());
+// A line without its type is taken for a profile where its first two vertices hold their station
+// twice.
+void CheckGuess(Vertices const& line) {
+    std::string text;
+    for (kovltype const& vertex : line) {
+        kvarn::AppendVertex(text, vertex);
     }
-    return vertices;
-}
-
-void CheckArea(CVaglinje const& line, Vertices const& vertices) {
-    bool const empty = vertices.empty();
-    Check(Same(line.omrSekFran, empty ? 0 : vertices.front().sektion) &&
-              Same(line.omrSekTill, empty ? 0 : vertices.back().sektion) &&
-              line.omrAvstMin == (empty ? 0 : -30) && line.omrAvstMax == (empty ? 0 : 30),
-          "the area of the records");
-}
-
-// A file that was written gives the numbers with four decimals that stand in it.
-Vertices Rounded(Vertices vertices, bool profilePart) {
-    for (kovltype& v : vertices) {
-        Scan4(Printed("%.4f %.4f %.4f %.4f", v), v);
-        v.sektion = profilePart ? v.y : v.sektion;
+    double gaps[] = {1, 1};
+    for (std::size_t i = 0; i < std::min(line.size(), std::size(gaps)); ++i) {
+        kovltype vertex{};
+        Check(kvarn::ReadVertex(LinesOf(text)[i], vertex), "a vertex reads back");
+        gaps[i] = std::fabs(vertex.y - vertex.sektion);
     }
-    return vertices;
+    bool const twice = gaps[0] <= 0.1 && gaps[1] < 0.1;
+    Check(kvarn::VagfilReader(text).IsPlan() != twice, "what the first two lines tell");
+}
+
+void CheckRoad(std::string const& text, bool) {
+    Road const road = ReadRoad(text);
+    CheckGuess(road.plan);
+    CheckGuess(road.profile);
+    std::string const written = RoadText(road);
+    Road const again = ReadRoad(written);
+    Check(again.plan.size() == road.plan.size() && again.profile.size() == road.profile.size() &&
+              (written.empty() || again.name == road.name) && RoadText(again) == written,
+          "what was written reads back");
+    kvarn::ReadVagfil(text);
+    kvarn::VagfilContent const content = kvarn::ReadVagfil(written);
+    Check(content.skipped.empty() && content.cut.empty(), "and has no findings");
+    Check(Same(content.plan.vertices, again.plan) && Same(content.profile.vertices, again.profile),
+          "the vertices are its own");
 }
 
 // --- The classes ---------------------------------------------------------------------------------
 
-void CheckLine(std::string const& content, bool typeBefore) {
+constexpr char const* fileName = "a.vl";
+
+std::string const& Home() {
+    static Folder const folder("/dev/shm");
+    return folder.Path();
+}
+
+std::string FileContent() {
+    std::ifstream file(Home() + '/' + fileName, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// The object reads the text from a file and writes it again.
+template <class T> std::string ReadAndWrite(T& object, std::string const& text) {
+    std::string const path = Home() + '\\' + fileName;
+    std::ofstream(Home() + '/' + fileName, std::ios::binary) << text;
+    Check(object.Init(path.c_str()) == 0, "a file that is there is read");
+    Check(std::strcmp(object.filnamn, fileName) == 0, "the file's name");
+    Check(object.Uppdat(path.c_str()) == 0, "and written");
+    return FileContent();
+}
+
+void CheckSet(std::string const& text, bool keepBad) {
+    Road const road = ReadRoad(text, keepBad);
+    CVag2 set;
+    Check(ReadAndWrite(set, text) == RoadText(road), "the format's text");
+    Check(LastMessage() == road.message, "the last bad line is told");
+    CVaglinje const& line = set.plan;
+    Vertices const& plan = road.plan;
+    Check(plan.empty() ? line.omrAvstMax == 0
+                       : Same(line.omrSekFran, plan.front().sektion) &&
+                             Same(line.omrSekTill, plan.back().sektion) && line.omrAvstMax == 30,
+          "the area of the plan");
+}
+
+void CheckLine(std::string const& text, bool typeBefore) {
+    std::string message = LastMessage();
+    Vertices vertices;
+    for (std::string const& line : LinesOf(text)) {
+        kovltype vertex{};
+        bool const good = kvarn::ReadVertex(line, vertex);
+        good ? vertices.push_back(vertex) : void(message = BadLine(line));
+    }
     CVaglinje line;
     line.typ = typeBefore ? 7 : 0;
-    std::strcpy(line.namn, "before");
-    Model const model = ModelLine(content, line.typ, line.namn);
-    WriteFile(content);
-    Check(line.Init(FilePath().c_str()) == 0, "a file that is there is read");
-    Check(Same(VerticesOf(line), model.plan), "the line's vertices");
-    Check(line.typ == model.type, "the line's type");
-    Check(line.namn == model.name, "the line's name");
-    Check(std::strcmp(line.filnamn, fileName) == 0, "the file's name");
-    Check(LastMessage() == model.lastMessage, "the last bad line is kept");
-    CheckArea(line, {});
-    Check(line.Reset() == (model.plan.empty() ? -1 : 0), "an empty line has no area");
-    CheckArea(line, model.plan);
-
-    Check(line.Uppdat(FilePath().c_str()) == 0, "the line is written");
-    std::string const written = FileContent();
-    Check(written == ModelText(VerticesOf(line), line.typ, line.namn), "printf's text");
-
-    CVaglinje again;
-    std::strcpy(again.namn, "before");
-    Check(again.Init(FilePath().c_str()) == 0, "what was written is read");
-    Check(Same(VerticesOf(again), Rounded(VerticesOf(line), false)), "four decimals read back");
-    Check(model.plan.empty() || (again.typ == line.typ && again.namn == model.name),
-          "type and name read back");
-    Check(again.Uppdat(FilePath().c_str()) == 0 && FileContent() == written,
-          "the second writing is the first");
+    auto const header = kvarn::VagfilReader(text).Header();
+    std::int32_t const type = header && header->HasType() ? header->type : line.typ;
+    std::string const name = header ? header->Name().substr(0, kvarn::longestVagnamn) : "";
+    Check(ReadAndWrite(line, text) == LineText(vertices, type, name), "the format's text");
+    Check(LastMessage() == message, "the last bad line is told");
 }
 
-void CheckSet(std::string const& content) {
-    CVag2 set;
-    std::strcpy(set.namn, "before");
-    Model const model = ModelSet(content, set.namn);
-    WriteFile(content);
-    Check(set.Init(FilePath().c_str()) == 0, "a file that is there is read");
-    Check(Same(VerticesOf(set.plan), model.plan), "the plan's vertices");
-    Check(Same(VerticesOf(set.profil), model.profile), "the profile's vertices");
-    Check(set.plan.typ == planType && set.profil.typ == profileType, "the types stay");
-    Check(set.namn == model.name, "the road's name");
-    Check(std::strcmp(set.filnamn, fileName) == 0, "the file's name");
-    Check(LastMessage() == model.lastMessage, "the last bad line is kept");
-    CheckArea(set.plan, model.plan);
-    CheckArea(set.profil, model.profile);
+// --- The area file -------------------------------------------------------------------------------
 
-    Vertices const plan = VerticesOf(set.plan);
-    Vertices const profile = VerticesOf(set.profil);
-    bool const profileOnly = plan.empty() && !profile.empty();
-    Check(set.Uppdat(FilePath().c_str()) == 0, "the road is written");
-    std::string const written = FileContent();
-    Check(written == (profileOnly
-                          ? ModelText(profile, profileType, model.name)
-                          : ModelText(plan, planType, model.name) + ModelProfilePart(profile)),
-          "printf's text");
+void CheckArea(std::string const& text, bool) {
+    kvarn::LineReader lines{std::string_view(text)};
+    std::string const own = kvarn::OwnLines(lines);
+    Lines const all = LinesOf(text);
+    Lines const kept = LinesOf(own);
+    Check(kept.size() <= all.size() && std::equal(kept.begin(), kept.end(), all.begin()),
+          "the user's own lines are kept");
+    auto const stars = std::count_if(kept.begin(), kept.end(), kvarn::IsStarLine);
+    bool const hasBoth = stars == 2 && kvarn::IsStarLine(kept.back());
+    Check(hasBoth || (stars < 2 && kept.size() == all.size()), "up to the second star line");
 
-    CVag2 again;
-    Check(again.Init(FilePath().c_str()) == 0, "what was written is read");
-    Check(Same(VerticesOf(again.plan), Rounded(plan, false)), "the plan reads back");
-    Check(Same(VerticesOf(again.profil), Rounded(profile, !profileOnly)), "the profile reads back");
-    Check((plan.empty() && profile.empty()) || again.namn == model.name, "the name reads back");
-    Check(again.Uppdat(FilePath().c_str()) == 0 && FileContent() == written,
-          "the second writing is the first");
-    Check(again.Init(FilePath().c_str()) == 0 && VerticesOf(again.plan).size() == 2 * plan.size() &&
-              VerticesOf(again.profil).size() == 2 * profile.size(),
-          "reading appends");
-}
-
-// --- Texts that are nearly road files ------------------------------------------------------------
-
-std::string Fragment(std::mt19937_64& random) {
-    // clang-format off
-    static constexpr char const* fragments[] = {
-        " ", "\t", "\n", "\r\n", "\r", "\x1A", "$", " $Väg ", "1 $\x84\x94\x86\xED", "-", ".5",
-        "0 0 0 0\n", "1 2 3 4\n", "10 20.5 0 20.5\n", "5 100 0.25 100.05\r\n", "5 100 0.25 100.1\n",
-        "5 100.1 -0.25 100\n", "0 0.1 0 0\n", "1 2 3 4 1 $A\n", "1 2 3 4 10 $B$C\n", "1 2 3 4 5\n",
-        "1 2 3 4 99999999999", "1 2 3\n", "1 2\n", "x\n", "*\nProfil\n*\n", "*\n", "*",
-        "*x\ny\nz\n",
-        "1e308 ", "-1e308 ", "inf ", "nan ", "-nan ", "1e-320 ", "0.00005 ", "1234567.00005 ",
-        "99999999999999.99999 ", "0x1p-3 ", "1 10", "1 1"};
-    // clang-format on
-    return fragments[random() % std::size(fragments)];
+    kvarn::Omrade area;
+    kvarn::LineReader again{std::string_view(text)};
+    area.Read(again);
+    Check(area.filnamn.size() <= kvarn::longestOmradesrad, "a line has its limit");
+    std::string const written = (hasBoth ? own : kvarn::noOwnLines) + area.Text();
+    Lines const lines2 = LinesOf(written);
+    if (std::all_of(lines2.begin(), lines2.end(), [](std::string const& line) {
+            return line.size() < kvarn::longestOmradesrad;
+        })) {
+        kvarn::LineReader file{std::string_view(written)};
+        kvarn::Omrade read;
+        Check(read.Read(file) && read.Text() == area.Text(), "what was written reads back");
+    }
 }
 
 } // namespace
 
-extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size,
-                                               std::size_t maxSize, unsigned seed) {
-    constexpr std::size_t longest = 600; // longer files bring nothing but time
-    maxSize = std::max(size, std::min(maxSize, longest));
-    std::mt19937_64 random(seed);
-    if (size == 0 || random() % 3 == 0) {
-        return LLVMFuzzerMutate(data, size, maxSize);
-    }
-    std::string text(reinterpret_cast<char const*>(data), size);
-    if (random() % 16 == 0) {
-        text[0] = static_cast<char>(random());
-    }
-    constexpr std::size_t longName = kvarn::longestVagnamn - 5;
-    std::string const piece =
-        random() % 64 == 0 ? '$' + std::string(longName + random() % 10, 'n') : Fragment(random);
-    text.replace(1 + random() % text.size(), random() % 2 * (random() % 8), piece);
-    text.resize(std::min(text.size(), maxSize));
-    std::memcpy(data, text.data(), text.size());
-    return text.size();
-}
-
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
-    if (size == 0) {
-        return 0;
-    }
-    constexpr unsigned asSet = 1;
-    constexpr unsigned star = 2;
-    constexpr unsigned typeBefore = 4;
-    unsigned const choices = data[0];
-    std::string const content(reinterpret_cast<char const*>(data) + 1, size - 1);
-    MessageBuffer()[0] = (choices & star) != 0 ? '*' : '\0';
-    if ((choices & asSet) != 0) {
-        CheckSet(content);
-    } else {
-        CheckLine(content, (choices & typeBefore) != 0);
+    constexpr void (*checks[])(std::string const&, bool) = {CheckRoad, CheckSet, CheckLine,
+                                                            CheckArea};
+    if (size > 0) {
+        std::string const text(reinterpret_cast<char const*>(data) + 1, size - 1);
+        bool const choice = (data[0] & 4) != 0;
+        MessageBuffer()[0] = choice ? '*' : '\0';
+        checks[data[0] % 4](text, choice);
     }
     return 0;
 }

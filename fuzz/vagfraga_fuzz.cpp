@@ -2,8 +2,8 @@
 // written apart.
 //
 // A line is made of numbers that like to meet: values that were used before, values a tolerance
-// away, the limits of the type; or it is read from lines of text. Then operations follow, each
-// compared with the model, which afterwards takes over the line's vertices.
+// away, the limits of the type. Then operations follow, each compared with the model, which
+// afterwards takes over the line's vertices.
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -12,11 +12,9 @@
 #include <fuzzer/FuzzedDataProvider.h>
 #include <initializer_list>
 #include <limits>
-#include <string>
 #include <vector>
 
 #include "check.h"
-#include "files/textfil.h"
 #include "formats/vagfil.h"
 #include "vagmodell.h"
 
@@ -106,9 +104,6 @@ class Player {
         constexpr int most = 24;
         m_line.typ = Type();
         Follow();
-        if (m_provider.ConsumeBool()) {
-            ReadText();
-        }
         for (int i = m_provider.ConsumeIntegralInRange(0, 10); i > 0; --i) {
             kovltype vertex = Vertex();
             m_line.Ny(1, &vertex);
@@ -142,14 +137,8 @@ class Player {
         }
         auto const index = m_provider.ConsumeIntegralInRange<std::size_t>(0, m_model.v.size() - 1);
         kovltype const& v = m_model.v[index];
-        switch (m_provider.ConsumeIntegralInRange(0, 3)) {
-        case 0:
-            return v.x;
-        case 1:
-            return v.y;
-        default:
-            return v.sektion;
-        }
+        double const values[] = {v.x, v.y, v.sektion, v.sektion};
+        return m_provider.PickValueInArray(values);
     }
 
     double Number() {
@@ -247,19 +236,6 @@ class Player {
         return {a, b, Bulge()};
     }
 
-    void ReadText() {
-        constexpr std::size_t longest = 400;
-        std::string const text = m_provider.ConsumeRandomLengthString(longest);
-        kvarn::LineReader lines{std::string_view(text)};
-        for (std::string_view line; lines.ReadLine(line);) {
-            kovltype vertex{};
-            if (kvarn::ReadVertex(line, vertex)) {
-                m_line.Ny(1, &vertex);
-            }
-        }
-        Follow();
-    }
-
     void Follow() {
         m_model.v = m_line.Vertices();
         m_before = m_model.v;
@@ -287,61 +263,33 @@ class Player {
               "the model's type and area");
     }
 
-    // The line before the operation and both answers are shown where they differ.
+    // The vertices before the operation are shown where the answers differ.
     void Compare(char const* operation, std::initializer_list<double> arguments, Svar const& ours,
                  Svar const& model) const {
         if (Same(ours, model)) {
             return;
         }
-        std::fprintf(stderr, "type %d, area %.17g %.17g %.17g %.17g\n", m_model.typ,
-                     m_model.omrSekFran, m_model.omrSekTill, m_model.omrAvstMin,
-                     m_model.omrAvstMax);
         for (kovltype const& v : m_before) {
             std::fprintf(stderr, "  %.17g %.17g %.17g %.17g\n", v.x, v.y, v.bulge, v.sektion);
         }
         for (double const argument : arguments) {
             std::fprintf(stderr, "argument %.17g\n", argument);
         }
-        std::fprintf(stderr, "ours  %d %.17g %.17g %.17g\nmodel %d %.17g %.17g %.17g\n",
-                     ours.result, ours.first, ours.second, ours.third, model.result, model.first,
-                     model.second, model.third);
         Check(false, operation);
     }
 
     // --- Operations ------------------------------------------------------------------------------
 
     void Operate() {
-        switch (m_provider.ConsumeIntegralInRange(0, 15)) {
-        case 0:
-            return Pldist();
-        case 1:
-            return Padist();
-        case 2:
-            return BulgeToRadiusBoth();
-        case 3:
-            return RadiusToBulgeBoth();
-        case 4:
-        case 5:
-            return Vag2xy();
-        case 6:
-            return Vagprofz();
-        case 7:
-        case 8:
-        case 9:
-            return Vagstv();
-        case 10:
-            return PktIomr();
-        case 11:
-            return SektKorr();
-        case 12:
-            return SektBerak();
-        case 13:
-            return Extend();
-        case 14:
-            return Area();
-        default:
-            return List();
-        }
+        using P = Player;
+        // Some are more often asked for: they hold most rules.
+        // clang-format off
+        static constexpr void (P::*operations[])() = {
+            &P::Pldist, &P::Padist, &P::BulgeToRadiusBoth, &P::RadiusToBulgeBoth, &P::Vag2xy,
+            &P::Vag2xy, &P::Vagprofz, &P::Vagstv, &P::Vagstv, &P::Vagstv, &P::PktIomr,
+            &P::SektKorr, &P::SektBerak, &P::Extend, &P::Area, &P::Vagnu, &P::List, &P::List};
+        // clang-format on
+        (this->*m_provider.PickValueInArray(operations))();
     }
 
     void Pldist() {
@@ -465,37 +413,23 @@ class Player {
 
     // What clients do to the list between the operations.
     void List() {
+        using Change = void (*)(Line & line, kovltype & vertex);
+        static constexpr Change changes[] = {
+            [](Line& line, kovltype& vertex) { line.Ny(1, &vertex); },
+            [](Line& line, kovltype& vertex) {
+                if (line.Index() >= 0) { // otherwise the list cannot tell the position
+                    line.Ny(0, &vertex);
+                }
+            },
+            [](Line& line, kovltype&) { line.Delete(); },
+            [](Line& line, kovltype&) { line.Home(); },
+            [](Line& line, kovltype&) { line.End(); },
+            [](Line& line, kovltype&) { line++; },
+            [](Line& line, kovltype& vertex) { line.Set_aktel(&vertex); }, // none is current then
+        };
         kovltype vertex = Vertex();
-        switch (m_provider.ConsumeIntegralInRange(0, 8)) {
-        case 0:
-            m_line.Ny(1, &vertex);
-            break;
-        case 1:
-            if (m_line.Index() >= 0) { // otherwise the list cannot tell the position
-                m_line.Ny(0, &vertex);
-            }
-            break;
-        case 2:
-            m_line.Delete();
-            break;
-        case 3:
-            m_line.Home();
-            break;
-        case 4:
-            m_line.End();
-            break;
-        case 5:
-            m_line++;
-            break;
-        case 6:
-            m_line.Set_aktel(&vertex); // nothing is current then
-            break;
-        case 7:
-            m_line.typ = Type();
-            break;
-        default:
-            return Vagnu();
-        }
+        m_line.typ = m_provider.ConsumeIntegralInRange(0, 8) == 0 ? Type() : m_line.typ;
+        m_provider.PickValueInArray(changes)(m_line, vertex);
         Follow();
     }
 

@@ -26,12 +26,13 @@ struct Circle {
     double r;
 };
 
-// The centre lies to the right of a positive bulge's chord, where x points right and y up.
-Circle CircleOf(double x1, double y1, double x2, double y2, double bulge) {
+// The centre lies to the right of a positive bulge's chord, where x points right and y up; to the
+// left where the axes are exchanged.
+Circle CircleOf(double x1, double y1, double x2, double y2, double bulge, bool exchanged = false) {
     double const c = Distance(x1, y1, x2, y2);
     double const h = std::fabs(bulge * c / 2);
     double const r = (c * c / 4 + h * h) / (2 * h);
-    double const s = bulge >= 0 ? 1 : -1;
+    double const s = (bulge >= 0) != exchanged ? 1 : -1;
     double const mx = (x1 + x2) / 2;
     double const my = (y1 + y2) / 2;
     return {mx + s * (r - h) * (y2 - y1) / c, my - s * (r - h) * (x2 - x1) / c, r};
@@ -42,39 +43,21 @@ struct Direction {
     double a;
 };
 
+// Clockwise from the north, by quarters of the circle.
 Direction DirectionOf(double dx, double dy) {
-    double t = 0;
-    double q = 0;
-    if (dy >= 0 && dx >= 0) {
-        if (dy <= 1e-5) {
-            return {0, 0};
-        }
-        t = dx / dy;
-        q = (std::sqrt(t * t + 1) - 1) / t;
-        return {q, 2 * std::atan(q)};
+    constexpr double quarters[] = {0, halfPi, pi, threeHalfPi};
+    int const quarter = dy >= 0 && dx >= 0   ? 0
+                        : dy <= 0 && dx >= 0 ? 1
+                        : dy <= 0 && dx <= 0 ? 2
+                                             : 3;
+    double const along = quarter == 0 ? dy : quarter == 1 ? dx : quarter == 2 ? -dy : -dx;
+    double const across = quarter == 0 ? dx : quarter == 1 ? -dy : quarter == 2 ? -dx : dy;
+    if (along <= 1e-5) {
+        return {static_cast<double>(quarter), quarters[quarter]};
     }
-    if (dy <= 0 && dx >= 0) {
-        if (dx <= 1e-5) {
-            return {1, halfPi};
-        }
-        t = -dy / dx;
-        q = (std::sqrt(t * t + 1) - 1) / t + 1;
-        return {q, 2 * std::atan(q - 1) + halfPi};
-    }
-    if (dy <= 0 && dx <= 0) {
-        if (dy >= -1e-5) {
-            return {2, pi};
-        }
-        t = dx / dy;
-        q = (std::sqrt(t * t + 1) - 1) / t + 2;
-        return {q, 2 * std::atan(q - 2) + pi};
-    }
-    if (dx >= -1e-5) {
-        return {3, threeHalfPi};
-    }
-    t = -dy / dx;
-    q = (std::sqrt(t * t + 1) - 1) / t + 3;
-    return {q, 2 * std::atan(q - 3) + threeHalfPi};
+    double const t = across / along;
+    double const q = (std::sqrt(t * t + 1) - 1) / t + quarter;
+    return {q, 2 * std::atan(q - quarter) + quarters[quarter]};
 }
 
 double Bearing(double dx, double dy) {
@@ -85,16 +68,8 @@ double Bearing(double dx, double dy) {
 } // namespace
 
 Svar BulgeToRadius(kokotype const& p1, kokotype const& p2) {
-    double const a1 = p1.x;
-    double const b1 = p1.y;
-    double const a2 = p2.x;
-    double const b2 = p2.y;
-    double const c = Distance(a1, b1, a2, b2);
-    double const h = std::fabs(p1.bulge * c / 2);
-    double const r = (c * c / 4 + h * h) / (2 * h);
-    double const s = p1.bulge >= 0 ? 1 : -1;
-    return {0, r, (a1 + a2) / 2 - s * (r - h) * (b2 - b1) / c,
-            (b1 + b2) / 2 + s * (r - h) * (a2 - a1) / c};
+    Circle const circle = CircleOf(p1.x, p1.y, p2.x, p2.y, p1.bulge, true);
+    return {0, circle.r, circle.x, circle.y};
 }
 
 double RadiusToBulge(kokotype const& p1, kokotype const& p2, double radius) {
