@@ -1,6 +1,7 @@
 # The resource scripts of the settings pages, which tools/settingspages makes of their list whenever
 # the library is built. The program runs on the machine that builds: a cross build makes it with that
-# machine's own compiler.
+# machine's own compiler, and without the variables that name the target's (a configuring "ctest
+# --build-and-test" leaves them in the environment of the build it starts).
 set(settingspages_folder "${CMAKE_CURRENT_BINARY_DIR}/settingspages")
 set(settingspages_source "${CMAKE_CURRENT_LIST_DIR}/../tools/settingspages")
 if(CMAKE_CROSSCOMPILING)
@@ -10,7 +11,9 @@ if(CMAKE_CROSSCOMPILING)
         SOURCE_DIR "${settingspages_source}"
         PREFIX "${settingspages_folder}"
         BINARY_DIR "${settingspages_folder}/host"
-        CMAKE_ARGS -DCMAKE_BUILD_TYPE=Release
+        CONFIGURE_COMMAND "${CMAKE_COMMAND}" -E env --unset=CC --unset=CXX --unset=RC
+            "${CMAKE_COMMAND}" -G "${CMAKE_GENERATOR}" -DCMAKE_BUILD_TYPE=Release
+            -S <SOURCE_DIR> -B <BINARY_DIR>
         INSTALL_COMMAND ""
         BUILD_ALWAYS ON # the list may have changed
         BUILD_BYPRODUCTS "${settingspages_program}")
