@@ -18,7 +18,7 @@
 #include <vector>
 
 #include "core/dirsort.h"
-#include "support/folder.h"
+#include "folder.h"
 
 namespace {
 

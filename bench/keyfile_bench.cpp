@@ -16,7 +16,7 @@
 
 #include "contenders/contender.h"
 #include "contenders/keyfile.h"
-#include "support/folder.h"
+#include "folder.h"
 
 namespace {
 

@@ -16,7 +16,7 @@
 #include <unistd.h>
 
 #include "contenders/files.h"
-#include "support/folder.h"
+#include "folder.h"
 
 namespace {
 

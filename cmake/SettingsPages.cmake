@@ -11,9 +11,11 @@ if(CMAKE_CROSSCOMPILING)
         SOURCE_DIR "${settingspages_source}"
         PREFIX "${settingspages_folder}"
         BINARY_DIR "${settingspages_folder}/host"
-        CONFIGURE_COMMAND "${CMAKE_COMMAND}" -E env --unset=CC --unset=CXX --unset=RC
+        CONFIGURE_COMMAND "${CMAKE_COMMAND}" -E env --unset=CXX --unset=CXXFLAGS --unset=LDFLAGS
+            --unset=CMAKE_TOOLCHAIN_FILE
             "${CMAKE_COMMAND}" -G "${CMAKE_GENERATOR}" -DCMAKE_BUILD_TYPE=Release
             -S <SOURCE_DIR> -B <BINARY_DIR>
+        BUILD_COMMAND "${CMAKE_COMMAND}" --build <BINARY_DIR>
         INSTALL_COMMAND ""
         BUILD_ALWAYS ON # the list may have changed
         BUILD_BYPRODUCTS "${settingspages_program}")

@@ -11,7 +11,7 @@
 
 #include "project/projpath.h"
 #include "settings/autoini.h"
-#include "support/folder.h"
+#include "folder.h"
 
 class Mappar {
   public:

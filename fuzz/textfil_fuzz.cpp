@@ -7,7 +7,7 @@
 
 #include "check.h"
 #include "files/textfil.h"
-#include "support/folder.h"
+#include "folder.h"
 #include "textlines.h"
 
 namespace {

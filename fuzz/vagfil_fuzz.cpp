@@ -13,7 +13,7 @@
 #include "formats/checks/checkvagfil.h"
 #include "formats/omradesfil.h"
 #include "geodata/vag2.h"
-#include "support/folder.h"
+#include "folder.h"
 #include "text/scan.h"
 #include "textlines.h"
 

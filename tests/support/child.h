@@ -25,15 +25,17 @@ class Child {
     Child(std::string line, DWORD flags) {
         STARTUPINFOA start{};
         start.cb = sizeof start;
-        auto const started = [&] {
+        Start([&] {
             return CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, flags, nullptr,
-                                  nullptr, &start, &m_process) != FALSE;
-        };
-        // Wine fails about one start in a thousand with this error, and with no other.
-        for (int again = 0; !started() && GetLastError() == ERROR_INTERNAL_ERROR && again < 3;
-             ++again) {
-            Sleep(100);
-        }
+                                  nullptr, &start, &m_process);
+        });
+    }
+    // A line of any letters, with the handles that it inherits.
+    Child(std::wstring line, STARTUPINFOW start) {
+        Start([&] {
+            return CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                                  &start, &m_process);
+        });
     }
 #else
     explicit Child(std::string const& test) {
@@ -78,6 +80,13 @@ class Child {
 
   private:
 #if defined(_WIN32)
+    template <class Create> static void Start(Create create) {
+        // Wine fails about one start in a thousand with this error, and with no other.
+        for (int again = 0; !create() && GetLastError() == ERROR_INTERNAL_ERROR && again < 3;
+             ++again) {
+            Sleep(100);
+        }
+    }
     static std::string OwnProgram() {
         char program[MAX_PATH];
         GetModuleFileNameA(nullptr, program, sizeof program);

@@ -14,7 +14,7 @@
 #include "support/testfiles.h"
 
 #if defined(_WIN32)
-#include "host/host.h" // windows.h
+#include "support/child.h"
 #else
 #include <sys/wait.h>
 #endif
@@ -68,29 +68,11 @@ inline int RunLine(std::string line, std::filesystem::path const& folder) {
     start.hStdOutput = open("out", GENERIC_WRITE, CREATE_ALWAYS);
     start.hStdError = open("err", GENERIC_WRITE, CREATE_ALWAYS);
     std::wstring wide = std::filesystem::path(std::u8string(line.begin(), line.end())).wstring();
-    PROCESS_INFORMATION process{};
-    DWORD status = 0;
-    // Wine fails to start one process in a thousand, with this error; it has not run then.
-    auto const started = [&] {
-        return CreateProcessW(nullptr, wide.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                              &start, &process) != FALSE;
-    };
-    bool runs = started();
-    for (int again = 0; !runs && GetLastError() == ERROR_INTERNAL_ERROR && again < 3; ++again) {
-        runs = started();
-    }
-    if (!runs) {
-        ADD_FAILURE() << "error " << GetLastError() << " starting " << line;
-    } else {
-        WaitForSingleObject(process.hProcess, INFINITE);
-        GetExitCodeProcess(process.hProcess, &status);
-        CloseHandle(process.hThread);
-        CloseHandle(process.hProcess);
-    }
+    int const status = Child(wide, start).Wait(); // 1 when it could not be started
     CloseHandle(start.hStdInput);
     CloseHandle(start.hStdOutput);
     CloseHandle(start.hStdError);
-    return static_cast<int>(status);
+    return status;
 }
 #else
 inline int RunLine(std::string line, std::filesystem::path const& folder) {
