@@ -9,9 +9,9 @@
 #include <string>
 #include <string_view>
 
+#include "folder.h"
 #include "project/projpath.h"
 #include "settings/autoini.h"
-#include "folder.h"
 
 class Mappar {
   public:

@@ -10,10 +10,10 @@
 #include "check.h"
 #include "core/message.h"
 #include "core/messageout.h"
+#include "folder.h"
 #include "formats/checks/checkvagfil.h"
 #include "formats/omradesfil.h"
 #include "geodata/vag2.h"
-#include "folder.h"
 #include "text/scan.h"
 #include "textlines.h"
 
