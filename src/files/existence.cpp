@@ -4,12 +4,17 @@
 
 namespace kvarn {
 
+bool MeansMissing(DWORD error) {
+    return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+}
+
 bool FileExists(char const* path) {
-    return GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES;
+    return GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES || !MeansMissing(GetLastError());
 }
 
 bool MakeFolder(char const* path) {
-    return FileExists(path) || CreateDirectoryA(path, nullptr) != FALSE || FileExists(path);
+    return CreateDirectoryA(path, nullptr) != FALSE ||
+           GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES;
 }
 
 } // namespace kvarn

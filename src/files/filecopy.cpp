@@ -59,4 +59,9 @@ bool CopyWhole(char const* from, char const* to, Existing existing) {
            RewriteFile(to, content, existing, Waiting::never) == Rewritten::done;
 }
 
+bool KeepCopy(char const* file, char const* name) {
+    FileContent content(file);
+    return content.IsKnown() && ReplaceName(name, content, file);
+}
+
 } // namespace kvarn

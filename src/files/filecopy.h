@@ -15,4 +15,8 @@ namespace kvarn {
 // changes during the copying.
 bool CopyWhole(char const* from, char const* to, Existing existing);
 
+// Keeps a copy of a file under another name, with its rights: whoever may not read the file may not
+// read the copy. What has the name is replaced; a link is not followed. False when that fails.
+bool KeepCopy(char const* file, char const* name);
+
 } // namespace kvarn

@@ -1,21 +1,19 @@
 #include "filerewrite.h"
 
 #include <array>
-#include <atomic>
 #include <cstddef>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "existence.h"
+#include "infile.h"
 #include "outfile.h"
+#include "temporary.h"
+#include "turns.h"
 
 namespace kvarn {
 namespace {
-
-// Others hold a file for some milliseconds: a writer of a settings file, or a virus scanner. After
-// half a second their program hangs or was killed, and the user is waiting.
-constexpr DWORD pause = 20; // milliseconds between attempts
-constexpr int attemptsInTurn = 25;
 
 class TextContent : public Content {
   public:
@@ -31,22 +29,21 @@ class TextContent : public Content {
 struct Job {
     char const* path;
     Content& content;
-    char const* besidePath; // null: a unique name
+    char const* knownName; // null: the new file goes straight to its place
     Existing existing;
     Waiting waiting;
 
-    int Attempts(int most) const { return waiting == Waiting::inTurn ? most : 1; }
+    int Attempts() const { return waiting == Waiting::inTurn ? turnAttempts : 1; }
 };
 
 // Opens the file; waits a while for another program that is writing it in place.
 OutFile Open(Job const& job, DWORD disposition, DWORD share) {
-    OutFile file(job.path, disposition, share);
-    for (int i = 1; i < job.Attempts(attemptsInTurn) && !file.IsOpen() &&
-                    GetLastError() == ERROR_SHARING_VIOLATION;
-         ++i) {
-        Sleep(pause);
+    OutFile file;
+    auto const open = [&] {
         file = OutFile(job.path, disposition, share);
-    }
+        return file.IsOpen();
+    };
+    InTurn(job.Attempts(), open, [](DWORD error) { return error == ERROR_SHARING_VIOLATION; });
     return file;
 }
 
@@ -64,16 +61,45 @@ bool SetAttributes(char const* path, DWORD attributes) {
     return special == 0 || SetFileAttributesA(path, special | FILE_ATTRIBUTE_ARCHIVE) != FALSE;
 }
 
-Rewritten WriteInPlace(Job const& job) {
+enum class InPlace { done, cannotOpen, unchanged, damaged };
+
+// Puts the content into the file that is there; its old content comes back when that fails.
+InPlace Overwrite(OutFile& file, Job const& job) {
+    std::optional<std::string> const old =
+        file.IsOrdinary() ? WholeFile(job.path) : std::nullopt;
+    if (!file.LockOut(job.Attempts()) || !file.Reserve(job.content.Size())) {
+        return InPlace::unchanged;
+    }
+    if (Fill(file, job.content) && file.Cut() && file.Flush()) {
+        return InPlace::done;
+    }
+    bool const restored =
+        old && file.ToBeginning() && file.Write(*old) && file.Cut() && file.Flush();
+    return restored ? InPlace::unchanged : InPlace::damaged;
+}
+
+InPlace WriteInPlace(Job const& job, bool exists) {
     OutFile file = Open(job, OPEN_ALWAYS, shareOneWriter);
     if (!file.IsOpen()) {
-        return Rewritten::cannotOpen;
+        return InPlace::cannotOpen;
     }
+    InPlace result = Overwrite(file, job);
+    bool const closed = file.Close();
     std::optional<Looks> const looks = job.content.Look();
-    bool const written = file.Reserve(job.content.Size()) && Fill(file, job.content) &&
-                         file.Cut() && file.Finish() &&
-                         (!looks || SetAttributes(job.path, looks->attributes));
-    return written ? Rewritten::done : Rewritten::failed;
+    bool const whole = closed && (!looks || SetAttributes(job.path, looks->attributes));
+    if (result == InPlace::done && !whole) {
+        result = InPlace::damaged;
+    }
+    if (result != InPlace::done && !exists) {
+        DeleteFileA(job.path); // this call made it
+    }
+    return result;
+}
+
+Rewritten ResultOf(InPlace written) {
+    return written == InPlace::done         ? Rewritten::done
+           : written == InPlace::cannotOpen ? Rewritten::cannotOpen
+                                            : Rewritten::failed;
 }
 
 // Gives a file the access rights of another, and its owner and group where the system lets us: most
@@ -145,14 +171,16 @@ bool FileWasThere() {
     return error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS;
 }
 
+enum class Placed { done, no, vanished }; // vanished: another program has deleted the new file
+
 // A new file beside another, deleted with its scope unless it was kept or has become the other.
 class Beside {
   public:
-    Beside(Job const& job, Target const& target) : m_job(job), m_target(target) {
-        job.besidePath != nullptr ? MakeKnown() : MakeOwn();
+    Beside(Job const& job, Target const& target, char const* rightsFrom)
+        : m_job(job), m_target(target) {
+        Make(rightsFrom != nullptr);
         // Before the content: nobody may read it who may not read the target.
-        m_rights =
-            m_made && (!m_target.exists || CarryOverRights(m_target.path.c_str(), m_path.c_str()));
+        m_rights = m_made && (rightsFrom == nullptr || CarryOverRights(rightsFrom, m_path.c_str()));
     }
     ~Beside() {
         m_file = OutFile();
@@ -168,50 +196,52 @@ class Beside {
     bool DiskFull() const { return m_diskFull; }
     bool Fill() { return kvarn::Fill(m_file, m_job.content) && m_file.Finish(); }
 
-    bool TakePlace() {
-        // A scanner or another reader often lets go of the file at once.
-        constexpr int mostAttempts = 3;
+    // Gives the file the attributes that it is to have, and the name that other programs know.
+    bool Prepare() {
         DWORD const attributes = Attributes();
-        bool const ready = m_rights && attributes != INVALID_FILE_ATTRIBUTES &&
-                           SetAttributes(m_path.c_str(), attributes);
-        for (int i = 0; i < m_job.Attempts(mostAttempts) && ready && !m_kept; ++i) {
-            if (i > 0) {
-                Sleep(pause);
-            }
-            // A name that did not exist is not replaced: it may be a link into nowhere.
-            m_kept = MoveFileExA(m_path.c_str(), m_target.path.c_str(),
-                                 MOVEFILE_WRITE_THROUGH |
-                                     (m_target.exists ? MOVEFILE_REPLACE_EXISTING : 0U)) != FALSE;
+        if (!m_rights || attributes == INVALID_FILE_ATTRIBUTES ||
+            !SetAttributes(m_path.c_str(), attributes)) {
+            return false;
         }
-        return m_kept;
+        bool const named = m_job.knownName == nullptr || Become(m_job.knownName, true);
+        m_path = named && m_job.knownName != nullptr ? m_job.knownName : m_path;
+        return named;
+    }
+    Placed TakePlace() {
+        // A name that did not exist is not replaced: it may be a link into nowhere.
+        m_kept = Become(m_target.path.c_str(), m_target.exists);
+        if (m_kept) {
+            return Placed::done;
+        }
+        bool const vanished = MeansMissing(GetLastError()) && !FileExists(m_path.c_str());
+        // Under the name that others know, it was whole when they took it.
+        return !vanished ? Placed::no : m_job.knownName != nullptr ? Placed::done : Placed::vanished;
     }
     void Keep() { m_kept = true; }
 
   private:
-    void Make(std::string path) {
-        m_path = std::move(path);
-        m_file = OutFile(m_path.c_str(), CREATE_NEW);
-        m_made = m_file.IsOpen();
+    void Make(bool isPrivate) {
+        constexpr int attempts = 100; // names that processes of the same number left
+        constexpr DWORD nobodyElse = 0;
+        SweepBeside(m_target.path);
+        for (int i = 0; i < attempts && !m_made && (i == 0 || FileWasThere()); ++i) {
+            m_path = TemporaryBeside(m_target.path);
+            m_file = OutFile(m_path.c_str(), CREATE_NEW, isPrivate ? nobodyElse : shareAll);
+            m_made = m_file.IsOpen();
+        }
         m_diskFull = !m_made && GetLastError() == ERROR_DISK_FULL;
     }
-    void MakeOwn() {
-        constexpr int attempts = 100; // names left behind by programs that were killed
-        static std::atomic<int> serial = 0;
-        for (int i = 0; i < attempts && !m_made && (i == 0 || FileWasThere()); ++i) {
-            Make(m_target.path + "." + std::to_string(GetCurrentProcessId()) + "-" +
-                 std::to_string(++serial) + ".tmp");
-        }
-    }
-    // With the name that other programs know; takes the file over from a writer that was killed.
-    void MakeKnown() {
-        Make(m_job.besidePath);
-        for (int i = 1; i < attemptsInTurn && !m_made && FileWasThere(); ++i) {
-            Sleep(pause);
-            Make(m_job.besidePath);
-        }
-        if (!m_made && FileWasThere() && DeleteFileA(m_job.besidePath) != FALSE) {
-            Make(m_job.besidePath);
-        }
+    // A scanner or another reader often lets go of the file at once.
+    bool Become(char const* path, bool replaces) {
+        auto const move = [&] {
+            return MoveFileExA(m_path.c_str(), path,
+                               MOVEFILE_WRITE_THROUGH |
+                                   (replaces ? MOVEFILE_REPLACE_EXISTING : 0U)) != FALSE;
+        };
+        auto const isHeld = [](DWORD error) {
+            return error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
+        };
+        return InTurn(m_job.Attempts(), move, isHeld);
     }
     // Those of the content, else those of the target; INVALID_FILE_ATTRIBUTES when the host does
     // not tell the target's.
@@ -238,27 +268,33 @@ Rewritten Rewrite(Job const& job) {
         return Rewritten::cannotOpen;
     }
     if (!target.replaceable) {
-        return WriteInPlace(job);
+        return ResultOf(WriteInPlace(job, target.exists));
     }
-    Beside beside(job, target);
+    Beside beside(job, target, target.exists ? target.path.c_str() : nullptr);
     if (!beside.Made()) {
-        bool const inPlace = job.besidePath == nullptr && !beside.DiskFull();
-        return inPlace ? WriteInPlace(job) : Rewritten::failed;
+        bool const inPlace = job.knownName == nullptr && !beside.DiskFull();
+        return inPlace ? ResultOf(WriteInPlace(job, target.exists)) : Rewritten::failed;
     }
     if (!beside.Fill()) {
         return Rewritten::failed;
     }
-    if (beside.TakePlace()) {
+    bool const ready = beside.Prepare();
+    if (!ready && job.knownName != nullptr) {
+        return Rewritten::failed;
+    }
+    Placed const placed = ready ? beside.TakePlace() : Placed::no;
+    if (placed == Placed::done) {
         return Rewritten::done;
     }
-    if (!target.exists && Look(job).exists) { // another program has made it in the meantime
+    bool const madeByAnother = !target.exists && Look(job).exists;
+    if (madeByAnother || placed == Placed::vanished) {
         return Rewrite({job.path, job.content, nullptr, job.existing, job.waiting});
     }
-    Rewritten const inPlace = WriteInPlace(job);
-    if (inPlace == Rewritten::failed) {
-        beside.Keep(); // the only whole copy of the new content
+    InPlace const inPlace = WriteInPlace(job, target.exists);
+    if (inPlace == InPlace::damaged) {
+        beside.Keep(); // the only whole content
     }
-    return inPlace;
+    return ResultOf(inPlace);
 }
 
 } // namespace
@@ -267,13 +303,22 @@ Rewritten RewriteFile(char const* path, std::string_view text) {
     return RewriteFile(path, text, nullptr);
 }
 
-Rewritten RewriteFile(char const* path, std::string_view text, char const* besidePath) {
+Rewritten RewriteFile(char const* path, std::string_view text, char const* knownName) {
     TextContent content(text);
-    return Rewrite({path, content, besidePath, Existing::replaced, Waiting::inTurn});
+    return RewriteFile(path, content, Existing::replaced, Waiting::inTurn, knownName);
 }
 
-Rewritten RewriteFile(char const* path, Content& content, Existing existing, Waiting waiting) {
-    return Rewrite({path, content, nullptr, existing, waiting});
+Rewritten RewriteFile(char const* path, Content& content, Existing existing, Waiting waiting,
+                      char const* knownName) {
+    return Rewrite({path, content, knownName, existing, waiting});
+}
+
+bool ReplaceName(char const* path, Content& content, char const* rightsFrom) {
+    Job const job = {path, content, nullptr, Existing::replaced, Waiting::inTurn};
+    Target const target = {.opens = true, .exists = true, .replaceable = true, .path = path};
+    Beside beside(job, target, rightsFrom);
+    return beside.Made() && beside.Fill() && beside.Prepare() &&
+           beside.TakePlace() == Placed::done;
 }
 
 bool OpensForWriting(char const* path) {

@@ -18,24 +18,28 @@ enum class Rewritten {
 
 // Writes the content beside the file, flushes it to the disk and puts it in the file's place by one
 // rename. Symbolic links are followed; attributes and access rights are carried over, owner and
-// group where the system lets us. (Another hard link to the file keeps the old content.)
+// group where the system lets us. The new file is private until it has the rights of the old one.
+// (Another hard link to the file keeps the old content.) Two programs at once need no lock: the
+// last one's content wins, whole.
 //
-// The file is written in place when no file can be made beside it, when the rename is refused
-// though the file opens for writing (another program holds it open), and when it is no ordinary
-// file. Its room is then reserved first, and the file beside it keeps the new content until the
-// writing has succeeded. Two programs that write in place take turns.
+// The file is written in place when no file can be made beside it, when the rename is refused for
+// half a second though the file opens for writing (another program holds it open), and when it is
+// no ordinary file. Its room is then reserved first; readers that use InFile wait until the
+// writing is over, and so do other writers. When it fails the old content is put back, and when
+// that fails too, the file beside it keeps the new content.
 //
-// A program that is killed in the middle leaves the file beside it: NAME.<process>-<number>.tmp.
+// A program that is killed in the middle leaves the file beside it, NAME.<process>-<number>.tmp,
+// which the next writer deletes (see temporary.h).
 //
 // Sources for the rename: MoveFileEx in the Windows documentation (ReplaceFile is several steps,
 // any of which may fail); rename in POSIX.1-2017.
 Rewritten RewriteFile(char const* path, std::string_view content);
 
-// The same, but the file beside it has a name that other programs know, in the same folder: the
-// program that makes this file may write. If another program has made it, the call waits half a
-// second for its writer and then takes it over, since the writer must have been killed. When the
-// file cannot be made nothing is written, and the result is failed.
-Rewritten RewriteFile(char const* path, std::string_view content, char const* besidePath);
+// The same, but the new file gets a name that other programs know, in the same folder, before it
+// takes its place. It is whole when it gets the name, which is free or is replaced: another
+// program's file of that name is whole as well, and older. When it cannot have the name nothing is
+// written, and the result is failed.
+Rewritten RewriteFile(char const* path, std::string_view content, char const* knownName);
 
 class OutFile;
 
@@ -62,7 +66,13 @@ enum class Existing { replaced, kept }; // kept: cannotOpen for a file that is t
 enum class Waiting { inTurn, never };   // for another program that has the file open
 
 // The same with a content of any kind.
-Rewritten RewriteFile(char const* path, Content& content, Existing existing, Waiting waiting);
+Rewritten RewriteFile(char const* path, Content& content, Existing existing, Waiting waiting,
+                      char const* knownName = nullptr);
+
+// Gives a whole new file a name, in place of what had it: a link is replaced, and not followed. The
+// file has the rights of another, before its content. False when that failed; the name then stays
+// what it was. The content tells its looks.
+bool ReplaceName(char const* path, Content& content, char const* rightsFrom);
 
 // Whether the file exists and can be opened for writing; it is not changed.
 bool OpensForWriting(char const* path);

@@ -1,16 +1,18 @@
 #include "infile.h"
 
-#include <array>
+#include <algorithm>
+#include <new>
 
+#include "existence.h"
 #include "outfile.h"
+#include "turns.h"
 
 namespace kvarn {
 
 InFile::InFile(char const* path)
     : m_file(CreateFileA(path, GENERIC_READ, shareAll, nullptr, OPEN_EXISTING,
                          FILE_ATTRIBUTE_NORMAL, nullptr)) {
-    DWORD const error = IsOpen() ? 0 : GetLastError();
-    m_missing = error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+    m_missing = !IsOpen() && MeansMissing(GetLastError());
 }
 
 InFile::~InFile() {
@@ -21,8 +23,17 @@ InFile::~InFile() {
 
 std::optional<std::string_view> InFile::Read(char* buffer, std::size_t size) {
     DWORD count = 0;
-    bool const read = ReadFile(m_file, buffer, static_cast<DWORD>(size), &count, nullptr) != FALSE;
-    return read ? std::optional(std::string_view(buffer, count)) : std::nullopt;
+    auto const read = [&] {
+        return ReadFile(m_file, buffer, static_cast<DWORD>(size), &count, nullptr) != FALSE;
+    };
+    auto const isWritten = [](DWORD error) { return error == ERROR_LOCK_VIOLATION; };
+    return InTurn(turnAttempts, read, isWritten) ? std::optional(std::string_view(buffer, count))
+                                                 : std::nullopt;
+}
+
+std::uint64_t InFile::Size() const {
+    LARGE_INTEGER size{};
+    return GetFileSizeEx(m_file, &size) != FALSE ? static_cast<std::uint64_t>(size.QuadPart) : 0;
 }
 
 bool InFile::ToBeginning() {
@@ -36,18 +47,44 @@ std::optional<BY_HANDLE_FILE_INFORMATION> InFile::Status() const {
     return known ? std::optional(status) : std::nullopt;
 }
 
-std::optional<std::string> WholeFile(char const* path) {
+namespace {
+
+std::optional<std::string> ReadAll(InFile& file) {
+    constexpr std::size_t leastRoom = 4096; // for what tells no size
+    constexpr std::size_t most = 1U << 30U; // ReadFile's count has 32 bits
+    std::string text;
+    std::size_t length = 0;
+    for (std::size_t room = file.Size() + 1;; room = text.size()) {
+        text.resize(length + std::clamp(room, leastRoom, most));
+        auto const part = file.Read(text.data() + length, text.size() - length);
+        if (!part || part->empty()) {
+            text.resize(length);
+            return part ? std::optional(std::move(text)) : std::nullopt;
+        }
+        length += part->size();
+    }
+}
+
+std::optional<std::string> WholeFile(char const* path, bool mayBeMissing) {
     InFile file(path);
     if (!file.IsOpen()) {
+        return mayBeMissing && file.Missing() ? std::optional(std::string()) : std::nullopt;
+    }
+    try {
+        return ReadAll(file);
+    } catch (std::bad_alloc const&) {
         return std::nullopt;
     }
-    std::string text;
-    std::array<char, 4096> buffer{};
-    auto part = file.Read(buffer.data(), buffer.size());
-    for (; part && !part->empty(); part = file.Read(buffer.data(), buffer.size())) {
-        text.append(*part);
-    }
-    return part ? std::optional(std::move(text)) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<std::string> WholeFile(char const* path) {
+    return WholeFile(path, false);
+}
+
+std::optional<std::string> WholeFileIfThere(char const* path) {
+    return WholeFile(path, true);
 }
 
 } // namespace kvarn

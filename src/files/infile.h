@@ -23,8 +23,11 @@ class InFile {
     // True when there is no such file, or no such folder: it is not open then.
     bool Missing() const { return m_missing; }
 
-    // The next bytes, in the buffer; empty at the end, and nothing when they cannot be read.
+    // The next bytes, in the buffer; empty at the end, and nothing when they cannot be read. Waits
+    // for a program that is writing the file in place: what one call reads is of one writing.
     std::optional<std::string_view> Read(char* buffer, std::size_t size);
+    // In bytes; 0 also for what is no ordinary file, whose size is not known.
+    std::uint64_t Size() const;
     bool ToBeginning();
     // Nothing when the file cannot be looked at.
     std::optional<BY_HANDLE_FILE_INFORMATION> Status() const;
@@ -34,8 +37,9 @@ class InFile {
     bool m_missing = false;
 };
 
-// A file's whole content. Nothing when it cannot be opened or read to its end; GetLastError tells
-// why it could not be opened.
+// A file's whole content. Nothing when it cannot be opened or read to its end, or memory is short.
 std::optional<std::string> WholeFile(char const* path);
+// The same; empty for a file that is missing.
+std::optional<std::string> WholeFileIfThere(char const* path);
 
 } // namespace kvarn

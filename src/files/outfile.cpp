@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "turns.h"
+
 namespace kvarn {
 
 OutFile::OutFile(char const* path, DWORD disposition, DWORD share)
@@ -33,17 +35,21 @@ std::string OutFile::RealPath() const {
     return path;
 }
 
+bool OutFile::LockOut(int attempts) {
+    auto const lock = [&] {
+        OVERLAPPED whole{};
+        return LockFileEx(m_file, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, MAXDWORD,
+                          MAXDWORD, &whole) != FALSE;
+    };
+    auto const isRead = [](DWORD error) { return error == ERROR_LOCK_VIOLATION; };
+    return InTurn(attempts, lock, isRead) || !isRead(GetLastError());
+}
+
 bool OutFile::Reserve(std::uint64_t size) {
-    LARGE_INTEGER before{};
-    if (!IsOrdinary() || GetFileSizeEx(m_file, &before) == FALSE ||
-        static_cast<std::uint64_t>(before.QuadPart) >= size) {
-        return true;
-    }
-    bool const reserved = EndAt(static_cast<std::int64_t>(size));
-    if (!reserved) {
-        EndAt(before.QuadPart); // the old content stays as it was
-    }
-    return MoveTo(0) && reserved;
+    FILE_ALLOCATION_INFO room{};
+    room.AllocationSize.QuadPart = static_cast<std::int64_t>(size);
+    return !IsOrdinary() || SetFileInformationByHandle(m_file, FileAllocationInfo, &room,
+                                                       sizeof room) != FALSE;
 }
 
 bool OutFile::Write(std::string_view content) {
@@ -62,14 +68,13 @@ bool OutFile::Write(std::string_view content) {
 }
 
 bool OutFile::Finish() {
-    bool const flushed = !IsOrdinary() || FlushFileBuffers(m_file) != FALSE;
+    bool const flushed = Flush();
     return Close() && flushed;
 }
 
-bool OutFile::MoveTo(std::int64_t position) {
-    LARGE_INTEGER distance{};
-    distance.QuadPart = position;
-    return SetFilePointerEx(m_file, distance, nullptr, FILE_BEGIN) != FALSE;
+bool OutFile::ToBeginning() {
+    LARGE_INTEGER const none{};
+    return SetFilePointerEx(m_file, none, nullptr, FILE_BEGIN) != FALSE;
 }
 
 bool OutFile::Close() {

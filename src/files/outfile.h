@@ -29,9 +29,13 @@ class OutFile {
     // The path without links; empty when the system does not tell it.
     std::string RealPath() const;
 
+    // Keeps readers out until the file is closed: whoever reads in the middle waits. False when
+    // another program reads or writes it all the time; done too where the host has no such locks.
+    bool LockOut(int attempts);
     // Makes room for a content of that size, so that a full disk shows before anything is
     // overwritten.
     bool Reserve(std::uint64_t size);
+    bool ToBeginning();
     bool Write(std::string_view content);
     // Ends the file at the present position.
     bool Cut() { return !IsOrdinary() || SetEndOfFile(m_file) != FALSE; }
@@ -39,13 +43,12 @@ class OutFile {
     bool SetTime(FILETIME const& written) {
         return SetFileTime(m_file, nullptr, nullptr, &written) != FALSE;
     }
+    bool Flush() { return !IsOrdinary() || FlushFileBuffers(m_file) != FALSE; }
+    bool Close();
     // Flushes the file to the disk and closes it.
     bool Finish();
 
   private:
-    bool MoveTo(std::int64_t position);
-    bool EndAt(std::int64_t size) { return MoveTo(size) && SetEndOfFile(m_file) != FALSE; }
-    bool Close();
 
     HANDLE m_file = INVALID_HANDLE_VALUE;
 };

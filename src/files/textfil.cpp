@@ -1,5 +1,7 @@
 #include "textfil.h"
 
+#include <algorithm>
+#include <new>
 #include <utility>
 
 namespace kvarn {
@@ -7,26 +9,42 @@ namespace kvarn {
 TextReader::TextReader(char const* path) : m_file(path), m_ended(!m_file.IsOpen()) {}
 
 std::string_view TextReader::Refill() {
-    constexpr std::size_t bufferSize = 16384;
     if (m_ended) {
         return {};
     }
     if (m_buffer == nullptr) {
-        m_buffer.reset(new char[bufferSize]); // not cleared first
+        MakeBuffer();
     }
-    auto const read = m_file.Read(m_buffer.get(), bufferSize);
+    auto const read =
+        m_buffer != nullptr ? m_file.Read(m_buffer.get(), m_bufferSize) : std::nullopt;
     if (!read) {
         Fail();
         return {};
     }
     std::string_view const text = read->substr(0, read->find(endOfText));
-    m_ended = text.empty() || text.size() < read->size();
+    bool const last = m_sizeIsKnown && read->size() < m_bufferSize;
+    m_ended = last || text.empty() || text.size() < read->size();
     return text;
 }
 
-TextWriter::TextWriter(char const* path)
-    : m_file(CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
-                         FILE_ATTRIBUTE_NORMAL, nullptr)) {}
+// A settings file is read by one call, which gives the content of one moment.
+void TextReader::MakeBuffer() {
+    constexpr std::uint64_t unknown = 16384;
+    constexpr std::uint64_t most = 1U << 20U;
+    std::uint64_t const size = m_file.Size();
+    m_sizeIsKnown = size > 0;
+    m_bufferSize = static_cast<std::size_t>(m_sizeIsKnown ? std::min(size + 1, most) : unknown);
+    m_buffer.reset(new (std::nothrow) char[m_bufferSize]); // not cleared first
+}
+
+TextWriter::TextWriter(char const* path, Writes writes)
+    : m_file(CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                         writes == Writes::anew ? CREATE_ALWAYS : OPEN_EXISTING,
+                         FILE_ATTRIBUTE_NORMAL, nullptr)) {
+    LARGE_INTEGER const none{};
+    m_failed = writes == Writes::atEnd && IsOpen() &&
+               SetFilePointerEx(m_file, none, nullptr, FILE_END) == FALSE;
+}
 
 bool TextWriter::Write(std::string_view text) {
     std::string const lines = InTextMode(text);
@@ -40,7 +58,8 @@ bool TextWriter::Write(std::string_view text) {
 
 bool TextWriter::Close() {
     HANDLE const file = std::exchange(m_file, INVALID_HANDLE_VALUE);
-    return file == INVALID_HANDLE_VALUE || CloseHandle(file) != FALSE;
+    bool const closed = file == INVALID_HANDLE_VALUE || CloseHandle(file) != FALSE;
+    return closed && !m_failed;
 }
 
 } // namespace kvarn

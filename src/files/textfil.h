@@ -22,17 +22,25 @@ class TextReader : public LineReader {
 
   private:
     std::string_view Refill() override;
+    void MakeBuffer();
 
     InFile m_file;
     bool m_ended;
+    bool m_sizeIsKnown = false;
+    std::size_t m_bufferSize = 0;
     std::unique_ptr<char[]> m_buffer;
 };
 
-// A text file that is made anew, or emptied, and written text by text. Each text is in the file
-// when the call returns: a program that dies in the middle has lost nothing of what it wrote.
+enum class Writes {
+    anew, // a file that is made, or emptied
+    atEnd // of a file that exists
+};
+
+// A text file that is written text by text. Each text is in the file when the call returns: a
+// program that dies in the middle has lost nothing of what it wrote.
 class TextWriter {
   public:
-    explicit TextWriter(char const* path);
+    explicit TextWriter(char const* path, Writes writes = Writes::anew);
     ~TextWriter() { Close(); }
     TextWriter(TextWriter const&) = delete;
     TextWriter& operator=(TextWriter const&) = delete;
@@ -40,6 +48,7 @@ class TextWriter {
     bool IsOpen() const { return m_file != INVALID_HANDLE_VALUE; }
     // LF becomes CR LF. False when it could not be written whole; nothing more is then written.
     bool Write(std::string_view text);
+    // False when the closing failed, or a write before it.
     bool Close();
 
   private:

@@ -1,5 +1,7 @@
 #include "bergormatelista.h"
 
+#include <map>
+#include <optional>
 #include <utility>
 
 #include "../formats/kodtexts.h"
@@ -80,21 +82,39 @@ void Change(bergmattype& entry, Material const& line, bool withName) {
     }
 }
 
+// The first entry of each number: a file may have very many lines.
+std::map<int, bergmattype*> FirstOfEach(CBergOrMateLista& list) {
+    std::map<int, bergmattype*> entries;
+    for (bool there = list.Home() == 0; there; there = list++ != nullptr) {
+        entries.try_emplace(list.Get_aktel()->nr, list.Get_aktel());
+    }
+    return entries;
+}
+
 // From the table's count on a line gives its entry a name too.
 void ReadSection(CBergOrMateLista& list, std::string_view text, std::size_t tableSize) {
+    std::map<int, bergmattype*> entries = FirstOfEach(list);
     kvarn::LineReader lines(text);
     kvarn::MaterialReader section(lines, KindOf(list), IsNorwegian(list));
+    std::optional<int> changed; // by the last line: it leaves that entry current
     for (kvarn::MaterialLine line; section.Next(line);) {
         if (!line.IsRead() || line.isShift) {
             continue;
         }
         Material const material = line.Completed();
-        if (line.changes && GoTo(list, *line.changes)) {
-            Change(*list.Get_aktel(), material, material.number >= static_cast<int>(tableSize));
+        auto const entry = line.changes ? entries.find(*line.changes) : entries.end();
+        if (entry != entries.end()) {
+            changed = entry->first;
+            Change(*entry->second, material, material.number >= static_cast<int>(tableSize));
         } else {
             bergmattype record = RecordOf(material);
             list.Ny(1, &record);
+            entries.try_emplace(record.nr, list.Get_aktel());
+            changed.reset();
         }
+    }
+    if (changed) {
+        GoTo(list, *changed);
     }
 }
 

@@ -5,6 +5,7 @@
 #include <utility>
 #include <variant>
 
+#include "../files/existence.h"
 #include "../files/pathparts.h"
 #include "cannotopen.h"
 
@@ -12,9 +13,9 @@ namespace kvarn {
 
 class CodePass {
   public:
-    template <class Way>
-    CodePass(PassKind kind, std::in_place_type_t<Way> way, char const* path)
-        : m_kind(kind), m_path(path), m_file(way, path) {}
+    template <class Way, class... More>
+    CodePass(PassKind kind, std::in_place_type_t<Way> way, char const* path, More... more)
+        : m_kind(kind), m_path(path), m_file(way, path, more...) {}
 
     PassKind Kind() const { return m_kind; }
     std::string const& Path() const { return m_path; }
@@ -43,8 +44,9 @@ class CodePass {
 namespace {
 
 // Null where the file cannot be opened that way.
-template <class Way> CodePass* Opened(PassKind kind, char const* path) {
-    auto pass = std::make_unique<CodePass>(kind, std::in_place_type<Way>, path);
+template <class Way, class... More>
+CodePass* Opened(PassKind kind, char const* path, More... more) {
+    auto pass = std::make_unique<CodePass>(kind, std::in_place_type<Way>, path, more...);
     return pass->template As<Way>()->IsOpen() ? pass.release() : nullptr;
 }
 
@@ -77,7 +79,8 @@ void ClosePassOn(CodePass*& pass, char const* path) {
     }
 }
 
-ReadPass::ReadPass(CodePass*& pass, PassKind kind) : m_pass(pass), m_kind(kind) {
+ReadPass::ReadPass(CodePass*& pass, PassKind kind, CString* notRead, char const* caption)
+    : m_pass(pass), m_kind(kind), m_notRead(notRead[static_cast<int>(kind)]), m_caption(caption) {
     bool const ended = pass != nullptr && pass->IsClosed(); // by another holder
     bool const another =
         pass != nullptr && pass->As<TextReader>() != nullptr && pass->Kind() != kind;
@@ -86,15 +89,20 @@ ReadPass::ReadPass(CodePass*& pass, PassKind kind) : m_pass(pass), m_kind(kind) 
     }
 }
 
-bool ReadPass::Open(char const* path, char const* caption) {
+bool ReadPass::Open(char const* path) {
     if (*path == '\0') {
         return true;
     }
     m_pass = Opened<TextReader>(m_kind, path);
     if (m_pass == nullptr) {
-        CannotRead(path, caption);
+        CannotRead(path);
     }
     return m_pass != nullptr;
+}
+
+void ReadPass::CannotRead(char const* path) {
+    m_notRead = path;
+    kvarn::CannotRead(path, m_caption);
 }
 
 TextReader* ReadPass::File() {
@@ -110,10 +118,23 @@ bool ReadPass::NextLine(std::string_view& line) {
     return found;
 }
 
-void ReadPass::End() {
-    if (File() != nullptr) {
-        ClosePass(m_pass);
+void ReadPass::End(bool whole) {
+    TextReader const* const file = File();
+    if (file == nullptr) {
+        return;
     }
+    bool const failed = file->Failed();
+    std::string const path = m_pass->Path();
+    ClosePass(m_pass);
+    if (failed) {
+        CannotRead(path.c_str());
+    } else if (whole && SamePath(path, m_notRead.GetString())) {
+        m_notRead = "";
+    }
+}
+
+bool WritePass::MayBegin(char const* path) const {
+    return !SamePath(path, m_notRead.GetString()) || !FileExists(path);
 }
 
 bool WritePass::Begin(char const* path) {
@@ -121,7 +142,13 @@ bool WritePass::Begin(char const* path) {
     if (*path == '\0') {
         return true;
     }
-    m_pass = Opened<TextWriter>(m_kind, path);
+    m_pass = MayBegin(path) ? Opened<TextWriter>(m_kind, path) : nullptr;
+    return m_pass != nullptr;
+}
+
+bool WritePass::BeginAtEnd(char const* path) {
+    ClosePass(m_pass);
+    m_pass = Opened<TextWriter>(m_kind, path, Writes::atEnd);
     return m_pass != nullptr;
 }
 

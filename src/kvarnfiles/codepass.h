@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "../files/textfil.h"
+#include "../host/host.h"
 
 namespace kvarn {
 
@@ -27,34 +28,47 @@ void ClosePassOn(CodePass*& pass, char const* path);
 // that writes is left alone, and nothing is read.
 class ReadPass {
   public:
-    ReadPass(CodePass*& pass, PassKind kind);
+    // notRead has for each kind the path of the file that could not be read to its end, until it
+    // is. The caption is that of the box about such a file.
+    ReadPass(CodePass*& pass, PassKind kind, CString* notRead, char const* caption);
 
     // No pass is under way: Open comes first.
     bool IsFree() const { return m_pass == nullptr; }
     // Opens the file; an empty path opens none. False after the message that it cannot be opened.
-    bool Open(char const* path, char const* caption);
+    bool Open(char const* path);
 
     // Null where this pass is not under way.
     TextReader* File();
     // The next line of a file that a star line ends, and closes it at its end; false there, and
     // where this pass is not under way.
     bool NextLine(std::string_view& line);
-    // Closes the file where this pass is under way.
-    void End();
+    // Closes the file where this pass is under way, after the message when it could not be read so
+    // far. whole: there is nothing more in it that this pass would read.
+    void End(bool whole = true);
 
   private:
+    void CannotRead(char const* path);
+
     CodePass*& m_pass;
     PassKind m_kind;
+    CString& m_notRead;
+    char const* m_caption;
 };
 
 // A writing pass of one kind, for one call. Any other pass is left alone, but for Begin.
 class WritePass {
   public:
-    WritePass(CodePass*& pass, PassKind kind) : m_pass(pass), m_kind(kind) {}
+    // Does not begin to write the file that could not be read: what the caller has of it is not
+    // all.
+    WritePass(CodePass*& pass, PassKind kind, CString const* notRead)
+        : m_pass(pass), m_kind(kind), m_notRead(notRead[static_cast<int>(kind)]) {}
 
     // Closes whatever is open, and makes the file anew; an empty path makes none. False when it
     // cannot be made.
     bool Begin(char const* path);
+    // The same at the end of a file that the caller has made.
+    bool BeginAtEnd(char const* path);
+    bool MayBegin(char const* path) const;
     bool IsUnderWay() const;
     // False when it failed, or this pass is not under way; so too End, which closes the file.
     bool Write(std::string_view lines);
@@ -63,6 +77,7 @@ class WritePass {
   private:
     CodePass*& m_pass;
     PassKind m_kind;
+    CString const& m_notRead;
 };
 
 } // namespace kvarn

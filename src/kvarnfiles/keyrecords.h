@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "../files/existence.h"
 #include "../files/filerewrite.h"
 #include "../files/textfil.h"
 #include "../formats/keyfile.h"
@@ -16,11 +15,10 @@ namespace kvarn {
 
 enum class KeyFileRead { whole, notOpened, incomplete };
 
-// What became of the reading of a file. A missing one is read whole: there is nothing in it. One
-// that cannot even be looked at is not.
-inline KeyFileRead ReadingOf(TextReader const& file, char const* path) {
+// What became of the reading of a file. A missing one is read whole: there is nothing in it.
+inline KeyFileRead ReadingOf(TextReader const& file) {
     if (!file.IsOpen() && !file.Missing()) {
-        return FileExists(path) ? KeyFileRead::notOpened : KeyFileRead::incomplete;
+        return KeyFileRead::notOpened;
     }
     return file.Failed() ? KeyFileRead::incomplete : KeyFileRead::whole;
 }
@@ -47,7 +45,7 @@ template <class List> KeyFileRead ReadKeyFile(List& list, char const* path) {
     }
     TextReader file(path);
     ReadKeys(list, file);
-    return ReadingOf(file, path);
+    return ReadingOf(file);
 }
 
 template <class List> int FindKeyRecord(List& list, std::string_view key) {

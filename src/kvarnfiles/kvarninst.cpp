@@ -1,6 +1,8 @@
 // CKvarnInst: the object itself and the keys of the settings files.
+#include <algorithm>
 #include <clocale>
 #include <cstring>
+#include <iterator>
 
 #include "../compat/englishlocale.h"
 #include "../host/clienttext.h"
@@ -31,7 +33,9 @@ bool DecimalIsPoint() {
 CKvarnInst::CKvarnInst() = default;
 
 CKvarnInst::CKvarnInst(CKvarnInst const& other)
-    : m_ini(other.m_ini), m_proj(other.m_proj), m_fil(kvarn::Share(other.m_fil)) {}
+    : m_ini(other.m_ini), m_proj(other.m_proj), m_fil(kvarn::Share(other.m_fil)) {
+    std::copy(std::begin(other.m_notRead), std::end(other.m_notRead), m_notRead);
+}
 
 CKvarnInst& CKvarnInst::operator=(CKvarnInst const& other) {
     if (this != &other) {
@@ -39,6 +43,7 @@ CKvarnInst& CKvarnInst::operator=(CKvarnInst const& other) {
         m_ini = other.m_ini;
         m_proj = other.m_proj;
         m_fil = kvarn::Share(other.m_fil);
+        std::copy(std::begin(other.m_notRead), std::end(other.m_notRead), m_notRead);
     }
     return *this;
 }

@@ -234,4 +234,7 @@ class KVARNPROG_API CKvarnInst {
     CAutoIni* m_ini = nullptr;        // not owned
     CProjPath* m_proj = nullptr;      // not owned
     kvarn::CodePass* m_fil = nullptr; // the pass under way
+
+  private:
+    CString m_notRead[4]; // of each kind of pass the file that could not be read to its end
 };

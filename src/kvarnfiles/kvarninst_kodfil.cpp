@@ -1,4 +1,8 @@
 #include "../core/messageout.h"
+#include <new>
+
+#include "../files/existence.h"
+#include "../files/filecopy.h"
 #include "../files/filerewrite.h"
 #include "../files/pathparts.h"
 #include "../formats/kodfil.h"
@@ -19,39 +23,45 @@ void CannotWrite(char const* path) {
                           "Skrivning av Kvarnbok - kodfil.dat inställningar"_1252);
 }
 
-// The header of a file into the pass.
-bool CarryHeaderOver(kvarn::WritePass& pass, char const* from) {
-    kvarn::TextReader file(from);
-    kvarn::KodfilHeader const header(file);
-    return file.IsOpen() && !file.Failed() && pass.Write(header.text);
+// Something else has the name, and keeps it.
+bool IsBlocked(char const* path) {
+    return kvarn::FileExists(path) && !kvarn::OpensForWriting(path);
 }
 
-// Makes the file anew with its old header, which is read from a copy beside it. Where the header
-// is lost on the way the copy stays: it is all there is of the old file.
-void BeginKodfil(kvarn::WritePass& pass, char const* path) {
+// Puts the file's header and the first lines into its place by one step. While that goes on the old
+// file is kept beside it under the name that other programs know; where the name is taken the
+// header is lost, as it has always been. False when the message is to be shown.
+bool Begin(kvarn::WritePass& pass, char const* path, std::string const& lines) try {
+    auto const old = pass.MayBegin(path) ? kvarn::WholeFile(path) : std::nullopt;
+    if (!old) {
+        return false;
+    }
+    kvarn::LineReader reader{std::string_view(*old)};
+    std::string const header = kvarn::InTextMode(kvarn::KodfilHeader(reader).text);
+    std::string const records = kvarn::InTextMode(lines);
+
     std::string const before = kvarn::TemporaryOf(path);
-    std::optional<std::string> const content = kvarn::WholeFile(path);
-    bool const copied =
-        content && kvarn::RewriteFile(before.c_str(), *content) == kvarn::Rewritten::done;
-    bool const opened = pass.Begin(path);
-    bool const lost = copied && opened && !CarryHeaderOver(pass, before.c_str());
-    if (lost) {
-        pass.End();
-    } else if (copied) {
+    bool const copied = kvarn::KeepCopy(path, before.c_str());
+    if (!copied && !IsBlocked(before.c_str())) {
+        return false;
+    }
+    bool const written = kvarn::RewriteFile(path, copied ? header + records : records) ==
+                         kvarn::Rewritten::done;
+    if (copied) {
         DeleteFileA(before.c_str());
     }
-    if (!copied || !opened || lost) {
-        CannotWrite(path);
-    }
+    return written && pass.BeginAtEnd(path) && copied;
+} catch (std::bad_alloc const&) {
+    return false;
 }
 
 } // namespace
 
 int CKvarnInst::KodfilDatRead(char* code, char* text) {
-    kvarn::ReadPass pass(m_fil, kvarn::PassKind::kodfil);
+    kvarn::ReadPass pass(m_fil, kvarn::PassKind::kodfil, m_notRead,
+                         "Läsning av Markvida - kodfil.dat inställningar"_1252);
     if (pass.IsFree()) {
-        pass.Open(kvarn::FirstFound(m_proj, m_ini, CProjPath::Kodfil),
-                  "Läsning av Markvida - kodfil.dat inställningar"_1252);
+        pass.Open(kvarn::FirstFound(m_proj, m_ini, CProjPath::Kodfil));
         if (pass.File() != nullptr) {
             kvarn::KodfilHeader const header(*pass.File());
         }
@@ -70,25 +80,27 @@ int CKvarnInst::KodfilDatWrite(int mode, char const* code, char const* text) {
     constexpr int begin = 1;
     constexpr int end = 2;
     constexpr int beginAndEnd = 3;
-    kvarn::WritePass pass(m_fil, kvarn::PassKind::kodfil);
+    kvarn::WritePass pass(m_fil, kvarn::PassKind::kodfil, m_notRead);
     auto const path = [this] { return kvarn::FirstFound(m_proj, m_ini, CProjPath::Kodfil); };
+    std::string lines;
+    if (*kvarn::OrEmpty(code) != '\0') {
+        lines = kvarn::KodpostLine(code, kvarn::OrEmpty(text));
+    }
+    lines += mode >= end ? kvarn::endLine : "";
+
+    bool written = true;
     if (mode == begin || mode == beginAndEnd) {
         kvarn::ClosePass(m_fil); // before its file is looked for
-        if (CString const file = path(); !file.IsEmpty()) {
-            BeginKodfil(pass, file);
-        }
+        CString const file = path();
+        written = file.IsEmpty() || Begin(pass, file, lines);
+    } else if (pass.IsUnderWay()) {
+        written = pass.Write(lines);
     }
-    bool const underWay = pass.IsUnderWay();
-    bool written = true;
-    if (*kvarn::OrEmpty(code) != '\0') {
-        written = pass.Write(kvarn::KodpostLine(code, kvarn::OrEmpty(text)));
-    }
-    if (mode >= end) {
-        written = pass.Write(kvarn::endLine) && written;
+    bool const isOver = mode >= end || (!written && mode != begin);
+    if (isOver && pass.IsUnderWay()) {
         written = pass.End() && written;
     }
-    if (underWay && !written) { // told once: the pass is over
-        pass.End();
+    if (!written) { // told once: the pass is over, but for one that lost its header
         CannotWrite(path());
     }
     return 0;

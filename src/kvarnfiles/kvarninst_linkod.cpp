@@ -9,9 +9,9 @@
 #include "kvarninst.h"
 
 int CKvarnInst::LinkodRead(char* code, char* word, char* text, double* number, int* integer) {
-    kvarn::ReadPass pass(m_fil, kvarn::PassKind::linkod);
-    if (pass.IsFree() && !pass.Open(kvarn::FirstFound(m_proj, m_ini, CProjPath::Linkod),
-                                    "Läsning av Kvarnbok - Linkod.dat inställningar"_1252)) {
+    kvarn::ReadPass pass(m_fil, kvarn::PassKind::linkod, m_notRead,
+                         "Läsning av Kvarnbok - Linkod.dat inställningar"_1252);
+    if (pass.IsFree() && !pass.Open(kvarn::FirstFound(m_proj, m_ini, CProjPath::Linkod))) {
         return -1;
     }
     std::string_view lineText;
@@ -41,7 +41,7 @@ int CKvarnInst::LinkodRead(char* code, char* word, char* text, double* number, i
 int CKvarnInst::LinkodWrite(int mode, char const* a, char const* b, char const* c, char const* text,
                             char const* e) {
     enum { begin = 1, ordinary = 2, pv = 4, end = 5 };
-    kvarn::WritePass pass(m_fil, kvarn::PassKind::linkod);
+    kvarn::WritePass pass(m_fil, kvarn::PassKind::linkod, m_notRead);
     if (mode == begin) {
         CString const path = kvarn::FirstFound(m_proj, m_ini, CProjPath::Linkod);
         if (!pass.Begin(path)) {

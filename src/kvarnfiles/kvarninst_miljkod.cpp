@@ -21,9 +21,9 @@ void ShowBadLine(std::string_view line) {
 } // namespace
 
 int CKvarnInst::MiljkodRead(int section, char* code, char* text, int* max, int* step) {
-    kvarn::ReadPass pass(m_fil, kvarn::PassKind::miljkod);
+    kvarn::ReadPass pass(m_fil, kvarn::PassKind::miljkod, m_notRead, readCaption);
     if (pass.IsFree()) {
-        pass.Open(kvarn::FirstFound(m_proj, m_ini, CProjPath::Miljkod), readCaption);
+        pass.Open(kvarn::FirstFound(m_proj, m_ini, CProjPath::Miljkod));
         if (pass.File() != nullptr) {
             kvarn::SkipToMiljkodSection(*pass.File(), section);
         }
@@ -33,7 +33,7 @@ int CKvarnInst::MiljkodRead(int section, char* code, char* text, int* max, int* 
                           ? kvarn::NextMiljkod(*pass.File(), withLimits, ShowBadLine)
                           : std::nullopt;
     if (!post) {
-        pass.End();
+        pass.End(section == kvarn::miljkodClasses);
         return -1;
     }
     kvarn::PutText(code, post->kod);
@@ -47,7 +47,7 @@ int CKvarnInst::MiljkodRead(int section, char* code, char* text, int* max, int* 
 
 int CKvarnInst::MiljKodWrite(int mode, char const* code, char const* text, int max, int step) {
     enum { begin = 1, metod, metodEnd, tolkning, tolkningEnd, klass, end };
-    kvarn::WritePass pass(m_fil, kvarn::PassKind::miljkod);
+    kvarn::WritePass pass(m_fil, kvarn::PassKind::miljkod, m_notRead);
     if (mode == begin) {
         CString const path = kvarn::FirstFound(m_proj, m_ini, CProjPath::Miljkod);
         if (!pass.Begin(path)) {

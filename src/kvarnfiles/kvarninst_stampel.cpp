@@ -8,9 +8,9 @@
 
 int CKvarnInst::StampParRead(char const* path, char* word1, char* word2, double* num1, double* num2,
                              double* num3) {
-    kvarn::ReadPass pass(m_fil, kvarn::PassKind::stampel);
-    if (pass.IsFree() &&
-        !pass.Open(kvarn::OrEmpty(path), "Läsning av Kvarnbok - Stämpel inställningar"_1252)) {
+    kvarn::ReadPass pass(m_fil, kvarn::PassKind::stampel, m_notRead,
+                         "Läsning av Kvarnbok - Stämpel inställningar"_1252);
+    if (pass.IsFree() && !pass.Open(kvarn::OrEmpty(path))) {
         return -1;
     }
     std::string_view text;
@@ -40,7 +40,7 @@ int CKvarnInst::StampParRead(char const* path, char* word1, char* word2, double*
 int CKvarnInst::StampParWrite(char const* path, int mode, char const* s1, char const* s2,
                               char const* s3, char const* s4, char const* s5) {
     enum { begin = 1, line = 2, end = 3 };
-    kvarn::WritePass pass(m_fil, kvarn::PassKind::stampel);
+    kvarn::WritePass pass(m_fil, kvarn::PassKind::stampel, m_notRead);
     if (mode == begin) {
         if (!pass.Begin(kvarn::OrEmpty(path))) {
             kvarn::CannotWrite(path, "Skrivning av Kvarnbok - Stämpel inställningar"_1252);

@@ -22,7 +22,7 @@ CString ParFile::ReadKey(std::string_view key) const {
     }
     TextReader file(path);
     std::string const value = ValueOf(file, key);
-    if (ReadingOf(file, path) == KeyFileRead::notOpened) {
+    if (ReadingOf(file) == KeyFileRead::notOpened) {
         TellCannotRead();
     }
     return ToCString(value);

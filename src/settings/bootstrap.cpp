@@ -150,7 +150,7 @@ bool Run(std::string const& program) {
 // Lets the configuration switcher make the user's settings. True when it ran.
 bool RunSwitcher(std::string const& mainFolder) {
     std::string const program = kvarn::PathOf(mainFolder, "Markvida.ConfigSwitcher.exe");
-    if (!kvarn::FileExists(program.c_str())) {
+    if (mainFolder.empty() || !kvarn::FileExists(program.c_str())) { // not in the drive's root
         WarnOfSwitching(kvarn::Format("Can not find Markvida.ConfigSwitcher.exe:\n%s", program));
         return false;
     }
@@ -162,7 +162,7 @@ bool RunSwitcher(std::string const& mainFolder) {
 }
 
 // Copies the settings of all users, as was done before there was a switcher.
-Startup FetchWithoutSwitcher(UserSettings const& user) {
+Startup FetchWithoutSwitcher(UserSettings& user) {
     if (!user.HasIni()) {
         WarnOfSwitching("Can not find result from Markvida.ConfigSwitcher.exe");
     }
@@ -176,6 +176,20 @@ Startup FetchWithoutSwitcher(UserSettings const& user) {
         return kvarn::noIniFile;
     }
     return fetched;
+}
+
+// Files that could not be copied at the first start are copied at a later one: the settings keep
+// the folder that has them until then.
+void CopyTheRest(CAutoIni& ini, UserSettings const& user) {
+    constexpr char const* key = "COPYFROM";
+    std::string from = user.Incomplete();
+    if (from.empty()) {
+        CString const before = ini.ReadKey(kvarn::systemSection, key);
+        if (before.IsEmpty() || !user.Complete(before.GetString())) {
+            return;
+        }
+    }
+    ini.WriteKey(kvarn::systemSection, key, kvarn::ToCString(from));
 }
 
 // The keys that a user's new settings begin with: they depend on the user and the release.
@@ -261,6 +275,7 @@ int kvarn::Bootstrap(CAutoIni& ini, int ver, char const* sub, char const* dir,
     if (fresh) {
         WriteFirstKeys(ini, fallback, release);
     }
+    CopyTheRest(ini, user);
     ReadSystemKeys(ini, &fallback);
     return ready;
 }

@@ -5,6 +5,7 @@
 #include "../core/dirsort.h"
 #include "../core/registry.h"
 #include "../files/pathparts.h"
+#include "../files/temporary.h"
 #include "../text/text.h"
 
 namespace kvarn {
@@ -44,7 +45,9 @@ std::vector<std::string> FilesIn(std::string const& folder, char const* last) {
     list.Init(PathOf(folder, "*.*").c_str(), unsorted, emptyFirst, mode, withoutFolders);
     std::vector<std::string> names;
     for (bool found = list.Home() == 0; found; found = list++ != nullptr) {
-        names.emplace_back(list.Get_aktel()->namn);
+        if (char const* const name = list.Get_aktel()->namn; !IsTemporary(name)) {
+            names.emplace_back(name);
+        }
     }
     std::stable_partition(names.begin(), names.end(),
                           [&](std::string const& one) { return !SameText(one, last); });

@@ -13,17 +13,24 @@
 namespace kvarn {
 namespace {
 
-void CopyOne(std::string const& from, std::string const& to) {
-    if (!CopyWhole(from.c_str(), to.c_str(), Existing::replaced)) {
+bool CopyOne(std::string const& from, std::string const& to) {
+    bool const copied = CopyWhole(from.c_str(), to.c_str(), Existing::replaced);
+    if (!copied) {
         Notify(Format("Kunde inte kopiera filen:\n%s\ntill:\n%s", from, to), Caption::title);
     }
+    return copied;
 }
 
-// Markvida.ini comes last: a folder that holds it counts as filled.
-void CopyAll(std::string const& from, std::string const& to) {
+// Markvida.ini comes last: a folder that holds it counts as filled. False when a file failed; it
+// does not stop the others.
+bool CopyAll(std::string const& from, std::string const& to, Existing existing) {
+    bool all = true;
     for (std::string const& name : FilesIn(from, iniName)) {
-        CopyOne(PathOf(from, name), PathOf(to, name));
+        std::string const target = PathOf(to, name);
+        bool const kept = existing == Existing::kept && FileExists(target.c_str());
+        all = (kept || CopyOne(PathOf(from, name), target)) && all;
     }
+    return all;
 }
 
 // The same path under the former name. Both names have the same length, so the text keeps its size.
@@ -88,13 +95,17 @@ std::string UserSettings::ProgramFolder(char const* file) const {
     return PathOf(ProgramFolder(), file);
 }
 
-Startup UserSettings::FetchFromOlder() const {
+bool UserSettings::Complete(std::string const& from) const {
+    return CopyAll(from, m_folder, Existing::kept);
+}
+
+Startup UserSettings::FetchFromOlder() {
     std::string const olderIni = WithOlderName(m_ini);
     bool const exists = !olderIni.empty() && FileExists(olderIni.c_str());
     return exists && !HasIni() ? Fill(WithOlderName(m_folder)) : ready;
 }
 
-Startup UserSettings::FetchFromShared() const {
+Startup UserSettings::FetchFromShared() {
     std::string const folder = PathOf(PathOf(SharedData(), programFolder), m_program);
     std::string const ini = PathOf(folder, iniName);
     if (!FileExists(ini.c_str())) {
@@ -108,10 +119,10 @@ Startup UserSettings::FetchFromShared() const {
     return Fill(folder);
 }
 
-Startup UserSettings::Fill(std::string const& from) const {
+Startup UserSettings::Fill(std::string const& from) {
     Startup const created = CreateFolders();
-    if (created == ready) {
-        CopyAll(from, m_folder);
+    if (created == ready && !CopyAll(from, m_folder, Existing::replaced)) {
+        m_incomplete = from;
     }
     return created;
 }

@@ -39,14 +39,19 @@ class UserSettings {
     std::string ProgramFolder() const;
     std::string ProgramFolder(char const* file) const;
 
+    // The folder from which a file could not be copied; empty when all were. Complete copies what
+    // the user's folder lacks of it, and tells the user what fails; true when all is there.
+    std::string const& Incomplete() const { return m_incomplete; }
+    bool Complete(std::string const& from) const;
+
     // Each makes the user's folder and copies files into it, and shows the user what fails. The
     // older folder lies under the former name "Brinvik"; it is used when it has an INI file and the
     // user has none. The shared folder is that of all users, which has no level for the release.
-    Startup FetchFromOlder() const;
-    Startup FetchFromShared() const;
+    Startup FetchFromOlder();
+    Startup FetchFromShared();
 
   private:
-    Startup Fill(std::string const& from) const;
+    Startup Fill(std::string const& from);
     Startup CreateFolders() const;
 
     std::string m_data;
@@ -54,6 +59,7 @@ class UserSettings {
     std::string m_releaseFolder;
     std::string m_folder;
     std::string m_ini;
+    std::string m_incomplete;
 };
 
 } // namespace kvarn

@@ -221,7 +221,7 @@ TEST_F(PassTest, AWriteThatFailsIsTold) {
     Replace("MILJKOD.DAT", "/dev/full");
     Replace("LINKOD.PAR", "/dev/full");
     EXPECT_EQ((Results{WriteStampel(1, "/dev/full"), WriteStampel(2, ""), WriteStampel(3, "")}),
-              (Results{0, -1, 0})); // it is closed all the same
+              (Results{0, -1, -1}));
     EXPECT_EQ((Results{WriteMiljkod(1), WriteMiljkod(2), WriteMiljkod(7)}), (Results{-1, -1, -1}));
     EXPECT_EQ((Results{WriteLinkod(1), WriteLinkod(5)}), (Results{0, -1}));
     EXPECT_EQ(m_inst.m_fil, nullptr);

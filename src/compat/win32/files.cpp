@@ -4,8 +4,10 @@
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
+#include <optional>
 #include <string>
 #include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,7 +16,6 @@
 
 using kvarn::Descriptor;
 using kvarn::FileStatus;
-using kvarn::HostPath;
 using kvarn::ToHandle;
 
 namespace {
@@ -58,6 +59,13 @@ BOOL Done(long hostResult) {
     return FALSE;
 }
 
+// Makes a host call on the path that is found without regard to case; -1 where it cannot be looked
+// for.
+template <class Call> int OnFoundPath(LPCSTR path, Call call) {
+    std::optional<std::string> const found = kvarn::FindHostPath(path);
+    return found ? call(found->c_str()) : -1;
+}
+
 // Makes a host call on the path as it is spelt. When that does not exist, which is rare, makes it
 // on the path that is found without regard to case.
 template <class Call> int OnPath(LPCSTR path, Call call) {
@@ -66,30 +74,53 @@ template <class Call> int OnPath(LPCSTR path, Call call) {
         return -1;
     }
     std::string const spelt = kvarn::SpeltHostPath(path);
-    int result = call(spelt.c_str());
-    if (result < 0 && errno == ENOENT) {
-        std::string const found = HostPath(path);
-        if (found != spelt) {
-            result = call(found.c_str());
-        } else {
-            errno = ENOENT;
-        }
+    int const result = call(spelt.c_str());
+    if (result >= 0 || errno != ENOENT) {
+        return result;
     }
-    return result;
+    return OnFoundPath(path, [&](char const* found) {
+        errno = ENOENT;
+        return found == spelt ? -1 : call(found);
+    });
 }
 
-int OpenFlags(DWORD access, DWORD disposition) {
-    int flags = O_CLOEXEC | O_NONBLOCK; // otherwise a pipe without a reader waits for one
-    flags |= (access & GENERIC_WRITE) == 0  ? O_RDONLY
-             : (access & GENERIC_READ) == 0 ? O_WRONLY
-                                            : O_RDWR;
-    if (disposition == CREATE_NEW) {
-        flags |= O_CREAT | O_EXCL;
-    } else if (disposition != OPEN_EXISTING) {
-        flags |= O_CREAT; // not O_TRUNC: the lock of another writer is tried first
-    }
-    return flags;
+int OpenFlags(DWORD access) {
+    // Otherwise a pipe without a reader waits for one. Not O_TRUNC: the lock of another writer is
+    // tried first.
+    int const flags = O_CLOEXEC | O_NONBLOCK;
+    return flags | ((access & GENERIC_WRITE) == 0  ? O_RDONLY
+                    : (access & GENERIC_READ) == 0 ? O_WRONLY
+                                                   : O_RDWR);
 }
+
+// A file that is opened, and what to undo when it turns out that it cannot be used.
+struct Opened {
+    std::string made; // by this call; empty when it was there
+    int descriptor = -1;
+
+    int Open(char const* path, int flags, DWORD disposition, mode_t mode) {
+        if (disposition != CREATE_NEW) {
+            descriptor = open(path, flags);
+        }
+        bool const missing = disposition == CREATE_NEW || (descriptor < 0 && errno == ENOENT);
+        if (descriptor < 0 && missing && disposition != OPEN_EXISTING) {
+            descriptor = open(path, flags | O_CREAT | O_EXCL, mode);
+            made = descriptor >= 0 ? path : "";
+        }
+        if (descriptor < 0 && errno == EEXIST && disposition != CREATE_NEW) {
+            descriptor = open(path, flags | O_CREAT, mode); // a link into nowhere
+        }
+        return descriptor;
+    }
+    HANDLE Refuse(DWORD error) {
+        close(descriptor);
+        if (!made.empty()) {
+            unlink(made.c_str());
+        }
+        SetLastError(error);
+        return INVALID_HANDLE_VALUE;
+    }
+};
 
 // A renamed file has its new name for sure once its folder is on the disk (fsync in the Linux
 // manual pages).
@@ -101,6 +132,27 @@ void FlushFolderOf(std::string const& hostPath) {
         fsync(descriptor); // not every file system does; the rename is done in any case
         close(descriptor);
     }
+}
+
+// Locks of this kind belong to the open file, as on Windows, and are others than those of the share
+// modes. errno is EAGAIN when another program holds one.
+bool SetLock(HANDLE file, short kind) {
+    struct flock lock {};
+    lock.l_type = kind;
+    lock.l_whence = SEEK_SET;
+    return fcntl(Descriptor(file), F_OFD_SETLK, &lock) == 0;
+}
+
+int Rename(char const* from, char const* to, bool replaces) {
+    if (replaces) {
+        return std::rename(from, to);
+    }
+    int const result = renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE);
+    if (result == 0 || errno != EINVAL) {
+        return result;
+    }
+    // A file system that cannot tell: the old name goes when the new one is made.
+    return link(from, to) == 0 ? unlink(from) : -1;
 }
 
 } // namespace
@@ -129,45 +181,52 @@ void SetLastError(DWORD error) {
 
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*, DWORD disposition,
                    DWORD, HANDLE) {
-    int const flags = OpenFlags(access, disposition);
-    auto const openIt = [flags](char const* hostPath) { return open(hostPath, flags, 0666); };
+    constexpr mode_t ownersAlone = 0600;
+    mode_t const mode = share == 0 ? ownersAlone : 0666;
+    Opened opened;
+    auto const openIt = [&](char const* hostPath) {
+        return opened.Open(hostPath, OpenFlags(access), disposition, mode);
+    };
     // A file whose name differs in case alone is opened, and no second one is made. CREATE_NEW does
     // not look for it: its unique names need no listing of the folder.
     bool const finds = disposition == OPEN_ALWAYS || disposition == CREATE_ALWAYS;
-    int const descriptor =
-        finds && *path != '\0' ? openIt(HostPath(path).c_str()) : OnPath(path, openIt);
-    if (!Done(descriptor)) {
+    if (!Done(finds && *path != '\0' ? OnFoundPath(path, openIt) : OnPath(path, openIt))) {
         return INVALID_HANDLE_VALUE;
     }
+    int const descriptor = opened.descriptor;
     struct stat status {};
-    if (fstat(descriptor, &status) != 0 || S_ISDIR(status.st_mode) || S_ISFIFO(status.st_mode)) {
-        close(descriptor);
-        lastError = ERROR_ACCESS_DENIED;
-        return INVALID_HANDLE_VALUE;
+    if (fstat(descriptor, &status) != 0) {
+        return opened.Refuse(WindowsError(errno));
+    }
+    if (S_ISDIR(status.st_mode) || S_ISFIFO(status.st_mode)) {
+        return opened.Refuse(ERROR_ACCESS_DENIED);
     }
     // A writer that does not share takes the lock alone; writers that share take it together.
     bool const writes = (access & GENERIC_WRITE) != 0;
     int const lock = (share & FILE_SHARE_WRITE) == 0 ? LOCK_EX : LOCK_SH;
     if (writes && flock(descriptor, lock | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-        close(descriptor);
-        lastError = ERROR_SHARING_VIOLATION;
-        return INVALID_HANDLE_VALUE;
+        return opened.Refuse(ERROR_SHARING_VIOLATION);
     }
     if (disposition == CREATE_ALWAYS && S_ISREG(status.st_mode) && ftruncate(descriptor, 0) != 0) {
-        Done(-1);
-        close(descriptor);
-        return INVALID_HANDLE_VALUE;
+        return opened.Refuse(WindowsError(errno));
     }
     return ToHandle(descriptor);
 }
 
 BOOL ReadFile(HANDLE file, void* buffer, DWORD size, DWORD* count, OVERLAPPED*) {
+    *count = 0;
+    if (!SetLock(file, F_RDLCK) && errno == EAGAIN) {
+        lastError = ERROR_LOCK_VIOLATION;
+        return FALSE;
+    }
     ssize_t result = 0;
     do {
         result = read(Descriptor(file), buffer, size);
     } while (result < 0 && errno == EINTR);
     *count = result > 0 ? static_cast<DWORD>(result) : 0;
-    return Done(result);
+    BOOL const done = Done(result);
+    SetLock(file, F_UNLCK);
+    return done;
 }
 
 BOOL WriteFile(HANDLE file, void const* data, DWORD size, DWORD* count, OVERLAPPED*) {
@@ -190,23 +249,31 @@ BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size) {
     return told;
 }
 
-BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INTEGER*, DWORD) {
-    return Done(lseek(Descriptor(file), distance.QuadPart, SEEK_SET));
+BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INTEGER*, DWORD from) {
+    return Done(lseek(Descriptor(file), distance.QuadPart, static_cast<int>(from)));
 }
 
 BOOL SetEndOfFile(HANDLE file) {
     off_t const end = lseek(Descriptor(file), 0, SEEK_CUR);
-    struct stat status {};
-    if (!Done(end) || !Done(fstat(Descriptor(file), &status))) {
-        return FALSE;
+    return Done(end) != FALSE ? Done(ftruncate(Descriptor(file), end)) : FALSE;
+}
+
+BOOL SetFileInformationByHandle(HANDLE file, FILE_INFO_BY_HANDLE_CLASS, void* information, DWORD) {
+    off_t const size = static_cast<FILE_ALLOCATION_INFO*>(information)->AllocationSize.QuadPart;
+    rlimit limit{}; // which reserving does not ask for
+    if (getrlimit(RLIMIT_FSIZE, &limit) == 0 && static_cast<rlim_t>(size) > limit.rlim_cur) {
+        errno = EFBIG;
+        return Done(-1);
     }
-    // posix_fallocate reserves blocks, so that a full disk shows here; ftruncate would leave a
-    // hole.
-    if (end > status.st_size) {
-        errno = posix_fallocate(Descriptor(file), status.st_size, end - status.st_size);
-        return Done(errno == 0 ? 0 : -1);
-    }
-    return Done(ftruncate(Descriptor(file), end));
+    int const result = fallocate(Descriptor(file), FALLOC_FL_KEEP_SIZE, 0, size);
+    bool const cannotReserve = result != 0 && errno == EOPNOTSUPP; // some file systems
+    return cannotReserve ? TRUE : Done(result);
+}
+
+BOOL LockFileEx(HANDLE file, DWORD, DWORD, DWORD, DWORD, OVERLAPPED*) {
+    bool const locked = SetLock(file, F_WRLCK);
+    lastError = locked || errno != EAGAIN ? ERROR_NOT_SUPPORTED : ERROR_LOCK_VIOLATION;
+    return locked ? TRUE : FALSE;
 }
 
 BOOL FlushFileBuffers(HANDLE file) {
@@ -270,25 +337,26 @@ BOOL SetFileAttributesA(LPCSTR path, DWORD attributes) {
 }
 
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES*) {
-    return Done(mkdir(HostPath(path).c_str(), 0777));
+    return Done(OnFoundPath(path, [](char const* folder) { return mkdir(folder, 0777); }));
 }
 
 BOOL DeleteFileA(LPCSTR path) {
-    return Done(unlink(HostPath(path).c_str()));
+    return Done(OnFoundPath(path, unlink));
 }
 
 BOOL MoveFileExA(LPCSTR from, LPCSTR to, DWORD flags) {
-    std::string const target = HostPath(to);
-    if ((flags & MOVEFILE_REPLACE_EXISTING) == 0 &&
-        faccessat(AT_FDCWD, target.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0) {
-        lastError = ERROR_ALREADY_EXISTS;
-        return FALSE;
+    std::optional<std::string> const target = kvarn::FindHostPath(to);
+    if (!target) {
+        return Done(-1);
     }
-    auto const become = [&](char const* source) { return std::rename(source, target.c_str()); };
+    bool const replaces = (flags & MOVEFILE_REPLACE_EXISTING) != 0;
+    auto const become = [&](char const* source) {
+        return Rename(source, target->c_str(), replaces);
+    };
     if (!Done(OnPath(from, become))) {
         return FALSE;
     }
-    FlushFolderOf(target);
+    FlushFolderOf(*target);
     return TRUE;
 }
 

@@ -10,9 +10,12 @@ constexpr DWORD ERROR_FILE_NOT_FOUND = 2;
 constexpr DWORD ERROR_PATH_NOT_FOUND = 3;
 constexpr DWORD ERROR_ACCESS_DENIED = 5;
 constexpr DWORD ERROR_INVALID_HANDLE = 6;
+constexpr DWORD ERROR_NOT_ENOUGH_MEMORY = 8;
 constexpr DWORD ERROR_WRITE_FAULT = 29;
 constexpr DWORD ERROR_GEN_FAILURE = 31;
 constexpr DWORD ERROR_SHARING_VIOLATION = 32;
+constexpr DWORD ERROR_LOCK_VIOLATION = 33;
+constexpr DWORD ERROR_NOT_SUPPORTED = 50;
 constexpr DWORD ERROR_FILE_EXISTS = 80;
 constexpr DWORD ERROR_INVALID_PARAMETER = 87;
 constexpr DWORD ERROR_DISK_FULL = 112;
@@ -46,24 +49,44 @@ constexpr DWORD FILE_TYPE_CHAR = 2;
 constexpr DWORD MOVEFILE_REPLACE_EXISTING = 1;
 constexpr DWORD MOVEFILE_WRITE_THROUGH = 8;
 
-constexpr DWORD FILE_BEGIN = 0;
+constexpr DWORD FILE_BEGIN = 0; // SEEK_SET
+constexpr DWORD FILE_END = 2;   // SEEK_END
 
 struct LARGE_INTEGER {
     std::int64_t QuadPart;
 };
-struct OVERLAPPED;
+struct OVERLAPPED { // no member is used
+    HANDLE hEvent;
+};
 struct SECURITY_ATTRIBUTES;
 
-// One share mode has an effect: without FILE_SHARE_WRITE a writer keeps out other writers. Folders
-// and pipes cannot be opened.
+// One share mode has an effect: without FILE_SHARE_WRITE a writer keeps out other writers. A file
+// that is made with no sharing at all is the owner's alone (mode 0600). Folders and pipes cannot be
+// opened.
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
                    DWORD disposition, DWORD attributes, HANDLE templateFile);
 BOOL ReadFile(HANDLE file, void* buffer, DWORD size, DWORD* read, OVERLAPPED* overlapped);
 BOOL WriteFile(HANDLE file, void const* data, DWORD size, DWORD* written, OVERLAPPED* overlapped);
-BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size);
 BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INTEGER* position, DWORD from);
-// Reserves the room of a growing file on the disk.
 BOOL SetEndOfFile(HANDLE file);
+BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size);
+
+enum FILE_INFO_BY_HANDLE_CLASS { FileAllocationInfo };
+struct FILE_ALLOCATION_INFO {
+    LARGE_INTEGER AllocationSize;
+};
+// Reserves room on the disk up to a size; the file keeps its own. Done too where the file system
+// cannot reserve.
+BOOL SetFileInformationByHandle(HANDLE file, FILE_INFO_BY_HANDLE_CLASS which, void* information,
+                                DWORD size);
+
+constexpr DWORD LOCKFILE_FAIL_IMMEDIATELY = 1;
+constexpr DWORD LOCKFILE_EXCLUSIVE_LOCK = 2;
+constexpr DWORD MAXDWORD = 0xFFFFFFFF;
+// Keeps others from reading the whole file: their ReadFile fails with ERROR_LOCK_VIOLATION, and so
+// does this call while one of them reads. The lock ends with the handle.
+BOOL LockFileEx(HANDLE file, DWORD flags, DWORD reserved, DWORD low, DWORD high,
+                OVERLAPPED* overlapped);
 BOOL FlushFileBuffers(HANDLE file);
 BOOL CloseHandle(HANDLE file);
 DWORD GetFileType(HANDLE file);

@@ -1,6 +1,7 @@
 #include "paths.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <dirent.h>
 #include <fcntl.h>
@@ -12,14 +13,20 @@
 namespace kvarn {
 namespace {
 
+constexpr std::size_t longestLetter = 3; // bytes of UTF-8, for any letter of code page 1252
+
 std::string Environment(char const* name) {
     char const* const value = std::getenv(name);
     return value != nullptr ? value : "";
 }
 
-bool Exists(std::string const& hostPath) {
+// Nothing when the host does not tell; errno tells why.
+std::optional<bool> Exists(std::string const& hostPath) {
     // A dangling link exists as a name: faccessat must not follow it.
-    return faccessat(AT_FDCWD, hostPath.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0;
+    if (faccessat(AT_FDCWD, hostPath.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0) {
+        return true;
+    }
+    return NotThere(errno) ? std::optional(false) : std::nullopt;
 }
 
 std::string DrivesFolder() {
@@ -27,45 +34,92 @@ std::string DrivesFolder() {
     return drives.empty() ? UserDataFolder() + "/kvarnprog/drives" : drives;
 }
 
+// Tells most names apart without converting them: two that are the same but for case end alike, and
+// a letter has at most three bytes.
+bool MayBeSame(std::string_view entry, std::string_view name) {
+    char const last = entry.back();
+    bool const isAscii = static_cast<unsigned char>(last) < 0x80;
+    return entry.size() >= name.size() && entry.size() <= longestLetter * name.size() &&
+           (!isAscii || Upper1252(last) == Upper1252(name.back()));
+}
+
 // The first name in a folder, in the order of bytes, that differs from `name` in case alone; empty
-// when the folder has no such name.
-std::string FindWithoutCase(std::string const& folder, std::string_view name) {
+// when the folder has no such name, and nothing when it cannot be read.
+std::optional<std::string> FindWithoutCase(std::string const& folder, std::string_view name) {
     struct Close {
         void operator()(DIR* dir) const { closedir(dir); }
     };
     std::unique_ptr<DIR, Close> const dir(opendir(folder.empty() ? "." : folder.c_str()));
     std::string best;
     if (dir == nullptr) {
-        return best;
+        return NotThere(errno) ? std::optional(best) : std::nullopt;
     }
-    while (dirent const* const entry = readdir(dir.get())) {
+    for (errno = 0; dirent const* const entry = readdir(dir.get()); errno = 0) {
+        if (!MayBeSame(entry->d_name, name)) {
+            continue;
+        }
         auto const found = FromUtf8(entry->d_name);
         if (found && CompareNoCase1252(*found, name) == 0 &&
             (best.empty() || best.compare(entry->d_name) > 0)) {
             best = entry->d_name;
         }
     }
-    return best;
+    return errno == 0 ? std::optional(best) : std::nullopt;
 }
 
 bool IsSeparator(char c) {
     return c == '\\' || c == '/';
 }
 
+// The path without links; as it is where the host does not tell.
+std::string WithoutLinks(std::string const& hostPath) {
+    struct Free {
+        void operator()(char* text) const { std::free(text); }
+    };
+    std::unique_ptr<char, Free> const real(realpath(hostPath.c_str(), nullptr));
+    return real != nullptr ? real.get() : hostPath;
+}
+
+std::string DriveFolder(char drive) {
+    if (drive == registryDrive) {
+        std::string const file = RegistryFile();
+        return file.substr(0, file.rfind('/') + 1);
+    }
+    if (drive == configDrive) {
+        return UserConfigFolder() + "/";
+    }
+    char const folder[] = {Lower1252(drive), '/', '\0'};
+    return DrivesFolder() + "/" + ToUtf8(folder);
+}
+
 // The host folder that a path starts from, with its separator; takes that part off the path.
 std::string TakeRoot(std::string_view& path) {
     if (path.size() >= 2 && path[1] == ':') {
-        char const drive[] = {Lower1252(path[0]), '/', '\0'};
+        char const drive = path.front();
         path.remove_prefix(2);
-        return DrivesFolder() + "/" + ToUtf8(drive);
+        return DriveFolder(drive);
     }
     return !path.empty() && IsSeparator(path.front()) ? "/" : "";
 }
 
+// A host path with its folder in place of the folder's own path; nothing when it is not below it.
+std::optional<std::string> Below(std::string const& folder, char const* named,
+                                 std::string const& hostPath) {
+    std::string const real = WithoutLinks(folder);
+    std::string const path = hostPath + '/'; // the folder itself, too
+    auto const rest = path.starts_with(real + '/') ? FromUtf8(path.substr(real.size() + 1))
+                                                   : std::nullopt;
+    return rest ? std::optional(named + rest->substr(0, rest->size() - !rest->empty()))
+                : std::nullopt;
+}
+
 } // namespace
 
+bool NotThere(int error) {
+    return error == ENOENT || error == ENOTDIR;
+}
+
 std::string SpeltHostPath(std::string_view path) {
-    constexpr std::size_t longestLetter = 3; // bytes of UTF-8, for any letter of code page 1252
     std::string host = TakeRoot(path);
     std::size_t end = host.size();
     host.resize(end + longestLetter * path.size());
@@ -84,9 +138,13 @@ std::string SpeltHostPath(std::string_view path) {
     return host;
 }
 
-std::string HostPath(std::string_view path) {
+std::optional<std::string> FindHostPath(std::string_view path) {
     std::string spelt = SpeltHostPath(path);
-    if (Exists(spelt)) { // nearly always
+    std::optional<bool> exists = Exists(spelt);
+    if (!exists) {
+        return std::nullopt;
+    }
+    if (*exists) { // nearly always
         return spelt;
     }
     // Only components of the path are looked up, in UTF-8. The folder of the drives is a host path
@@ -94,17 +152,25 @@ std::string HostPath(std::string_view path) {
     std::string host = TakeRoot(path);
     std::string_view rest = std::string_view(spelt).substr(host.size());
     std::size_t const last = rest.rfind('/');
-    if (last != std::string_view::npos && Exists(host + std::string(rest.substr(0, last)))) {
-        host.append(rest.substr(0, last + 1)); // only the name itself is to be looked up
-        rest.remove_prefix(last + 1);
+    if (last != std::string_view::npos) {
+        exists = Exists(host + std::string(rest.substr(0, last)));
+        if (exists == true) {
+            host.append(rest.substr(0, last + 1)); // only the name itself is to be looked up
+            rest.remove_prefix(last + 1);
+        }
     }
     for (bool found = true; !rest.empty();) {
         std::size_t const end = std::min(rest.find('/'), rest.size());
         std::string name(rest.substr(0, end));
-        if (found && !Exists(host + name)) {
-            std::string const actual = FindWithoutCase(host, *FromUtf8(name));
-            found = !actual.empty();
-            name = found ? actual : name;
+        if (found && !name.empty()) {
+            exists = Exists(host + name);
+            std::optional<std::string> const actual =
+                exists == false ? FindWithoutCase(host, *FromUtf8(name)) : name;
+            if (!exists || !actual) {
+                return std::nullopt;
+            }
+            found = !actual->empty();
+            name = found ? *actual : name;
         }
         host += name;
         rest.remove_prefix(end);
@@ -116,8 +182,25 @@ std::string HostPath(std::string_view path) {
     return host;
 }
 
+std::string HostPath(std::string_view path) {
+    std::optional<std::string> found = FindHostPath(path);
+    return found ? *std::move(found) : SpeltHostPath(path);
+}
+
 std::optional<std::string> FromHostPath(std::string_view hostPath) {
-    return FromUtf8(hostPath);
+    std::optional<std::string> text = FromUtf8(hostPath);
+    if (text || !hostPath.starts_with('/')) {
+        return text;
+    }
+    std::string const path(hostPath);
+    for (char const drive : {'$', '~', 'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h', 'i', 'j', 'k', 'l',
+                             'm', 'n', 'o', 'p', 'q', 'r', 's', 't', 'u', 'v', 'w', 'x', 'y', 'z'}) {
+        char const root[] = {drive, ':', '/', '\0'};
+        if ((text = Below(DriveFolder(drive), root, path))) {
+            return text;
+        }
+    }
+    return Below(".", "./", path);
 }
 
 std::string UserDataFolder() {

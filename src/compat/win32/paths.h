@@ -16,13 +16,27 @@ namespace kvarn {
 // - a component that does not exist as it is spelt is looked up without regard to case; of several
 //   the first in the order of their names is taken. From the first component that does not exist
 //   on, the spelling is kept.
+// - the drive "$:" is the folder of the file that holds the registry, and "~:" the folder of the
+//   user's configuration: both may have letters outside the code page;
+// Nothing when a folder on the way cannot be looked at; errno tells why.
+std::optional<std::string> FindHostPath(std::string_view path);
+
+// The same; as it is spelt where a folder cannot be looked at.
 std::string HostPath(std::string_view path);
 
 // The same without reading the disk: every component as it is spelt.
 std::string SpeltHostPath(std::string_view path);
 
-// A host path in code page 1252; nothing when it holds a letter outside that page.
+// Whether a host call failed because there is no such file or folder: any other error (no rights,
+// an I/O error) does not tell that.
+bool NotThere(int error);
+
+// A host path in code page 1252. One with letters outside that page is given from its drive or the
+// present folder on; nothing when the letters are below these.
 std::optional<std::string> FromHostPath(std::string_view hostPath);
+
+constexpr char registryDrive = '$';
+constexpr char configDrive = '~';
 
 // The folders of the user's data and configuration, by the XDG base directory specification.
 std::string UserDataFolder();

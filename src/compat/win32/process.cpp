@@ -2,12 +2,19 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
+#include <poll.h>
 #include <string>
+#include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include "files.h"
+#include "hostfile.h"
 #include "paths.h"
 
 namespace {
@@ -59,6 +66,36 @@ DWORD GetEnvironmentVariableA(LPCSTR name, LPSTR buffer, DWORD size) {
 
 DWORD GetCurrentProcessId() {
     return static_cast<DWORD>(getpid());
+}
+
+HANDLE OpenProcess(DWORD, BOOL, DWORD process) {
+    auto const descriptor = static_cast<int>(syscall(SYS_pidfd_open, process, 0));
+    if (descriptor >= 0) {
+        return kvarn::ToHandle(descriptor);
+    }
+    // Kernels before 5.3 have no such descriptors. Whoever may not send a signal learns that the
+    // process lives.
+    bool const gone = kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH;
+    SetLastError(gone ? ERROR_INVALID_PARAMETER : ERROR_ACCESS_DENIED);
+    return nullptr;
+}
+
+DWORD WaitForSingleObject(HANDLE process, DWORD milliseconds) {
+    pollfd end = {kvarn::Descriptor(process), POLLIN, 0};
+    if (end.fd < 0) { // it has been waited for
+        return 0;
+    }
+    int const patience = milliseconds == INFINITE ? -1 : static_cast<int>(milliseconds);
+    int ended = 0;
+    do {
+        ended = poll(&end, 1, patience);
+    } while (ended < 0 && errno == EINTR);
+    if (ended == 0) {
+        return WAIT_TIMEOUT;
+    }
+    siginfo_t reaped{}; // a child that ended is taken out of the list of processes
+    waitid(P_PIDFD, static_cast<id_t>(end.fd), &reaped, WEXITED);
+    return 0;
 }
 
 void Sleep(DWORD milliseconds) {

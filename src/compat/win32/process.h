@@ -19,4 +19,12 @@ LPSTR GetCommandLineA();
 // the variable is missing.
 DWORD GetEnvironmentVariableA(LPCSTR name, LPSTR buffer, DWORD size);
 DWORD GetCurrentProcessId();
+
+constexpr DWORD SYNCHRONIZE = 0x00100000;
+constexpr DWORD INFINITE = 0xFFFFFFFF;
+constexpr DWORD WAIT_TIMEOUT = 258;
+// A handle to wait with; null with ERROR_INVALID_PARAMETER when there is no such process.
+HANDLE OpenProcess(DWORD access, BOOL inherit, DWORD process);
+// Waits until a process ends. Returns 0, or WAIT_TIMEOUT when it has not ended in that time.
+DWORD WaitForSingleObject(HANDLE process, DWORD milliseconds);
 void Sleep(DWORD milliseconds);

@@ -1,6 +1,7 @@
 #include "search.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdint>
 #include <ctime>
 #include <dirent.h>
@@ -111,6 +112,13 @@ std::vector<char> Matches(char c, std::string_view name, std::vector<char> const
     return matches;
 }
 
+// False when a character before the first wildcard tells them apart, as it does for most names.
+bool BeginAlike(std::string_view pattern, std::string_view name) {
+    constexpr char wildcards[] = {'*', dosStar, dosMark, dosDot, '\0'};
+    std::size_t const literal = std::min(pattern.find_first_of(wildcards), pattern.size());
+    return kvarn::CompareNoCase1252(pattern.substr(0, literal), name.substr(0, literal)) == 0;
+}
+
 bool ComesBefore(std::string const& a, std::string const& b) {
     return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
         return kvarn::CodePoint1252(kvarn::Upper1252(x)) <
@@ -121,6 +129,7 @@ bool ComesBefore(std::string const& a, std::string const& b) {
 struct Found {
     std::string name; // in code page 1252
     std::string hostName;
+    bool isFolder;
 };
 
 struct FolderSearch {
@@ -135,13 +144,16 @@ std::vector<Found> Entries(std::string const& folder, std::string const& pattern
     if (directory == nullptr) {
         return found;
     }
-    while (dirent const* const entry = readdir(directory)) {
+    for (errno = 0; dirent const* const entry = readdir(directory); errno = 0) {
         std::string const hostName = entry->d_name;
         std::optional<std::string> const name = kvarn::FromHostPath(hostName);
         if (name && name->size() < MAX_PATH &&
             kvarn::MatchesWildcards(pattern.c_str(), name->c_str())) {
-            found.push_back({*name, hostName});
+            found.push_back({*name, hostName, entry->d_type == DT_DIR});
         }
+    }
+    if (errno != 0) {
+        found.clear(); // a part of a folder is not told as the whole
     }
     closedir(directory);
     std::sort(found.begin(), found.end(), [](Found const& a, Found const& b) {
@@ -155,9 +167,12 @@ std::vector<Found> Entries(std::string const& folder, std::string const& pattern
 bool Fill(WIN32_FIND_DATAA& entry, std::string const& folder, Found const& found) {
     std::string const path = folder + "/" + found.hostName;
     struct stat status {};
-    // A link without a target is an entry too.
+    // A link without a target is an entry too, and so is what cannot be looked at.
     if (stat(path.c_str(), &status) != 0 && lstat(path.c_str(), &status) != 0) {
-        return false;
+        if (kvarn::NotThere(errno)) {
+            return false;
+        }
+        status.st_mode = (found.isFolder ? S_IFDIR : S_IFREG) | S_IWUSR;
     }
     Tell(entry, status);
     found.name.copy(entry.cFileName, sizeof entry.cFileName - 1);
@@ -171,6 +186,9 @@ namespace kvarn {
 bool MatchesWildcards(char const* pattern, char const* name) {
     std::string const translated = Translated(pattern);
     std::string_view const text = name;
+    if (!BeginAlike(translated, text)) {
+        return false;
+    }
     std::vector<char> rest(text.size() + 1);
     rest.back() = 1;
     // When the last wildcards of a pattern match nothing before a dot that ends the name, they
@@ -191,7 +209,8 @@ bool MatchesWildcards(char const* pattern, char const* name) {
 HANDLE FindFirstFileA(LPCSTR pattern, WIN32_FIND_DATAA* entry) {
     std::string_view const path = pattern;
     std::size_t const separator = path.find_last_of("\\/");
-    std::size_t const nameAt = separator == std::string_view::npos ? 0 : separator + 1;
+    std::size_t const drive = path.substr(0, 2).ends_with(':') ? 2 : 0;
+    std::size_t const nameAt = separator == std::string_view::npos ? drive : separator + 1;
     auto search = std::make_unique<FolderSearch>();
     search->folder = nameAt > 0 ? kvarn::HostPath(path.substr(0, nameAt)) : ".";
     search->found = Entries(search->folder, std::string(path.substr(nameAt)));
@@ -234,6 +253,12 @@ BOOL GetFileInformationByHandle(HANDLE file, BY_HANDLE_FILE_INFORMATION* informa
     }
     Tell(*information, status);
     return TRUE;
+}
+
+void GetSystemTimeAsFileTime(FILETIME* time) {
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    *time = ToFileTime((now.tv_sec + from1601To1970) * ticksPerSecond + now.tv_nsec / 100);
 }
 
 LONG CompareFileTime(FILETIME const* a, FILETIME const* b) {

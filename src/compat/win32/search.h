@@ -60,6 +60,7 @@ struct BY_HANDLE_FILE_INFORMATION {
     DWORD nFileSizeLow;
 };
 BOOL GetFileInformationByHandle(HANDLE file, BY_HANDLE_FILE_INFORMATION* information);
+void GetSystemTimeAsFileTime(FILETIME* time);
 // -1, 0 or 1 as the first time is before, equals or is after the second.
 LONG CompareFileTime(FILETIME const* a, FILETIME const* b);
 

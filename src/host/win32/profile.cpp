@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "../../compat/win32/files.h"
 #include "../../compat/win32/paths.h"
+#include "../../compat/win32/turn.h"
 #include "../../files/filerewrite.h"
 #include "../../files/infile.h"
 #include "../../text/utf16.h"
@@ -38,6 +40,15 @@ std::u16string Changed(std::u16string_view ini, LPCSTR section, LPCSTR key, LPCS
     return kvarn::WithIniValue(ini, name, kvarn::ToUtf16(key), newValue);
 }
 
+// Nothing also when the file cannot be read, or memory is short.
+std::optional<std::string> Value(std::string const& path, LPCSTR section, LPCSTR key) try {
+    kvarn::IniText const ini(kvarn::WholeFile(path.c_str()).value_or(""));
+    auto const found = kvarn::IniValue(ini.text, kvarn::ToUtf16(section), kvarn::ToUtf16(key));
+    return found ? std::optional(kvarn::FromUtf16(*found)) : std::nullopt;
+} catch (std::bad_alloc const&) {
+    return std::nullopt;
+}
+
 } // namespace
 
 DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR standard, LPSTR buffer,
@@ -45,29 +56,26 @@ DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR standard, LPST
     if (size == 0) {
         return 0;
     }
-    kvarn::IniText const ini(kvarn::WholeFile(FullPath(path).c_str()).value_or(""));
-    std::optional<std::u16string_view> found;
+    std::optional<std::string> found;
     if (section != nullptr && key != nullptr) {
-        found = kvarn::IniValue(ini.text, kvarn::ToUtf16(section), kvarn::ToUtf16(key));
+        found = Value(FullPath(path), section, key);
     }
-    std::string const value = found                 ? kvarn::FromUtf16(*found)
-                              : standard != nullptr ? standard
-                                                    : "";
+    std::string const value = found ? *found : standard != nullptr ? standard : "";
     std::size_t const length = std::min<std::size_t>(value.size(), size - 1);
     value.copy(buffer, length);
     buffer[length] = '\0';
     return static_cast<DWORD>(length);
 }
 
-BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR path) {
+BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR path) try {
     if (section == nullptr) {
         return FALSE;
     }
     std::string const target = FullPath(path);
-    bool const exists = GetFileAttributesA(target.c_str()) != INVALID_FILE_ATTRIBUTES;
-    auto const old = kvarn::WholeFile(target.c_str());
+    kvarn::Turn const turn(kvarn::HostPath(target));
+    auto const old = kvarn::WholeFileIfThere(target.c_str());
     kvarn::IniText ini(old.value_or(""));
-    if ((exists && !old) || !ini.whole) {
+    if (!turn.Taken() || !old || !ini.whole) {
         return FALSE; // replacing a file that was not read whole would lose the rest
     }
     std::u16string text = Changed(ini.text, section, key, value);
@@ -80,4 +88,6 @@ BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR
         std::filesystem::create_directories(kvarn::HostPath(windowsFolder), unwritable);
     }
     return kvarn::RewriteFile(target.c_str(), ini.Bytes()) == kvarn::Rewritten::done ? TRUE : FALSE;
+} catch (std::bad_alloc const&) {
+    return FALSE;
 }

@@ -4,6 +4,7 @@
 #include <ctime>
 #include <filesystem>
 #include <mutex>
+#include <new>
 #include <optional>
 #include <string>
 #include <sys/stat.h>
@@ -11,16 +12,18 @@
 #include "../../compat/win32/files.h"
 #include "../../compat/win32/hostfile.h"
 #include "../../compat/win32/paths.h"
-#include "../../compat/win32/process.h"
+#include "../../compat/win32/turn.h"
 #include "../../files/filerewrite.h"
 #include "../../files/infile.h"
 
 namespace kvarn {
 namespace {
 
-// The store's file as a Windows path; empty when its name has letters outside code page 1252.
+// The store's file as a Windows path, from the drive that its folder is; empty when its own name has
+// letters outside code page 1252.
 std::string StorePath() {
-    return FromHostPath(RegistryFile()).value_or("");
+    auto const name = FromHostPath(std::filesystem::path(RegistryFile()).filename().string());
+    return name && !name->empty() ? std::string{registryDrive, ':'} + *name : "";
 }
 
 // Tells an unchanged file from a changed or another one. The time is that of the last change of any
@@ -70,11 +73,11 @@ RegStore const* Load(std::string const& path, Memory& memory) {
     if (stamp && stamp == memory.stamp) {
         return &memory.store;
     }
-    std::optional<std::string> const read = WholeFile(path.c_str());
-    if (!read && GetLastError() != ERROR_FILE_NOT_FOUND && GetLastError() != ERROR_PATH_NOT_FOUND) {
+    std::optional<std::string> read = WholeFileIfThere(path.c_str());
+    if (!read) {
         return nullptr;
     }
-    std::string bytes = read.value_or("");
+    std::string bytes = *std::move(read);
     if (bytes != memory.bytes) {
         memory.store = RegStore(bytes);
         memory.bytes = std::move(bytes);
@@ -83,56 +86,26 @@ RegStore const* Load(std::string const& path, Memory& memory) {
     return &memory.store;
 }
 
-// One program at a time changes the store: the one that has the token open, a file beside the
-// store. A killed program's token closes by itself.
-class Turn {
-  public:
-    explicit Turn(std::string const& path) {
-        constexpr int attempts = 250; // five seconds: many programs may be waiting
-        constexpr DWORD pause = 20;
-        constexpr DWORD alone = FILE_SHARE_READ;
-        std::string const token = path + ".lock";
-        for (int i = 0; i < attempts; ++i) {
-            m_file = CreateFileA(token.c_str(), GENERIC_WRITE, alone, nullptr, OPEN_ALWAYS,
-                                 FILE_ATTRIBUTE_NORMAL, nullptr);
-            if (m_file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_SHARING_VIOLATION) {
-                return;
-            }
-            Sleep(pause);
-        }
-    }
-    ~Turn() {
-        if (m_file != INVALID_HANDLE_VALUE) {
-            CloseHandle(m_file);
-        }
-    }
-    Turn(Turn const&) = delete;
-    Turn& operator=(Turn const&) = delete;
-
-    bool Taken() const { return m_file != INVALID_HANDLE_VALUE; }
-
-  private:
-    HANDLE m_file = INVALID_HANDLE_VALUE;
-};
-
 } // namespace
 
-LSTATUS ReadStore(std::function<LSTATUS(RegStore const&)> const& look) {
+LSTATUS ReadStore(std::function<LSTATUS(RegStore const&)> const& look) try {
     Memory& memory = LastRead();
     std::lock_guard const inUse(memory.inUse);
     RegStore const* const store = Load(StorePath(), memory);
     return store != nullptr ? look(*store) : ERROR_BADDB;
+} catch (std::bad_alloc const&) {
+    return ERROR_NOT_ENOUGH_MEMORY;
 }
 
-LSTATUS ChangeStore(std::function<LSTATUS(RegStore&)> const& change) {
+LSTATUS ChangeStore(std::function<LSTATUS(RegStore&)> const& change) try {
+    std::filesystem::path const file = RegistryFile();
     std::error_code failed;
-    std::filesystem::create_directories(std::filesystem::path(RegistryFile()).parent_path(),
-                                        failed);
+    std::filesystem::create_directories(file.parent_path(), failed);
     std::string const path = StorePath();
     if (path.empty()) {
         return ERROR_WRITE_FAULT;
     }
-    Turn const turn(path);
+    Turn const turn(file);
     Memory& memory = LastRead();
     std::lock_guard const inUse(memory.inUse);
     RegStore const* const before = Load(path, memory);
@@ -158,6 +131,8 @@ LSTATUS ChangeStore(std::function<LSTATUS(RegStore&)> const& change) {
     memory.store = std::move(written);
     memory.bytes = std::move(after);
     return ERROR_SUCCESS;
+} catch (std::bad_alloc const&) {
+    return ERROR_NOT_ENOUGH_MEMORY;
 }
 
 } // namespace kvarn

@@ -130,11 +130,3 @@ BOOL CreateProcessA(LPCSTR program, LPSTR, SECURITY_ATTRIBUTES*, SECURITY_ATTRIB
                     static_cast<DWORD>(child), 0};
     return TRUE;
 }
-
-DWORD WaitForSingleObject(HANDLE process, DWORD) {
-    siginfo_t ended{};
-    while (waitid(P_PIDFD, static_cast<id_t>(kvarn::Descriptor(process)), &ended, WEXITED) != 0 &&
-           errno == EINTR) {
-    }
-    return 0;
-}

@@ -26,7 +26,6 @@ LPWSTR* CommandLineToArgvW(LPCWSTR line, int* count);
 void* LocalFree(void* memory);
 
 constexpr DWORD CREATE_DEFAULT_ERROR_MODE = 0x04000000;
-constexpr DWORD INFINITE = 0xFFFFFFFF;
 
 struct STARTUPINFOA {
     DWORD cb; // the other members have no effect
@@ -42,5 +41,3 @@ struct PROCESS_INFORMATION {
 BOOL CreateProcessA(LPCSTR program, LPSTR line, SECURITY_ATTRIBUTES* process,
                     SECURITY_ATTRIBUTES* thread, BOOL inherit, DWORD flags, void* environment,
                     LPCSTR folder, STARTUPINFOA* start, PROCESS_INFORMATION* information);
-// Waits until a process ends; ignores the time. Returns 0.
-DWORD WaitForSingleObject(HANDLE process, DWORD milliseconds);

@@ -14,11 +14,13 @@
 namespace kvarnio {
 namespace {
 
-void RequireFile(Context const& context, CodeFormat const& format) {
-    if (!InForce(context, format.fileName)) {
+Copy FileInForce(Context const& context, CodeFormat const& format) {
+    auto copy = InForce(context, format.fileName);
+    if (!copy) {
         throw Failure(std::string("there is no ") + format.fileName + "\n" + Folders(context) +
                       "kvarnio local create --project DIR makes one in a project.");
     }
+    return *std::move(copy);
 }
 
 } // namespace
@@ -28,8 +30,7 @@ CodeFile::CodeFile(Context const& context, CodeFormat const& format, std::string
     if (format.fileName == nullptr) {
         m_path = LibraryPath(typedFile);
     } else {
-        RequireFile(context, format);
-        Copy const copy = *InForce(context, format.fileName);
+        Copy const copy = FileInForce(context, format);
         m_path = copy.path;
         m_place = copy.place;
     }

@@ -42,7 +42,7 @@ std::string ReadIfThere(std::string const& path) {
 }
 
 bool KeepCopy(std::string const& path) {
-    return kvarn::CopyWhole(path.c_str(), (path + backupSuffix).c_str(), kvarn::Existing::replaced);
+    return kvarn::KeepCopy(path.c_str(), (path + backupSuffix).c_str());
 }
 
 std::string NotWritten(std::string const& path) {

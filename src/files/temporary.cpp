@@ -1,0 +1,126 @@
+#include "temporary.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cstdint>
+#include <mutex>
+#include <optional>
+#include <set>
+#include <vector>
+
+#include "../compat/calls.h"
+#include "../text/text.h"
+#include "outfile.h"
+#include "pathparts.h"
+
+namespace kvarn {
+namespace {
+
+constexpr std::string_view extension = ".tmp";
+
+// Takes a number off the end of a text.
+std::optional<std::string> TakeNumber(std::string_view& text) {
+    constexpr std::size_t longest = 10; // of 32 bits
+    std::size_t const end = text.find_last_not_of("0123456789");
+    std::string const number(text.substr(end == std::string_view::npos ? 0 : end + 1));
+    text.remove_suffix(number.size());
+    bool const fits = !number.empty() && number.size() <= longest;
+    return fits ? std::optional(number) : std::nullopt;
+}
+
+struct Maker {
+    std::string_view target;
+    DWORD process;
+};
+
+// Of a temporary file, by its name.
+std::optional<Maker> MakerOf(std::string_view name) {
+    if (!name.ends_with(extension)) {
+        return std::nullopt;
+    }
+    name.remove_suffix(extension.size());
+    bool const serial = TakeNumber(name).has_value() && name.ends_with('-');
+    name.remove_suffix(serial ? 1 : 0);
+    auto const process = serial ? TakeNumber(name) : std::nullopt;
+    if (!process || !name.ends_with('.')) {
+        return std::nullopt;
+    }
+    name.remove_suffix(1);
+    return Maker{name, static_cast<DWORD>(std::stoull(*process))};
+}
+
+bool Lives(DWORD process) {
+    HANDLE const handle = OpenProcess(SYNCHRONIZE, FALSE, process);
+    if (handle == nullptr) {
+        return GetLastError() != ERROR_INVALID_PARAMETER;
+    }
+    bool const lives = WaitForSingleObject(handle, 0) == WAIT_TIMEOUT;
+    CloseHandle(handle);
+    return lives;
+}
+
+std::uint64_t Ticks(FILETIME const& time) {
+    return std::uint64_t{time.dwHighDateTime} << 32U | time.dwLowDateTime;
+}
+
+// Another process may have got the number of one that was killed.
+bool IsOlderThanADay(WIN32_FIND_DATAA const& file) {
+    constexpr std::uint64_t day = std::uint64_t{24} * 60 * 60 * 10'000'000;
+    FILETIME now{};
+    GetSystemTimeAsFileTime(&now);
+    return Ticks(file.ftLastWriteTime) + day < Ticks(now);
+}
+
+void Delete(std::string const& path) {
+    constexpr DWORD alone = 0; // refused while its writer, on whatever machine, has it open
+    if (OutFile(path.c_str(), OPEN_EXISTING, alone).IsOpen()) {
+        DeleteFileA(path.c_str());
+    }
+}
+
+// True for the first call about a target.
+bool IsFirst(std::string const& target) {
+    constexpr std::size_t most = 1000; // then they are forgotten, and swept again
+    static std::mutex inUse;
+    static std::set<std::string> swept;
+    std::lock_guard const alone(inUse);
+    if (swept.size() >= most) {
+        swept.clear();
+    }
+    return swept.insert(target).second;
+}
+
+} // namespace
+
+std::string TemporaryBeside(std::string_view target) {
+    static std::atomic<int> serial = 0;
+    return std::string(target) + "." + std::to_string(GetCurrentProcessId()) + "-" +
+           std::to_string(++serial) + std::string(extension);
+}
+
+bool IsTemporary(std::string_view name) {
+    return MakerOf(name).has_value();
+}
+
+void SweepBeside(std::string const& target) {
+    if (!IsFirst(target)) {
+        return;
+    }
+    std::string const name = target.substr(target.find_last_of("\\/:") + 1);
+    std::string const folder = target.substr(0, target.size() - name.size());
+    WIN32_FIND_DATAA file{};
+    HANDLE const search = FindFirstFileA((target + ".*-*.tmp").c_str(), &file);
+    bool found = search != INVALID_HANDLE_VALUE;
+    for (; found; found = FindNextFileA(search, &file) != FALSE) {
+        auto const maker = MakerOf(file.cFileName);
+        if (maker && SameText(maker->target, name) &&
+            (!Lives(maker->process) || IsOlderThanADay(file))) {
+            Delete(folder + file.cFileName);
+        }
+    }
+    if (search != INVALID_HANDLE_VALUE) {
+        FindClose(search);
+    }
+}
+
+} // namespace kvarn
