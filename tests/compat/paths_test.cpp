@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include "files/filerewrite.h"
 #include "support/child.h"
+#include "support/hostcalls.h"
 #include "support/testfiles.h"
 #include "text/codepage.h"
 
@@ -38,6 +40,19 @@ TEST_F(PathsTest, NamesAreFoundWithoutRegardToCase) {
     EXPECT_EQ(HostPath("C:\\kvarnbok\\Fil"), Below("c/Kvarnbok/FIL")); // else the first
     EXPECT_EQ(HostPath("C:\\kvarnbok\\Ny\\Fil"), Below("c/Kvarnbok/Ny/Fil"));
     EXPECT_EQ(HostPath("C:\\kvarnbok\\fil\\x"), Below("c/Kvarnbok/fil/x"));
+}
+
+// A home of another alphabet: what lies below a drive is found by its letter.
+TEST(Paths, ADrivesFolderOutsideTheCodePageIsItsDrive) {
+    TestFolder const folder;
+    Variable const drives("KVARNPROG_DRIVES", (folder / "дом").string());
+    folder.Write("дом/c/Åsa/a.par", "old");
+    auto const path = kvarn::FromHostPath((folder / "дом/c/Åsa/a.par").string());
+    EXPECT_EQ(path, "c:/Åsa/a.par"_1252);
+    HostCalls const calls;
+    EXPECT_EQ(kvarn::RewriteFile("C:\\ÅSA\\A.PAR"_1252, "new"), kvarn::Rewritten::done);
+    EXPECT_EQ(calls.Made({"rename"}), "rename a.par\n");
+    EXPECT_EQ(folder.Read("дом/c/Åsa/a.par"), "new");
 }
 
 TEST_F(PathsTest, NamesOutsideTheCodePageAreNotFound) {

@@ -51,6 +51,25 @@ TEST_F(DirSortTest, NamesAreSortedByTheirNumberThenInCapitals) {
               (Names{"_c.DBF", "b.dbf", "A.DBF", "10.DBF", "010.dbf", "9b.DBF", "9.DBF"}));
 }
 
+struct ModeList : CDirSort {
+    using CDirSort::m_lage;
+    int during = 0;
+    int Sortval(int) override {
+        during = m_lage;
+        return 0;
+    }
+};
+
+TEST_F(DirSortTest, TheModeIsTheCallersDuringTheCallAlone) {
+    File("a");
+    File("b");
+    ModeList list;
+    list.m_lage = 7;
+    EXPECT_EQ(list.Init(m_folder.Api("*").c_str(), 1, 1, 3, 0), 0);
+    EXPECT_EQ(list.during, 3);
+    EXPECT_EQ(list.m_lage, 7);
+}
+
 TEST_F(DirSortTest, SizesAndDates) {
     File("small", 500, 2023, 12, 31);
     File("empty", 0, 2024, 1, 2);

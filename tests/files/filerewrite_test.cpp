@@ -2,13 +2,18 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <functional>
+#include <thread>
 
 #include <gtest/gtest.h>
 
 #include "files/filecopy.h"
+#include "files/infile.h"
+#include "files/outfile.h"
 #include "host/calls.h"
 #include "support/child.h"
 #include "support/fulldisk.h"
+#include "support/hostcalls.h"
 #include "support/testfiles.h"
 
 #if !defined(_WIN32)
@@ -109,6 +114,61 @@ TEST_F(FileRewriteProcesses, AKillLeavesOneContentWhole) {
     }
 }
 
+// A content of which the writing waits in the middle.
+class SlowContent : public kvarn::Content {
+  public:
+    SlowContent(std::string text, std::function<void()> pause)
+        : m_text(std::move(text)), m_pause(std::move(pause)) {}
+    std::uint64_t Size() const override { return m_text.size(); }
+    bool WriteTo(kvarn::OutFile& file) override {
+        bool const begun = file.Write(m_text.substr(0, 1));
+        m_pause();
+        return begun && file.Write(m_text.substr(1));
+    }
+
+  private:
+    std::string m_text;
+    std::function<void()> m_pause;
+};
+
+TEST_F(FileRewrite, ASlowWriterUnderAKnownNameIsNotTakenForDead) {
+    std::string const known = m_folder.Api("fil.tmp");
+    auto const write = [&](kvarn::Content& content) {
+        return RewriteFile(m_folder.Api("fil").c_str(), content, Existing::replaced,
+                           kvarn::Waiting::inTurn, known.c_str());
+    };
+    m_folder.Write("fil", "old");
+    m_folder.Write("fil.tmp", "whole, of a writer that was killed");
+    SlowContent quick("quick", [] {});
+    SlowContent slower("slower", [&] {
+        EXPECT_EQ(write(quick), Rewritten::done);
+        EXPECT_EQ(m_folder.Read("fil"), "quick"); // and not the unfinished one
+    });
+    SlowContent slow("slow", [&] { EXPECT_EQ(write(slower), Rewritten::done); });
+    EXPECT_EQ(write(slow), Rewritten::done);
+    EXPECT_EQ(m_folder.Read("fil"), "slow");
+    EXPECT_EQ(m_folder.Names(), Names{"fil"});
+}
+
+TEST_F(FileRewrite, WhatKilledWritersLeftIsSwept) {
+    std::string const own = std::to_string(ProcessNumber());
+    for (std::string const name :
+         {"fil.999999999-1.tmp", "FIL.999999998-12.tmp", "filen.999999999-1.tmp", "fil.9-x.tmp",
+          "fil.999999999-1.tmp.bak"}) {
+        m_folder.Write(name, "x");
+    }
+    m_folder.Write("fil." + own + "-1000001.tmp", "of this process");
+    m_folder.Write("fil." + own + "-1000002.tmp", "of one that had its number");
+    std::filesystem::last_write_time(m_folder / ("fil." + own + "-1000002.tmp"),
+                                     std::filesystem::file_time_type::clock::now() -
+                                         std::chrono::hours(25));
+    EXPECT_EQ(Rewrite("fil", "new"), Rewritten::done);
+    Names left = {"fil", "fil." + own + "-1000001.tmp", "fil.9-x.tmp", "fil.999999999-1.tmp.bak",
+                  "filen.999999999-1.tmp"};
+    std::sort(left.begin(), left.end());
+    EXPECT_EQ(m_folder.Names(), left);
+}
+
 class FileCopy : public FileRewrite {
   protected:
     FileCopy() {
@@ -193,6 +253,56 @@ TEST_F(FileCopy, ARewriteCarriesAttributesOver) {
 }
 
 #else
+
+TEST_F(FileRewrite, TheContentIsOnTheDiskBeforeTheNameIs) {
+    m_folder.Write("fil", "old");
+    chmod((m_folder / "fil").c_str(), 0600);
+    HostCalls const calls;
+    EXPECT_EQ(Rewrite("fil", "new"), Rewritten::done);
+    std::string const folder = m_folder.Api().substr(m_folder.Api().rfind('/') + 1);
+    std::string made = calls.Made({"fsync", "rename"});
+    made.erase(made.find("fil."), made.find('\n') - made.find("fil.")); // the unique name
+    EXPECT_EQ(made, "fsync \nrename fil\nfsync " + folder + "\n");
+    for (HostCall const& call : calls.All()) { // nobody may read it in the meantime
+        EXPECT_TRUE(call.name != "open" || (call.mode & 077U) == 0) << call.file;
+    }
+}
+
+// In place: the content that is there comes back, and readers wait.
+TEST_F(FileRewrite, AWriteInPlaceThatFailsPutsTheOldContentBack) {
+    std::string const name(250, 'n');
+    m_folder.Write(name, "old, and longer");
+    int failures = 1;
+    HostCalls const disk([&](HostCall const& call) {
+        return call.name == "ftruncate" && failures-- > 0 ? EIO : 0;
+    });
+    EXPECT_EQ(Rewrite(name, "new"), Rewritten::failed);
+    EXPECT_EQ(m_folder.Read(name), "old, and longer");
+    EXPECT_EQ(m_folder.Names(), Names{name});
+}
+
+TEST_F(FileRewrite, AReaderWaitsForAWriterInPlace) {
+    m_folder.Write("fil", "old");
+    std::string const path = m_folder.Api("fil");
+    kvarn::OutFile writer(path.c_str(), OPEN_EXISTING, kvarn::shareOneWriter);
+    EXPECT_TRUE(writer.LockOut(1) && writer.Write("ne"));
+    std::thread rest([&] {
+        Sleep(100);
+        EXPECT_TRUE(writer.Write("w, and longer") && writer.Finish());
+    });
+    EXPECT_EQ(kvarn::WholeFile(path.c_str()), "new, and longer");
+    rest.join();
+}
+
+// Its length needs one byte more than the buffer that the host is first asked with.
+TEST_F(FileRewrite, APathOfAnyLengthIsFollowed) {
+    for (std::size_t const length : {258U, 259U, 260U, 261U}) {
+        std::string const name(length - m_folder.Api().size() - 3, 'n');
+        m_folder.Write("d/" + name, "old");
+        EXPECT_EQ(Rewrite("d\\" + name, "new"), Rewritten::done);
+        EXPECT_EQ(m_folder.Read("d/" + name), "new");
+    }
+}
 
 // How a process ended that does something and exits with its result.
 template <class F> int StatusOf(F act) {

@@ -224,6 +224,7 @@ TEST(BulgeR, BothWaysAndARadiusThatIsTooShort) {
 TEST(SektKorr, MovesAllStationsByTheLastVertexAtThePoint) {
     Line line({{1, 2, 0, 10}, {3, 4, 0, 20}, {1.0005, 2, 0, 30}});
     EXPECT_EQ(line.SektKorr(1, 2.0011, 0), -1);
+    EXPECT_EQ(Line({{0, 0, 0, 10}}).SektKorr(0, 0.001, 0), 0); // the limit is included
     EXPECT_EQ(line.SektKorr(1, 2, 100), 0);
     EXPECT_EQ(VerticesOf(line), (Vertices{{1, 2, 0, 80}, {3, 4, 0, 90}, {1.0005, 2, 0, 100}}));
     EXPECT_EQ(Line({{1, 2, 0, 10}}).SektKorr(1, 2, 0), 0);
@@ -293,6 +294,9 @@ TEST(Vaglinje, WalksLeaveTheCurrentVertexAndTheMarkWhereTheyEnd) {
     line.Vagstv(50, 5, &x, &y, 1);
     EXPECT_EQ(ends(), "3 300 200"); // one segment after the foot
     line.SektBerak(100);
+    EXPECT_EQ(ends(), "3 300 300");
+    line.typ = 10;
+    EXPECT_EQ(line.Vagprofz(1000, &x), -1);
     EXPECT_EQ(ends(), "3 300 300");
 }
 

@@ -1,5 +1,6 @@
 // What becomes of a pass that another call meets, that fails, or that is left unfinished.
 #include "support/fulldisk.h"
+#include "support/hostcalls.h"
 #include "support/projekt.h"
 #include "text/codepage.h"
 
@@ -237,7 +238,8 @@ TEST_F(PassTest, AFullDiskIsToldOnceAndKeepsTheOldCodeFile) {
         EXPECT_EQ(WriteKodfil(2), 0);
     }
     EXPECT_EQ(Boxes::Shown().size(), 1U);
-    EXPECT_EQ(Read("KODFIL.tmp"), old);
+    EXPECT_EQ(Read("KODFIL.DAT"), old);
+    EXPECT_FALSE(std::filesystem::exists(m_folder / "projekt/KODFIL.tmp"));
 
     Write("KODFIL.DAT", "*\n"); // and in the middle of the records
     EXPECT_EQ(WriteKodfil(1), 0);
@@ -248,6 +250,92 @@ TEST_F(PassTest, AFullDiskIsToldOnceAndKeepsTheOldCodeFile) {
     EXPECT_EQ(WriteKodfil(2), 0); // the pass is over
     EXPECT_EQ(Boxes::Shown().size(), 2U);
     EXPECT_EQ(Read("KODFIL.DAT"), "*\r\nNY kod\r\nNY ko");
+}
+
+// What a client has read of it is not all, and is not written in its place.
+TEST_F(PassTest, AReadThatFailsIsToldAndBarsTheWritingUntilAllIsRead) {
+    Boxes const boxes;
+    auto const readAll = [&] {
+        return Results{ReadKodfil(m_inst), ReadMiljkod(m_inst), ReadLinkod(m_inst),
+                       ReadStampel(stampel)};
+    };
+    auto const begin = [&] {
+        return Results{WriteKodfil(1), WriteMiljkod(1), WriteLinkod(1), WriteStampel(1, stampel)};
+    };
+    char const* const names[] = {"KODFIL.DAT", "MILJKOD.DAT", "LINKOD.PAR", "STAMPEL.PAR"};
+    std::vector<std::string> before;
+    for (char const* const name : names) {
+        before.push_back(Read(name));
+    }
+    {
+        HostCalls const disk([](HostCall const& call) { return call.name == "read" ? EIO : 0; });
+        EXPECT_EQ(readAll(), (Results{-1, -1, 0, 0}));
+        EXPECT_EQ(Boxes::Shown().size(), 4U);
+    }
+    CKvarnInst copy(m_inst);
+    begin();
+    EXPECT_EQ(Boxes::Shown().size(), 8U);
+    EXPECT_EQ(copy.LinkodWrite(1, "", "", "", "", ""), 0);
+    EXPECT_EQ(m_inst.MiljkodRead(2, m_kod, m_text, nullptr, nullptr), -1); // not all of the file
+    WriteMiljkod(1);
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        EXPECT_EQ(Read(names[i]), before[i]);
+    }
+    Boxes::Shown().clear();
+    EXPECT_EQ(m_inst.MiljkodRead(3, m_kod, m_text, nullptr, nullptr), -1);
+    for (int again = 0; ReadKodfil(m_inst) == 0 || again < 1; ++again) {
+    }
+    while (ReadLinkod(m_inst) == 1) {
+    }
+    while (ReadStampel(stampel) == 1) {
+    }
+    EXPECT_EQ(begin(), (Results{0, 0, 0, 0}));
+    EXPECT_TRUE(Boxes::Shown().empty());
+}
+
+// Nor is the shared copy, when the host does not tell whether the project has one.
+TEST_F(PassTest, AFailedLookIsNotTakenForAMissingFile) {
+    Boxes const boxes;
+    for (char const* const name : {"KVARNBOK.PAR", "JB23.PAR", "LINKOD.PAR", "MILJKOD.DAT"}) {
+        m_folder.Write(std::string("cfg/") + name, "SHARED=1\n");
+    }
+    Write("Stenkod.dat", "own");
+    Write("KVARNBOK.PAR", "OWN=1\n");
+    HostCalls const disk([](HostCall const& call) {
+        return call.name == "stat" || (call.name == "open" && call.mode == 0) ? EACCES : 0;
+    });
+    EXPECT_EQ(m_inst.ReadKey("KVARNBOK.PAR", "SHARED"), "");
+    EXPECT_EQ(m_inst.WriteKey("KVARNBOK.PAR", "SHARED", "2"), -1);
+    EXPECT_EQ(m_inst.WriteKey("JB23.PAR", "SJUNKSKALA", "2"), -1);
+    EXPECT_EQ((Results{WriteLinkod(1), WriteLinkod(5), WriteMiljkod(1)}), (Results{0, -1, 0}));
+    EXPECT_EQ(m_inst.CreateLokalaFiler(0, 1), 0);
+    EXPECT_EQ(Read("Stenkod.dat"), "own");
+    EXPECT_EQ(Read("KVARNBOK.PAR"), "OWN=1\n");
+    EXPECT_EQ(Read("LINKOD.PAR"), "L1 A 1 1\nL2 B 1 1\n*\n");
+    for (char const* const name : {"KVARNBOK.PAR", "JB23.PAR", "LINKOD.PAR", "MILJKOD.DAT"}) {
+        EXPECT_EQ(m_folder.Read(std::string("cfg/") + name), "SHARED=1\n");
+    }
+}
+
+TEST_F(PassTest, ABeginThatFindsNoFileClosesThePass) {
+    std::filesystem::remove(m_folder / "projekt/KODFIL.DAT");
+    EXPECT_EQ(ReadLinkod(m_inst), 1);
+    EXPECT_EQ(WriteKodfil(1), 0);
+    EXPECT_EQ(m_inst.m_fil, nullptr);
+}
+
+// Through a link that somebody planted another's file would be written.
+TEST_F(PassTest, TheCodeFilesCopyIsMadeExclusivelyAndAsPrivateAsTheFile) {
+    m_folder.Write("annans", "secret");
+    std::filesystem::create_symlink(m_folder / "annans", m_folder / "projekt/KODFIL.tmp");
+    std::filesystem::permissions(m_folder / "projekt/KODFIL.DAT", std::filesystem::perms(0600));
+    HostCalls const calls;
+    EXPECT_EQ(WriteKodfil(3), 0);
+    EXPECT_EQ(m_folder.Read("annans"), "secret");
+    EXPECT_EQ(Read("KODFIL.DAT"), "*\r\nNY kod\r\n*\r\n");
+    for (HostCall const& call : calls.All()) {
+        EXPECT_TRUE(call.name != "open" || (call.mode & 077U) == 0) << call.file;
+    }
 }
 
 TEST_F(PassTest, AFileThatCannotBeReadToItsEndIsNotRewritten) {

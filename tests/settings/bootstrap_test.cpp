@@ -3,6 +3,7 @@
 
 #include "settings/autoini.h"
 #include "support/boxes.h"
+#include "support/hostcalls.h"
 #include "support/installation.h"
 
 namespace {
@@ -130,6 +131,86 @@ TEST_F(BootstrapTest, TheSwitcherLeavesSettingsAndChoosesTheRelease) {
     EXPECT_EQ(m_ini.m_acadExe, "b.exe");
     EXPECT_FALSE(std::filesystem::exists(File(User("Kvarnbok.par", "R19"))));
 }
+
+// By a process whose command line nobody has changed.
+TEST(BootstrapChild, DISABLED_StartsWithoutAFolder) {
+    CWinApp application;
+    CAutoIni ini;
+    ASSERT_EQ(ini.InitXPWay(1, "AX", nullptr), 0);
+    ASSERT_EQ(ini.InitXPWay(0, "AX", nullptr), -1);
+}
+
+TEST_F(BootstrapTest, WithoutAFolderTheOneAboveTheProgramsIsTaken) {
+    std::string above = std::filesystem::path(ProgramPath()).parent_path().parent_path().string();
+    std::replace(above.begin(), above.end(), '/', '\\');
+    Install("R20", above);
+    Write(User("Markvida.ini"), "[SYSTEM]\r\n");
+    EXPECT_EQ(Child("BootstrapChild.*").Wait(), 0);
+}
+
+TEST_F(BootstrapTest, NothingIsStartedWithoutAFolder) {
+    Install("R20", "");
+    Boxes::Shown().clear();
+    EXPECT_EQ(m_ini.InitXPWay(0, "AX", ""), -3);
+    EXPECT_EQ(Texts().front(), "Can not find Markvida.ConfigSwitcher.exe:\n"
+                               "\\Markvida.ConfigSwitcher.exe");
+}
+
+TEST_F(BootstrapTest, AFileThatCouldNotBeCopiedIsCopiedAtALaterStart) {
+    InstallWithAllUsers();
+    Write(AllUsers("forsta.par.4711-1.tmp"), "being written"); // no file of the folder's
+    std::filesystem::create_directories(File(User("Kvarnbok.par")));
+    EXPECT_EQ(Start(0), 0);
+    EXPECT_EQ(Texts().back().substr(0, 25), "Kunde inte kopiera filen:");
+    EXPECT_EQ(NamesIn(File(User(""))), (std::vector<std::string>{"Kvarnbok.par", "Markvida.ini"}));
+    std::filesystem::remove(File(User("Kvarnbok.par")));
+    EXPECT_EQ(Start(0), 0);
+    EXPECT_EQ(Read(User("Kvarnbok.par")), "A=1\r\n");
+    std::filesystem::remove(File(User("Kvarnbok.par")));
+    EXPECT_EQ(Start(0), 0); // it was the user who removed it
+    EXPECT_FALSE(std::filesystem::exists(File(User("Kvarnbok.par"))));
+}
+
+#if !defined(_WIN32)
+
+TEST_F(BootstrapTest, TheSettingsFileIsCopiedLast) {
+    InstallWithAllUsers();
+    Write(AllUsers("zz.par"), "z");
+    HostCalls const calls;
+    EXPECT_EQ(Start(0), 0);
+    EXPECT_EQ(calls.Made({"renameat2"}),
+              "renameat2 Kvarnbok.par\nrenameat2 zz.par\nrenameat2 Markvida.ini\n");
+}
+
+// The content that was read, with a time that is not of a later one.
+TEST_F(BootstrapTest, ASourceThatIsReplacedWhileItIsCopiedIsCopiedAgain) {
+    InstallWithAllUsers();
+    EXPECT_EQ(Start(0), 0);
+    auto const age = [&](int hours) {
+        std::filesystem::last_write_time(File(AllUsers("Kvarnbok.par")),
+                                         std::filesystem::file_time_type::clock::now() +
+                                             std::chrono::hours(hours));
+    };
+    age(1);
+    bool replaced = false;
+    {
+        HostCalls const calls([&](HostCall const& call) {
+            if (call.name == "fsync" && !replaced) { // after the reading
+                replaced = true;
+                std::filesystem::rename(File(AllUsers("Kvarnbok.par")), File("gone"));
+                Write(AllUsers("Kvarnbok.par"), "A=2\r\n");
+                age(2);
+            }
+            return 0;
+        });
+        m_ini.AllUserFileCheck();
+    }
+    EXPECT_TRUE(replaced);
+    m_ini.AllUserFileCheck();
+    EXPECT_EQ(Read(User("Kvarnbok.par")), "A=2\r\n");
+}
+
+#endif
 
 TEST_F(BootstrapTest, AReleaseThatIsNoNumberIsTheLatest) {
     InstallWithAllUsers();
@@ -269,7 +350,9 @@ TEST_F(RefreshTest, AConfigurationFolderIsFilledOnce) {
 }
 
 TEST_F(RefreshTest, APathThatIsTooShortTellsNoFolder) {
-    Write("Data\\Orsakor\\Vallentra\\Markvida\\x.par", "");
+    for (char const* wrong : {"x.par", "AX\\x.par"}) { // where half of the widths would lead
+        Write(std::string("Data\\Orsakor\\Vallentra\\Markvida\\") + wrong, "");
+    }
     Write("Gemensam\\Orsakor\\Vallentra\\Markvida\\y.par", "");
     Write("Cfg\\x", "");
     CString cfg(Path("Cfg").c_str());

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 
 #if defined(_WIN32)
@@ -14,12 +15,24 @@
 #include <unistd.h>
 #endif
 
+#if defined(_WIN32)
+inline std::string ProgramPath() {
+    char program[MAX_PATH];
+    GetModuleFileNameA(nullptr, program, sizeof program);
+    return program;
+}
+#else
+inline std::string ProgramPath() {
+    return std::filesystem::read_symlink("/proc/self/exe");
+}
+#endif
+
 class Child {
   public:
     // Arguments of the test reach it through the environment.
 #if defined(_WIN32)
     explicit Child(std::string const& test)
-        : Child(OwnProgram() + " --gtest_also_run_disabled_tests --gtest_filter=" + test,
+        : Child('"' + ProgramPath() + "\" --gtest_also_run_disabled_tests --gtest_filter=" + test,
                 CREATE_NO_WINDOW) {}
     // Any program.
     Child(std::string line, DWORD flags) {
@@ -86,11 +99,6 @@ class Child {
              ++again) {
             Sleep(100);
         }
-    }
-    static std::string OwnProgram() {
-        char program[MAX_PATH];
-        GetModuleFileNameA(nullptr, program, sizeof program);
-        return '"' + std::string(program) + '"';
     }
     PROCESS_INFORMATION m_process{};
 #else
