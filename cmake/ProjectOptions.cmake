@@ -11,6 +11,26 @@ target_compile_options(kvarnprog_options INTERFACE
     # where the written formula rounds twice.
     -ffp-contract=off)
 
+# What makes it hard to use a fault that is still there: a canary below each return address, checks
+# of the C library's copying, return and jump targets that the processor checks, addresses that
+# change, and tables of addresses that cannot be written once the program runs.
+include(CheckCXXCompilerFlag)
+check_cxx_compiler_flag(-fcf-protection=full kvarnprog_has_cf_protection)
+target_compile_options(kvarnprog_options INTERFACE -fstack-protector-strong
+    $<$<BOOL:${kvarnprog_has_cf_protection}>:-fcf-protection=full>)
+if(NOT KVARNPROG_SANITIZE AND NOT KVARNPROG_FUZZ) # which have checks of their own
+    target_compile_options(kvarnprog_options INTERFACE
+        $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE$<SEMICOLON>-D_FORTIFY_SOURCE=2>)
+endif()
+if(WIN32)
+    target_link_options(kvarnprog_options INTERFACE
+        -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
+    # The canary's part of the run-time library is small and without state that is shared.
+    target_link_libraries(kvarnprog_options INTERFACE -l:libssp.a)
+else()
+    target_link_options(kvarnprog_options INTERFACE -Wl,-z,relro,-z,now)
+endif()
+
 if(KVARNPROG_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
         -fno-omit-frame-pointer)

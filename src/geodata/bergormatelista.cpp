@@ -1,7 +1,6 @@
 #include "bergormatelista.h"
 
 #include <map>
-#include <optional>
 #include <utility>
 
 #include "../formats/kodtexts.h"
@@ -96,7 +95,8 @@ void ReadSection(CBergOrMateLista& list, std::string_view text, std::size_t tabl
     std::map<int, bergmattype*> entries = FirstOfEach(list);
     kvarn::LineReader lines(text);
     kvarn::MaterialReader section(lines, KindOf(list), IsNorwegian(list));
-    std::optional<int> changed; // by the last line: it leaves that entry current
+    int changed = 0; // by the last line: it leaves that entry current
+    bool isChange = false;
     for (kvarn::MaterialLine line; section.Next(line);) {
         if (!line.IsRead() || line.isShift) {
             continue;
@@ -105,16 +105,17 @@ void ReadSection(CBergOrMateLista& list, std::string_view text, std::size_t tabl
         auto const entry = line.changes ? entries.find(*line.changes) : entries.end();
         if (entry != entries.end()) {
             changed = entry->first;
+            isChange = true;
             Change(*entry->second, material, material.number >= static_cast<int>(tableSize));
         } else {
             bergmattype record = RecordOf(material);
             list.Ny(1, &record);
             entries.try_emplace(record.nr, list.Get_aktel());
-            changed.reset();
+            isChange = false;
         }
     }
-    if (changed) {
-        GoTo(list, *changed);
+    if (isChange) {
+        GoTo(list, changed);
     }
 }
 

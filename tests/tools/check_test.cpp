@@ -39,6 +39,15 @@ std::set<std::string> PlantedFaults() {
     return faults;
 }
 
+TEST_F(CheckTest, TheListOfFoldersIsLookedAtToo) {
+    m_folder.Write("c/Kvarnbok/Markvida.ini", "[ARKIV]\nMAPPAR=" + Path("mappar.txt") + "\n");
+    m_folder.Write("mappar.txt", "Bilder\nBilder\\..\\..\\x\n..\na..b\n");
+    Json const found = RunJson("check " + Quoted(vag27));
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found[0]["line"], 2);
+    EXPECT_EQ(found[1]["problem"], "leads out of the project's folder, and is made there: \"..\"");
+}
+
 TEST_F(CheckTest, FindsEachFaultOfTheBadProjectAndNothingInTheGoodOne) {
     EXPECT_EQ(RunBare("check " + Quoted(vag27)).status, 0);
     EXPECT_EQ(RunBare("check --json " + Quoted(vag27) + " --stamp " +

@@ -24,6 +24,7 @@ std::vector<Finding> CheckJb23(std::string_view content, int writtenLine = 0);
 std::vector<Finding> CheckKodfil(std::string_view content);
 std::vector<Finding> CheckMiljkod(std::string_view content);
 std::vector<Finding> CheckLinkod(std::string_view content);
+std::vector<Finding> CheckMappar(std::string_view content);
 std::vector<Finding> CheckStamp(std::string_view content);
 std::vector<Finding> CheckPoints(std::string_view content);
 

@@ -66,7 +66,15 @@ void AddPointsIn(std::string const& folder, std::vector<FileToCheck>& files) {
     }
 }
 
-std::vector<FileToCheck> FilesToCheck(CheckArguments const& arguments) {
+// The list that the settings name for all projects.
+void AddFolderList(Context& context, std::vector<FileToCheck>& files) {
+    CString const list = context.ini.ReadKey(CString("ARKIV"), CString("MAPPAR"));
+    if (!list.IsEmpty() && Exists(list.GetString())) {
+        files.push_back({list.GetString(), kvarn::CheckMappar});
+    }
+}
+
+std::vector<FileToCheck> FilesToCheck(Context& context, CheckArguments const& arguments) {
     std::string const folder = LibraryFolder(arguments.folder);
     if (!IsFolder(folder + '\\')) {
         throw Failure("there is no folder " + arguments.folder);
@@ -82,13 +90,14 @@ std::vector<FileToCheck> FilesToCheck(CheckArguments const& arguments) {
     if (files.empty()) {
         throw Failure("there is nothing to check in " + arguments.folder);
     }
+    AddFolderList(context, files);
     return files;
 }
 
 ExitStatus Check(Context& context, CheckArguments const& arguments) {
     bool sound = true;
     Json json = Json::array();
-    for (FileToCheck const& file : FilesToCheck(arguments)) {
+    for (FileToCheck const& file : FilesToCheck(context, arguments)) {
         std::vector<Finding> const findings = file.check(ReadWhole(file.path));
         sound = sound && IsSound(findings);
         if (context.json) {
@@ -109,11 +118,12 @@ void AddCheckCommand(CommandLine& line) {
     auto const arguments = std::make_shared<CheckArguments>();
     CLI::App& check = line.AddCommand(
         "check", "Name what is wrong with the files of a project, as file:line: problem",
-        "Its settings, code and material files, and its support points (*.STP): lines that are not "
-        "read, or lost\nwhen a program writes the file; text that is cut or read as something "
-        "else; "
-        "numbers that are none, or out\nof their limits. Any other folder with such files can be "
-        "checked too.\n"
+        "Its settings, code and material files, its support points (*.STP) and the list of folders "
+        "that\nMarkvida.ini names: lines that are not read, or lost when a program writes the "
+        "file; "
+        "text that is cut or\nread as something else; numbers that are none, or out of their "
+        "limits. "
+        "Any other folder with such files\ncan be checked too.\n"
         "Exit status: 0 no problems, 1 problems.");
     check.add_option("PROJECT", arguments->folder, "Project folder")->required();
     check.add_option("--stamp", arguments->stamps, "A title block's file, to be checked too")
