@@ -1,4 +1,4 @@
-"""Injects faults into the library's writing operations, and judges what each leaves: scripts/faults."""
+"""Injects faults into each writing operation, and judges what it leaves: see scripts/faults."""
 import fnmatch
 import multiprocessing
 import os
@@ -10,119 +10,88 @@ import subprocess
 import sys
 import tempfile
 import time
-from collections import Counter
+from collections import Counter, defaultdict
 
 SOURCE = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-BUILD = os.path.join(SOURCE, "build/linux")
-FAULTOPS = os.path.join(BUILD, "bin/faultops")
-KVARNIO = os.path.join(BUILD, "bin/kvarnio")
-SHORT_WRITES = os.path.join(BUILD, "tests/faults/libshortwrites.so")
+FAULTOPS, KVARNIO, SHORT_WRITES = (f"{SOURCE}/build/linux/{each}" for each in (
+    "bin/faultops", "bin/kvarnio", "tests/faults/libshortwrites.so"))
 NOBODY = 65534
 
 CHANGING = set("""write pwrite64 writev ftruncate fallocate fsync fdatasync rename renameat renameat2
     link symlink unlink unlinkat mkdir mkdirat rmdir chmod fchmod fchmodat chown fchown fchownat
-    utimensat copy_file_range sendfile close""".split())
+    utimensat copy_file_range sendfile""".split())
 LOOKING = set("""openat stat lstat newfstatat fstat statx access faccessat faccessat2 readlink read
-    pread64 getdents64 lseek""".split())
+    pread64 getdents64 lseek close""".split())  # openat and close change what is open for writing
 FAULTS = ["ENOSPC", "EIO", "EACCES", "ENOSPC+", "EIO+", "EACCES+"]  # +: from then on
 
 HOME = ["--home", r"C:\Kvarnbok", "--cfg", r"C:\Kvarnbok\Cfg"]
 VAG27 = [*HOME, "--project", r"C:\Projekt\Vag27"]
 HAMNKAJEN = [*HOME, "--project", r"C:\Projekt\Hamnkajen"]
 STAMPEL = r"C:\Projekt\Vag27\STAMPEL.PAR"
-# The tool's: name, arguments, files that are absent first.
-TOOL = [
-    ("set", ["set", "KVARNBOK.PAR", "HSKALA", "333", *VAG27], ""),
-    ("set-int", ["set", "KLIPPBOK.PAR", "HSKALA", "333", "--int", *VAG27], ""),
-    ("set-double", ["set", "KVARNBOK.CFG", "SPARTID", "7.25", "--double", "2", *HOME], ""),
-    ("set-jb23", ["set", "JB23.PAR", "KRAFTSKALA", "333", *VAG27], ""),
-    ("set-jb23-new", ["set", "JB23.PAR", "KRAFTSKALA", "333", *VAG27], "c/*/JB23.PAR"),
-    ("set-with-losses", ["set", "KVARNBOK.PAR", "HSKALA", "333", *HAMNKAJEN], ""),
-    ("codes-add-kodfil", ["codes", "add", "kodfil", "Ny", "Nytt", *VAG27], ""),
-    ("codes-add-miljkod", ["codes", "add", "miljkod", "3", "NY", "Nytt", *VAG27], ""),
-    ("codes-set-linkod", ["codes", "set", "linkod", "VAGK", "STRECKAD", "0.7", *VAG27], ""),
-    ("codes-remove-stamp", ["codes", "remove", "stamp", STAMPEL, "RITAD", *VAG27], ""),
-    ("codes-with-losses", ["codes", "add", "linkod", "NY", "STRECKAD", "0.7", *HAMNKAJEN], ""),
-    ("codes-update", ["codes", "update", *VAG27], "c/Projekt/Vag27/MILJKOD.DAT"),
-    ("local-create", ["local", "create", *VAG27], "c/Projekt/Vag27/*.PAR c/Projekt/Vag27/*.DAT"),
-    ("local-overwrite", ["local", "create", "--overwrite", *VAG27], ""),
-    ("local-rock", ["local", "create", "--rock", *VAG27], "c/Projekt/Vag27/KLIPPBOK.PAR"),
-    ("local-remove", ["local", "remove", *VAG27], ""),
-    ("project-create", ["project", "create", r"C:\Projekt\Ny", "--construction", "--folders",
-                        *HOME], ""),
-    ("env-first-start", ["env", "--bootstrap", "0", "AX", "--refresh", "--home", r"C:\Prog"],
-     "c/Data/*"),
-    ("road-plot", ["road", "plot", r"C:\Projekt\Vag27\KVARNBOK.DBF\VAG27.VL", "-o", "TREE/vag.svg",
-                   *VAG27], ""),
-]
-# Several programs write the same file, each its own value.
-SHARED = {"par-key": "c/Projekt/Vag27/KVARNBOK.PAR", "inst-jb23": "c/Projekt/Vag27/JB23.PAR",
-          "area": "c/Projekt/Vag27/KVARNBOK.DBF/KVARNBOK.VL", "ini-key": "c/Kvarnbok/Markvida.ini",
-          "road": "c/Projekt/Vag27/KVARNBOK.DBF/VAG27.VL", "registry-text": "registry.reg"}
+OWN = "c/Projekt/Vag27"
+# The tool's operations: promise (see operations.cpp), files that are absent first, arguments.
+TOOL = {
+    "set": ("told", "", ["set", "KVARNBOK.PAR", "HSKALA", "333", *VAG27]),
+    "set-int": ("told", "", ["set", "KLIPPBOK.PAR", "HSKALA", "333", "--int", *VAG27]),
+    "set-double": ("told", "", ["set", "KVARNBOK.CFG", "SPARTID", "7.25", "--double", "2", *HOME]),
+    "set-jb23": ("told", "", ["set", "JB23.PAR", "KRAFTSKALA", "333", *VAG27]),
+    "set-jb23-new": ("told", "c/*/JB23.PAR", ["set", "JB23.PAR", "KRAFTSKALA", "333", *VAG27]),
+    "set-with-losses": ("told", "", ["set", "KVARNBOK.PAR", "HSKALA", "333", *HAMNKAJEN]),
+    "codes-add-kodfil": ("told", "", ["codes", "add", "kodfil", "Ny", "Nytt", *VAG27]),
+    "codes-add-miljkod": ("told", "", ["codes", "add", "miljkod", "3", "NY", "Nytt", *VAG27]),
+    "codes-set-linkod": ("told", "", ["codes", "set", "linkod", "VAGK", "TUNN", "0.7", *VAG27]),
+    "codes-remove-stamp": ("told", "", ["codes", "remove", "stamp", STAMPEL, "RITAD", *VAG27]),
+    "codes-with-losses": ("told", "", ["codes", "add", "linkod", "NY", "TUNN", "0.7", *HAMNKAJEN]),
+    "codes-update": ("told", f"{OWN}/MILJKOD.DAT", ["codes", "update", *VAG27]),
+    "local-create": ("told", f"{OWN}/*.PAR {OWN}/*.DAT", ["local", "create", *VAG27]),
+    "local-overwrite": ("told", "", ["local", "create", "--overwrite", *VAG27]),
+    "local-rock": ("told", f"{OWN}/KLIPPBOK.PAR", ["local", "create", "--rock", *VAG27]),
+    "local-remove": ("told", "", ["local", "remove", *VAG27]),
+    "project-create": ("steps", "", ["project", "create", r"C:\Projekt\Ny", "--construction",
+                                     "--folders", "--yes", *HOME]),
+    "env-first-start": ("told", "c/Data/*", ["env", "--bootstrap", "0", "AX", "--refresh",
+                                             "--home", r"C:\Prog"]),
+    "road-plot": ("told", "", ["road", "plot", r"C:\Projekt\Vag27\KVARNBOK.DBF\VAG27.VL", "-o",
+                               "TREE/vag.svg", *VAG27]),
+}
+# The files that several writers write at once, each another value.
+SHARED = {"par-key": f"{OWN}/KVARNBOK.PAR", "inst-jb23": f"{OWN}/JB23.PAR",
+          "area": f"{OWN}/KVARNBOK.DBF/KVARNBOK.VL", "road": f"{OWN}/KVARNBOK.DBF/VAG27.VL",
+          "ini-key": "c/Kvarnbok/Markvida.ini", "registry-text": "registry.reg"}
 
 
 # --- The folder tree -----------------------------------------------------------------------------
 
-def look(folder, below=""):
-    """Path to (rights, time, content) of everything in a folder; a folder has no content."""
-    found = {}
-    for entry in os.scandir(folder):
-        path, status = below + entry.name, entry.stat(follow_symlinks=False)
-        if entry.is_dir(follow_symlinks=False):
-            found[path] = (status.st_mode, 0, None)
-            found.update(look(entry.path, path + "/"))
-        elif not entry.name.endswith(".lock"):  # the registry's token stays
-            with open(entry.path, "rb") as file:
-                found[path] = (status.st_mode, status.st_mtime_ns, file.read())
-    return found
-
-
-def restore(folder, wanted, found):
-    for path in sorted(set(found) - set(wanted), reverse=True):
-        os.rmdir(f"{folder}/{path}") if found[path][2] is None else os.unlink(f"{folder}/{path}")
-    for path in sorted(wanted):
-        if found.get(path) == wanted[path]:
-            continue
-        mode, changed, content = wanted[path]
-        place = f"{folder}/{path}"
-        if content is None:
-            os.makedirs(place, exist_ok=True)
-        else:
-            with open(place, "wb") as file:
-                file.write(content)
-            os.utime(place, ns=(changed, changed))
-        os.chmod(place, stat.S_IMODE(mode))
+USER_INI = b"[SYSTEM]\r\nACADEXE=old\r\nACADEXEA=a.exe\r\nMSG=C:\\none\\x.msg\r\n"
+USER, OLDER = (f"c/Data/{name}/Vallentra/Markvida/R20/AX" for name in ("Orsakor", "Brinvik"))
+EVERYBODY = "c/Gemensam/Orsakor/Vallentra/Markvida/AX"
+MORE_FILES = {
+    f"{USER}/Markvida.ini": USER_INI, f"{USER}/Kvarnbok.par": b"A=1\r\n", f"{USER}/Plan.dat": b"old",
+    f"{OLDER}/Markvida.ini": USER_INI, f"{OLDER}/Kvarnbok.par": b"A=2\r\n",
+    f"{EVERYBODY}/Markvida.ini": USER_INI, f"{EVERYBODY}/Kvarnbok.par": b"A=3\r\n",
+    f"{EVERYBODY}/Plan.dat": b"new", "c/Program/Orsakor/Binaries/x.dll": b"new",
+    "c/Plattform/Binaries/x.dll": b"old", "c/Prog/x": b"", "c/Konf/Plan.dat": b"older",
+    "c/Kvarnbok/Cfg/MILJKOD.DAT": b"*\r\n*\r\nXRF R\r\n*\r\nKM K\r\n*\r\nAS A max=6 steg=1\r\n*\r\n",
+    "hem/.config/x": b""}
+TIMES = {"c/Gemensam": 2 * 10**9, "c/Program/": 2 * 10**9, "c/Konf": 5 * 10**8}  # else 10**9
 
 
 def make_tree(folder):
-    """The sample drive, with a project that has all files, settings of users, and a registry."""
-    drive = f"{folder}/c"
-    shutil.copytree(f"{SOURCE}/samples/drives/c", drive)
-    shared, own = f"{drive}/Kvarnbok/Cfg", f"{drive}/Projekt/Vag27"
-    for name in os.listdir(shared):
-        if not os.path.exists(f"{own}/{name}") and name != "Mappar.txt":
-            shutil.copy(f"{shared}/{name}", own)
-            with open(f"{shared}/{name}", "ab") as file:
+    """The sample drive with a project that has all files, settings of users, and a registry."""
+    shutil.copytree(f"{SOURCE}/samples/drives/c", f"{folder}/c")
+    for entry in os.scandir(f"{folder}/c/Kvarnbok/Cfg"):
+        if not os.path.exists(f"{folder}/{OWN}/{entry.name}") and entry.name != "Mappar.txt":
+            shutil.copy(entry.path, f"{folder}/{OWN}")
+            with open(entry.path, "ab") as file:  # the shared one is another
                 file.write(b"*\r\n")
-    with open(f"{shared}/MILJKOD.DAT", "wb") as file:
-        file.write(b"*\r\n*\r\nXRF R\r\n*\r\nKM K\r\n*\r\nAS A max=6 steg=1\r\n*\r\n")
-    ini = b"[SYSTEM]\r\nACADEXE=old\r\nACADEXEA=a.exe\r\nMSG=C:\\none\\x.msg\r\n"
-    user, older = "Data/Orsakor/Vallentra/Markvida/R20/AX", "Data/Brinvik/Vallentra/Markvida/R20/AX"
-    everybody = "Gemensam/Orsakor/Vallentra/Markvida/AX"
-    made = {f"{user}/Markvida.ini": ini, f"{user}/Kvarnbok.par": b"A=1\r\n", f"{user}/Plan.dat": b"old",
-            f"{older}/Markvida.ini": ini, f"{older}/Kvarnbok.par": b"A=2\r\n",
-            f"{everybody}/Markvida.ini": ini, f"{everybody}/Kvarnbok.par": b"A=3\r\n",
-            f"{everybody}/Plan.dat": b"new", "Program/Orsakor/Binaries/x.dll": b"new",
-            "Plattform/Binaries/x.dll": b"old", "Prog/x": b"", "Konf/Plan.dat": b"older"}
-    ages = {"Gemensam": 20, "Program": 20, "Konf": 5}
-    for path, content in made.items():
-        os.makedirs(os.path.dirname(f"{drive}/{path}"), exist_ok=True)
-        with open(f"{drive}/{path}", "wb") as file:
+    for path, content in MORE_FILES.items():
+        os.makedirs(os.path.dirname(f"{folder}/{path}"), exist_ok=True)
+        with open(f"{folder}/{path}", "wb") as file:
             file.write(content)
     subprocess.run([FAULTOPS, "install"], check=True, env=environment(folder))
     for path in look(folder):
-        age = ages.get(path.split("/")[1] if "/" in path else "", 10)
-        os.utime(f"{folder}/{path}", (age * 10**8, age * 10**8))
+        seconds = [TIMES[each] for each in TIMES if path.startswith(each)] or [10**9]
+        os.utime(f"{folder}/{path}", (seconds[0], seconds[0]))
 
 
 def environment(tree):
@@ -130,241 +99,17 @@ def environment(tree):
             "HOME": f"{tree}/hem", "PATH": "/usr/bin:/bin", "LC_ALL": "C.UTF-8"}
 
 
-# --- An operation --------------------------------------------------------------------------------
-
-class Operation:
-    def __init__(self, name, command, promise, absent):
-        self.name, self.command, self.promise, self.absent = name, command, promise, absent.split()
-
-    def prepare(self, work):
-        """Makes the tree, and learns what an undisturbed run calls and changes."""
-        self.tree, self.log = f"{work}/{self.name}/tree", f"{work}/{self.name}/log"
-        os.makedirs(os.path.dirname(self.tree), exist_ok=True)
-        shutil.copytree(f"{work}/tree", self.tree)
-        for path in sorted(look(self.tree), reverse=True):
-            if any(fnmatch.fnmatchcase(path, pattern) for pattern in self.absent):
-                place = f"{self.tree}/{path}"
-                os.unlink(place) if os.path.isfile(place) else shutil.rmtree(place)
-        self.old = look(self.tree)
-        calls = ",".join("?" + call for call in sorted(CHANGING | LOOKING))
-        done = self.run(["strace", "-f", "-y", "-s", "0", "-o", self.log, "-e", f"trace={calls}"])
-        self.calls, self.touched = self.traced()
-        self.new = look(self.tree)
-        self.run()
-        self.newer = look(self.tree)  # by a second run
-        self.changed = {path for path in {**self.old, **self.new}
-                        if state(self.old, path) != state(self.new, path)}
-        if done.returncode != 0 or not self.changed:
-            raise SystemExit(f"{self.name} does nothing undisturbed: {done}")
-        self.reset(self.newer)
-
-    def traced(self):
-        """The calls that meet the tree, each with its number among its like; and its paths."""
-        calls, counts, touched = [], Counter(), set()
-        with open(self.log, encoding="latin-1") as log:
-            for line in log:
-                match = re.match(r"\d+ +(\w+)\((.*)", line)
-                if match:
-                    call, arguments = match.groups()
-                    counts[call] += 1
-                    if self.tree in line or "/proc/self/fd/" in line:
-                        changes = call in CHANGING or bool(re.search("O_CREAT|O_TRUNC", arguments))
-                        calls.append((call, counts[call], changes))
-                        touched.update(re.findall(re.escape(self.tree) + r'/([^">]+)', line))
-        return calls, {path.rstrip("/") for path in touched} & set(self.old)
-
-    def run(self, before=(), values=(), **how):
-        if os.path.exists(f"{self.tree}/registry.reg"):
-            os.chmod(f"{self.tree}/registry.reg", 0o644)  # just changed: it is always read anew
-        how.setdefault("env", environment(self.tree))
-        command = [word.replace("TREE", self.tree) for word in [*before, *self.command, *values]]
-        return subprocess.run(command, cwd="/", capture_output=True, timeout=60, check=False, **how)
-
-    def reset(self, found):
-        restore(self.tree, self.old, found)
-
-    def injections(self, short):
-        for index, (call, number, changes) in enumerate(self.calls):
-            faults = [FAULTS[index % len(FAULTS)]] if short else FAULTS
-            kill = ["KILL"] if changes or not short else []
-            for fault in [*faults, *kill]:
-                yield call, str(number), fault
-        largest = max(len(self.new[path][2] or b"") for path in self.changed if path in self.new) \
-            if self.changed & set(self.new) else 0
-        for size in range(0, largest + 1, max(1, largest // (6 if short else 200))):
-            yield "size", str(size), "ENOSPC"
-            yield "size", str(size), "KILL"
-        yield "write", "all", "short"
-        for path in sorted(self.touched):
-            folder = self.old[path][2] is None
-            if not short or path in self.changed or folder:
-                for rights in ["555", "0", "311"] if folder else ["444", "0", "222"]:
-                    yield "rights", path, rights
-        yield "rights", "all", "others"
-
-    def inject(self, call, number, fault):
-        """True and False: what the operation reported; None: it was killed; "crashed" else."""
-        if call == "size":
-            done = self.run(preexec_fn=lambda: resource.setrlimit(
-                resource.RLIMIT_FSIZE, (int(number), int(number))), restore_signals=fault == "KILL")
-        elif fault == "short":
-            done = self.run(env=dict(environment(self.tree), LD_PRELOAD=SHORT_WRITES))
-        elif call == "rights":
-            done = self.without_rights(number, fault)
-        else:
-            how = "signal=KILL" if fault == "KILL" else "error=" + fault.rstrip("+")
-            when = number + ("+" if fault.endswith("+") else "")
-            done = self.run(["strace", "-f", "--seccomp-bpf", "-s", "0", "-o", self.log, "-e",
-                             f"trace={call}", "-e", f"inject={call}:{how}:when={when}"])
-            with open(self.log, encoding="latin-1") as log:
-                if fault != "KILL" and "INJECTED" not in log.read():
-                    return "not reached", done
-        killed = done.returncode in (-9, -25) and fault == "KILL"
-        crashed = done.returncode < 0 and not killed
-        return "crashed" if crashed else None if killed else done.returncode == 0, done
-
-    def without_rights(self, path, rights):
-        """As another user, where this one may do everything."""
-        user = {"user": NOBODY, "group": NOBODY, "extra_groups": []} if os.geteuid() == 0 else {}
-        every = [f"{self.tree}/{each}" for each in self.old]
-        if path == "all":  # files of somebody else, in folders where nothing can be made
-            for each in every:
-                os.chmod(each, 0o555 if os.path.isdir(each) else 0o666)
-        else:
-            for each in every if user else []:
-                os.chown(each, NOBODY, NOBODY)
-            os.chmod(f"{self.tree}/{path}", int(rights, 8))
-        try:
-            return self.run(**user)
-        finally:
-            for each in self.old if path == "all" else [path]:
-                if os.path.exists(f"{self.tree}/{each}"):
-                    os.chmod(f"{self.tree}/{each}", stat.S_IMODE(self.old[each][0]))
-
-    # --- What is promised
-
-    def judge(self, call, number, fault):
-        """Injects a fault; what it broke, as pairs of kind and text."""
-        result, done = self.inject(call, number, fault)
-        after = look(self.tree)
-        broken = []
-        partly = False
-        for path in {**self.old, **self.new, **after}:
-            now = state(after, path)
-            if now in (state(self.old, path), state(self.new, path)) or path not in self.known():
-                continue
-            elif path in self.changed and self.may_be_in_between(path, now, result, done):
-                partly = True
-            else:
-                broken.append(("lost", f"{path} is {description(self.old, self.new, path, now)}"))
-        for path in self.changed:
-            backup = path + ".bak"
-            if backup in self.new and self.is_new(after, path) and not self.is_new(after, backup):
-                broken.append(("lost", f"{path} is written and its copy {backup} is not"))
-        all_new = all(self.is_new(after, path) for path in self.changed)
-        if isinstance(result, str):
-            broken.append(("false", result))
-        elif result is True and not all_new and self.promise != "silent":
-            broken.append(("false", "success, and not all is written"))
-        elif result is False and all_new and self.promise != "pass":
-            broken.append(("false", "failure, and all is written"))
-        if after != self.old:
-            broken += self.judge_next_run(after, partly)
-        return broken, done
-
-    def judge_next_run(self, after, partly):
-        self.run()
-        next_ = look(self.tree)
-        self.reset(next_)
-        broken = []
-        for path in {**self.new, **next_}:
-            if path not in {**self.new, **self.newer}:
-                name = re.sub(r"\d+-\d+", "N", path)
-                broken.append(("leftover", f"{name} stays"))
-            elif not (partly and self.promise == "pass") and \
-                    state(next_, path) not in (state(self.new, path), state(self.newer, path)):
-                broken.append(("leftover", f"{path} is not mended by the next run"))
-        return broken
-
-    def known(self):
-        return self.old.keys() | self.new.keys()
-
-    def is_new(self, after, path):
-        return state(after, path) == state(self.new, path)
-
-    def may_be_in_between(self, path, now, result, done):
-        """A pass that has begun, or an INI file that has got some of its keys."""
-        if now is None or now[1] is None or path not in self.new:
-            return False
-        old, new, content = self.old.get(path, (0, 0, b""))[2], self.new[path][2], now[1]
-        if self.promise == "pass":
-            kept = done.stdout.split(b"\n")[:-1] if result is None else []
-            header = new[:new.index(b"*\r\n")] if path.endswith("KODFIL.DAT") else b""
-            return new.startswith(content) and content.startswith(header) and \
-                all(record in content for record in kept)
-        if path.endswith("Markvida.ini"):
-            first = (old or b"[SYSTEM]\r\nACADEXE=old\r\nACADEXEA=a.exe\r\nMSG=C:\\none\\x.msg\r\n")
-            keys = [line.split(b"=")[0] for line in content.split(b"\r\n")]
-            return all(line.split(b"=")[0] in keys for line in first.split(b"\r\n")) and \
-                all(line in (first + new).split(b"\r\n") for line in content.split(b"\r\n"))
-        return False
-
-
-def state(tree, path):
-    """Rights and content; none where there is no such file."""
-    return (tree[path][0], tree[path][2]) if path in tree else None
-
-
-def description(old, new, path, now):
-    if now is None:
-        return "gone"
-    was = state(old, path)
-    if path in old and path in new and state(new, path) == was:
-        return "changed, which is not the operation's" + ("" if now[1] != was[1] else " (rights)")
-    if now[1] in ((was or (0, 0))[1], (state(new, path) or (0, 0))[1]):
-        return "there with other rights"
-    return "empty" if not now[1] else "neither the old nor the new one"
-
-
-# --- Several writers -----------------------------------------------------------------------------
-
-def write_together(operation, writers, rounds):
-    """Writers with delays, and a reader that looks all the time: it sees whole contents alone."""
-    target = f"{operation.tree}/{SHARED[operation.name]}"
-    old = content_of(target)
-    alone = []
-    for writer in range(writers):
-        operation.run(values=[str(10 ** writer)])
-        alone.append(content_of(target))
-        operation.reset(look(operation.tree))
-    broken = []
-    for turn in range(rounds):
-        running = [start_slowly(operation, writer, turn) for writer in range(writers)]
-        seen = set()
-        while any(process.poll() is None for process in running):
-            seen.add(content_of(target))
-        seen.add(content_of(target))
-        for content in seen - {old, *alone}:
-            broken.append(("lost", "a reader sees " + ("half a file" if content else
-                                                       "no file" if content is None else "an empty file")))
-        succeeded = [alone[i] for i in range(writers) if running[i].returncode == 0]
-        if content_of(target) not in (succeeded or [old]):
-            broken.append(("false", "what is there at the end is of no writer that reported success"))
-        if len(succeeded) < writers:
-            broken.append(("false", "a writer fails though nothing hinders it"))
-        operation.run()
-        after = look(operation.tree)
-        broken += [("leftover", "a file stays") for path in after if path not in operation.known()]
-        operation.reset(after)
-    return broken
-
-
-def start_slowly(operation, writer, turn):
-    delay = 1000 * (1 + (writer * 7 + turn * 5) % 23)  # microseconds
-    command = ["strace", "-f", "--seccomp-bpf", "-o", "/dev/null", "-e", "trace=write,fsync,rename",
-               "-e", f"inject=write,fsync,rename:delay_enter={delay}"]
-    return subprocess.Popen([*command, *operation.command, str(10 ** writer)], cwd="/",
-                            env=environment(operation.tree), stderr=subprocess.DEVNULL)
+def look(folder, below=""):
+    """Path to (rights, content, time) of everything in a folder; a folder has no content."""
+    found = {}
+    for entry in os.scandir(folder):
+        path, status = below + entry.name, entry.stat(follow_symlinks=False)
+        if entry.is_dir(follow_symlinks=False):
+            found[path] = (status.st_mode, None, 0)
+            found.update(look(entry.path, path + "/"))
+        elif not entry.name.endswith(".lock"):  # the registry's token stays
+            found[path] = (status.st_mode, content_of(entry.path), status.st_mtime_ns)
+    return found
 
 
 def content_of(path):
@@ -375,77 +120,304 @@ def content_of(path):
         return None
 
 
+def restore(folder, wanted, found):
+    for path in sorted(set(found) - set(wanted), reverse=True):
+        os.rmdir(f"{folder}/{path}") if found[path][1] is None else os.unlink(f"{folder}/{path}")
+    for path in sorted(path for path in wanted if found.get(path) != wanted[path]):
+        mode, content, changed = wanted[path]
+        if content is None:
+            os.makedirs(f"{folder}/{path}", exist_ok=True)
+        else:
+            with open(f"{folder}/{path}", "wb") as file:
+                file.write(content)
+            os.utime(f"{folder}/{path}", ns=(changed, changed))
+        os.chmod(f"{folder}/{path}", stat.S_IMODE(mode))
+
+
+def state(tree, path):
+    return tree[path][:2] if path in tree else None
+
+
+# --- An operation --------------------------------------------------------------------------------
+
+class Operation:
+    def __init__(self, name, promise, absent, command):
+        self.name, self.promise, self.absent, self.command = name, promise, absent.split(), command
+
+    def prepare(self, work):
+        """Makes the tree, and learns what an undisturbed run calls and changes."""
+        self.tree, self.log = f"{work}/{self.name}/tree", f"{work}/{self.name}/log"
+        shutil.copytree(f"{work}/tree", self.tree)
+        for path in sorted(look(self.tree), reverse=True):
+            if any(fnmatch.fnmatchcase(path, pattern) for pattern in self.absent):
+                place = f"{self.tree}/{path}"
+                shutil.rmtree(place) if os.path.isdir(place) else os.unlink(place)
+        self.old = look(self.tree)
+        calls = ",".join("?" + call for call in sorted(CHANGING | LOOKING))
+        done = self.run(["strace", "-f", "-y", "-s", "0", "-o", self.log, "-e", f"trace={calls}"])
+        self.read_log()
+        self.new = look(self.tree)
+        self.run()
+        self.newer = look(self.tree)  # by a second run
+        self.changed = {path for path in self.old.keys() | self.new.keys()
+                        if state(self.old, path) != state(self.new, path)}
+        if done.returncode != 0 or not self.changed:
+            raise SystemExit(f"{self.name} does nothing undisturbed: {done}")
+        self.reset(self.newer)
+
+    def read_log(self):
+        """Finds the calls that meet the tree, each with its number among its like."""
+        self.calls, counts, writing, touched = [], Counter(), set(), set()
+        with open(self.log, encoding="latin-1") as log:
+            lines = re.findall(r"^\d+ +((\w+)\((\w*).*)", log.read(), re.MULTILINE)
+        for line, call, first in lines:
+            counts[call] += 1
+            if call == "openat":
+                changes = bool(re.search("O_WRONLY|O_RDWR|O_CREAT", line))
+                (writing.add if changes else writing.discard)(line.rsplit(" = ")[-1].split("<")[0])
+            else:
+                changes = call in CHANGING or call == "close" and first in writing
+            if self.tree in line or "/proc/self/fd/" in line:
+                self.calls.append((call, counts[call], changes))
+                touched.update(re.findall(re.escape(self.tree) + r'/([^">]+)', line))
+        self.touched = sorted({path.rstrip("/") for path in touched} & self.old.keys())
+
+    def run(self, before=(), values=(), **how):
+        if os.path.exists(f"{self.tree}/registry.reg"):
+            os.chmod(f"{self.tree}/registry.reg", 0o644)  # just changed: it is always read anew
+        command = [word.replace("TREE", self.tree) for word in [*before, *self.command, *values]]
+        how = {"env": environment(self.tree), "capture_output": True, "timeout": 60, **how}
+        return subprocess.run(command, cwd="/", check=False, **how)
+
+    def reset(self, found):
+        restore(self.tree, self.old, found)
+
+    def injections(self, short):
+        few = max(3, len(self.calls) // 40)
+        for index, (call, number, changes) in enumerate(self.calls):
+            faults = [FAULTS[index // few % 6]] if short and (changes or index % few == 0) else \
+                [] if short else FAULTS
+            for fault in [*faults, "KILL"] if changes else faults:
+                yield call, str(number), fault
+        largest = max(len(tree[path][1] or b"") for tree in (self.old, self.new)
+                      for path in self.changed & tree.keys())
+        for size in range(0, largest + 1, max(1, largest // (4 if short else 64))):
+            yield "size", str(size), "ENOSPC"
+            yield "size", str(size), "KILL"
+        yield "write", "all", "short"
+        yield "rights", "all", "others"
+        for path in self.touched:
+            folder = self.old[path][1] is None
+            if not short or path in self.changed or folder:
+                for rights in ["555", "0", "311"] if folder else ["444", "0", "222"]:
+                    yield "rights", path, rights
+
+    def inject(self, call, number, fault):
+        """What the operation reported, or None when it was killed; and the process."""
+        if call == "size":
+            done = self.run(preexec_fn=lambda: resource.setrlimit(
+                resource.RLIMIT_FSIZE, (int(number), int(number))), restore_signals=fault == "KILL")
+        elif fault == "short":
+            done = self.run(env=dict(environment(self.tree), LD_PRELOAD=SHORT_WRITES))
+        elif call == "rights":
+            done = self.run_without_rights(number, fault)
+        else:
+            # strace is faster with the filter, but sends no signals then.
+            how = ["-e", f"inject={call}:signal=KILL:when={number}"] if fault == "KILL" else \
+                ["--seccomp-bpf", "-e", f"inject={call}:error={fault.rstrip('+')}:when={number}"
+                 + fault[len(fault.rstrip('+')):]]
+            done = self.run(["strace", "-f", "-s", "0", "-o", self.log, "-e", f"trace={call}", *how])
+            if b"INJECTED" not in content_of(self.log) and b"+++ killed" not in content_of(self.log):
+                return "the call is not reached", done
+        if done.returncode in (-9, -25) and fault == "KILL":
+            return None, done
+        return "crashed" if done.returncode < 0 else done.returncode == 0, done
+
+    def run_without_rights(self, path, rights):
+        """As another user where this one may do everything."""
+        user = {"user": NOBODY, "group": NOBODY, "extra_groups": []} if os.geteuid() == 0 else {}
+        for each in self.old:
+            if path == "all":  # somebody else's files, in folders where nothing can be made
+                os.chmod(f"{self.tree}/{each}", 0o555 if self.old[each][1] is None else 0o666)
+            elif user:
+                os.chown(f"{self.tree}/{each}", NOBODY, NOBODY)
+        if path != "all":
+            os.chmod(f"{self.tree}/{path}", int(rights, 8))
+        done = self.run(**user)
+        for each in sorted(self.old):
+            if os.path.exists(f"{self.tree}/{each}"):
+                os.chmod(f"{self.tree}/{each}", stat.S_IMODE(self.old[each][0]))
+        return done
+
+    # --- What is promised
+
+    def judge(self, call, number, fault):
+        """Injects a fault. Returns what it broke, at most one text of a kind; and the process."""
+        result, done = self.inject(call, number, fault)
+        after = look(self.tree)
+        now, old, new = ({path: state(tree, path) for path in
+                          self.old.keys() | self.new.keys() | after.keys()}
+                         for tree in (after, self.old, self.new))
+        broken, between = {}, False
+        for path in sorted(self.old.keys() | self.new.keys()):
+            if now[path] in (old[path], new[path]):
+                backup = path + ".bak"
+                if backup in self.new and old[path] != now[path] and now[backup] != new[backup]:
+                    broken["lost"] = f"{path} is written without {backup}"
+            elif path in self.changed and self.may_be_between(path, now[path], result, done):
+                between = True
+            elif not (call == "rights" and now[path] and new[path] and now[path][1] == new[path][1]):
+                broken.setdefault("lost", describe(path, now[path], old[path], new[path]))
+        all_new = all(now[path] == new[path] for path in self.changed)
+        if isinstance(result, str):
+            broken["false"] = result
+        elif result and not all_new and self.promise != "silent":
+            broken["false"] = "success, and not all is written"
+        elif result is False and all_new and self.promise not in ("pass", "steps"):
+            broken["false"] = "failure, and all is written"
+        if after != self.old:
+            self.run()
+            after_next = look(self.tree)
+            self.reset(after_next)
+            if "lost" not in broken:
+                mended = result is False or (between and self.promise == "pass")
+                self.judge_next_run(after_next, mended, broken)
+        return broken, done
+
+    def may_be_between(self, path, now, result, done):
+        """A pass that has begun, or an INI file that has got some of its keys."""
+        new = self.new.get(path, (0, b"", 0))[1]
+        if self.promise == "pass" and now is not None:
+            kept = done.stdout.split(b"\n")[:-1] if result is None else []
+            header = new[:new.index(b"*\r\n") + 3] if path.endswith("KODFIL.DAT") else b""
+            return new.startswith(now[1]) and now[1].startswith(header) and \
+                all(record in now[1] for record in kept)
+        if path == f"{USER}/Markvida.ini" and now is not None:
+            lines, old, new = (text.split(b"\r\n") for text in (now[1], USER_INI, new))
+            names = [line.split(b"=")[0] for line in lines]
+            return all(line.split(b"=")[0] in names for line in old) and set(lines) <= {*old, *new}
+        return False
+
+    def judge_next_run(self, after, mended, broken):
+        """The next, undisturbed run leaves nothing of this one's, and what this one did not do."""
+        for path in sorted(self.new.keys() | after.keys()):
+            if path not in self.new.keys() | self.newer.keys():
+                name = re.sub(r"\d+-\d+", "N", path)
+                broken.setdefault("leftover", f"{name} stays")
+            elif not mended and state(after, path) not in (state(self.new, path),
+                                                           state(self.newer, path)):
+                broken.setdefault("leftover", f"{path} is not what the next run makes")
+
+
+def describe(path, now, old, new):
+    return f"{path} is " + ("gone" if now is None else "changed by mistake" if old == new else
+                            "empty" if now[1] == b"" else
+                            "there with other rights" if now[1] in ((old or new)[1], (new or old)[1])
+                            else "neither the old nor the new one")
+
+
+# --- Several writers -----------------------------------------------------------------------------
+
+def write_together(operation, writers, rounds):
+    """Writers with delays, and a reader that looks all the time: it sees whole contents alone."""
+    target = f"{operation.tree}/{SHARED[operation.name]}"
+    old, alone = content_of(target), []
+    for writer in range(writers):
+        operation.run(values=[str(10 ** writer)])
+        alone.append(content_of(target))
+        operation.reset(look(operation.tree))
+    found = []
+    for turn in range(rounds):
+        running = [start_slowly(operation, writer, turn) for writer in range(writers)]
+        seen = set()
+        while any([process.poll() is None for process in running]):
+            seen.add(content_of(target))
+        last = content_of(target)
+        for content in {last, *seen} - {old, *alone}:
+            what = "no file" if content is None else f"{len(content)} bytes of a file"
+            found.append(("lost", f"a reader sees {what}"))
+        succeeded = [alone[i] for i in range(writers) if running[i].returncode == 0]
+        if last not in (succeeded or [old]):
+            found.append(("false", "the content at the end is that of no writer that succeeded"))
+        operation.run()
+        after = look(operation.tree)
+        found += [("leftover", f"{path} stays") for path in after if path not in operation.old]
+        operation.reset(after)
+    return found
+
+
+def start_slowly(operation, writer, turn):
+    calls, delay = "write,fsync,rename", 1000 * (1 + (writer * 7 + turn * 5) % 23)  # microseconds
+    return subprocess.Popen(
+        ["strace", "-f", "--seccomp-bpf", "-o", "/dev/null", "-e", f"trace={calls}", "-e",
+         f"inject={calls}:delay_enter={delay}", *operation.command, str(10 ** writer)],
+        cwd="/", env=environment(operation.tree), stderr=subprocess.DEVNULL)
+
+
 # --- All of it -----------------------------------------------------------------------------------
 
 def all_operations():
     listed = subprocess.run([FAULTOPS, "--list"], check=True, capture_output=True, text=True).stdout
-    for line in listed.splitlines():
-        name, promise, absent = line.split("\t")
-        yield Operation(name, [FAULTOPS, name], promise, absent)
-    for name, arguments, absent in TOOL:
-        yield Operation("kvarnio-" + name, [KVARNIO, *arguments], "told", absent)
+    for name, promise, absent in (line.split("\t") for line in listed.splitlines()):
+        yield Operation(name, promise, absent, [FAULTOPS, name])
+    for name, (promise, absent, arguments) in TOOL.items():
+        yield Operation("kvarnio-" + name, promise, absent, [KVARNIO, *arguments])
 
 
-def run_one(operation, work, short):
+def inject_all(operation, work, short):
+    """Rows of the table: a name, the number of injections, and what broke."""
     operation.prepare(work)
     injections = list(operation.injections(short))
-    broken = [(kind, text, injection) for injection in injections
-              for kind, text in operation.judge(*injection)[0]]
-    rows = [(operation.name, len(injections), broken)]
+    rows = [(operation.name, len(injections),
+             [(kind, text, injection) for injection in injections
+              for kind, text in operation.judge(*injection)[0].items()])]
     for writers in [2, 8] if operation.name in SHARED else []:
         rounds = 1 if short else 10
-        found = write_together(operation, writers, rounds)
         rows.append((f"{operation.name}, {writers} writers", writers * rounds,
-                     [(*each, ("writers", str(writers), "")) for each in found]))
+                     [(*each, (f"{writers} writers",))
+                      for each in write_together(operation, writers, rounds)]))
     shutil.rmtree(os.path.dirname(operation.tree))
     return rows
 
 
 def print_table(rows):
-    kinds = ["lost", "false", "leftover"]
-    print(f"{'operation':34}{'injections':>11}{'lost':>7}{'false':>7}{'left over':>11}")
+    kinds, causes, total = ["lost", "false", "leftover"], defaultdict(list), Counter()
+    print(f"{'operation':28}{'injections':>11}{'lost':>8}{'false results':>15}{'leftovers':>11}")
     for name, count, broken in rows:
-        lost, false, left = (sum(each[0] == kind for each in broken) for kind in kinds)
-        print(f"{name:34}{count:11}{lost:7}{false:7}{left:11}")
-    causes = {}
-    for name, _, broken in rows:
+        counts = Counter(kind for kind, _, _ in broken)
+        total += counts
+        print(f"{name:28}{count:11}{counts['lost']:8}{counts['false']:15}{counts['leftover']:11}")
         for kind, text, injection in broken:
-            causes.setdefault((name, kind, text), []).append(injection)
+            causes[name, kind, text].append(" ".join(injection))
     for (name, kind, text), injections in causes.items():
-        some = "; ".join(" ".join(injection) for injection in injections[:3])
-        print(f"\n{name}, {kind}: {text}: {len(injections)} times\n    {some}", end="")
-    total = [sum(each[0] == kind for row in rows for each in row[2]) for kind in kinds]
-    print(f"\n{sum(row[1] for row in rows)} injections, {total[0]} lost, {total[1]} false results, "
-          f"{total[2]} leftovers")
-    return 1 if any(total) else 0
-
-
-def rerun(operation, work, injection):
-    operation.prepare(work)
-    broken, done = operation.judge(*injection)
-    print(done.stderr.decode("utf-8", "replace"), end="")
-    print(f"exit status {done.returncode}", *[f"{kind}: {text}" for kind, text in broken], sep="\n")
-    return 1 if broken else 0
+        print(f"{name}: {kind}: {text}\n    {len(injections)} times: {'; '.join(injections[:4])}")
+    print(f"{sum(count for _, count, _ in rows)} injections, {total['lost']} lost, "
+          f"{total['false']} false results, {total['leftover']} leftovers")
+    return 1 if total else 0
 
 
 def main(arguments):
     short = arguments[:1] == ["short"]
-    chosen = arguments[1:] if short else arguments
-    operations = [each for each in all_operations() if not chosen or each.name == chosen[0]]
-    shared_memory = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
-    with tempfile.TemporaryDirectory(prefix="kvarnprog-faults-", dir=shared_memory) as work:
+    name, *injection = arguments[short:] or [None]
+    operations = [each for each in all_operations() if name in (None, each.name)]
+    if not operations or len(injection) not in (0, 3):
+        raise SystemExit("usage: scripts/faults [short] [OPERATION [CALL NUMBER FAULT]]")
+    memory = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
+    with tempfile.TemporaryDirectory(prefix="kvarnprog-faults-", dir=memory) as work:
         os.chmod(work, 0o755)
         make_tree(f"{work}/tree")
-        if len(chosen) == 4:
-            return rerun(operations[0], work, chosen[1:])
-        if not operations:
-            raise SystemExit(f"there is no operation {chosen[0]}")
+        if injection:
+            operations[0].prepare(work)
+            broken, done = operations[0].judge(*injection)
+            print(done.stderr.decode("utf-8", "replace"), f"exit status {done.returncode}", broken)
+            return 1 if broken else 0
         begin = time.time()
         with multiprocessing.Pool() as pool:
-            jobs = [pool.apply_async(run_one, (each, work, short)) for each in operations]
+            jobs = [pool.apply_async(inject_all, (each, work, short)) for each in operations]
             rows = [row for job in jobs for row in job.get()]
-        print(f"{time.time() - begin:.0f} seconds")
-        return print_table(rows)
+        status = print_table(rows)
+        print(f"{time.time() - begin:.0f} seconds", file=sys.stderr)
+        return status
 
 
 if __name__ == "__main__":
