@@ -347,11 +347,12 @@ def write_together(operation, writers, rounds):
 
 
 def start_slowly(operation, writer, turn):
-    calls, delay = "write,fsync,rename", 1000 * (1 + (writer * 7 + turn * 5) % 23)  # microseconds
+    # Half a second is how long a writer waits for another one's temporary file.
+    calls, delay = "write,fsync,rename", [700000, 1000, 30000, 250000][(writer + turn) % 4]
     return subprocess.Popen(
         ["strace", "-f", "--seccomp-bpf", "-o", "/dev/null", "-e", f"trace={calls}", "-e",
          f"inject={calls}:delay_enter={delay}", *operation.command, str(10 ** writer)],
-        cwd="/", env=environment(operation.tree), stderr=subprocess.DEVNULL)
+        cwd="/", env=environment(operation.tree), stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
 
 # --- All of it -----------------------------------------------------------------------------------
@@ -372,7 +373,7 @@ def inject_all(operation, work, short):
              [(kind, text, injection) for injection in injections
               for kind, text in operation.judge(*injection)[0].items()])]
     for writers in [2, 8] if operation.name in SHARED else []:
-        rounds = 1 if short else 10
+        rounds = 1 if short else 4
         rows.append((f"{operation.name}, {writers} writers", writers * rounds,
                      [(*each, (f"{writers} writers",))
                       for each in write_together(operation, writers, rounds)]))
