@@ -134,10 +134,6 @@ def restore(folder, wanted, found):
         os.chmod(f"{folder}/{path}", stat.S_IMODE(mode))
 
 
-def state(tree, path):
-    return tree[path][:2] if path in tree else None
-
-
 # --- An operation --------------------------------------------------------------------------------
 
 class Operation:
@@ -146,21 +142,26 @@ class Operation:
 
     def prepare(self, work):
         """Makes the tree, and learns what an undisturbed run calls and changes."""
-        self.tree, self.log = f"{work}/{self.name}/tree", f"{work}/{self.name}/log"
-        shutil.copytree(f"{work}/tree", self.tree)
-        for path in sorted(look(self.tree), reverse=True):
-            if any(fnmatch.fnmatchcase(path, pattern) for pattern in self.absent):
-                place = f"{self.tree}/{path}"
-                shutil.rmtree(place) if os.path.isdir(place) else os.unlink(place)
-        self.old = look(self.tree)
+        self.tree, self.log = f"{work}/{self.name}", f"{work}/{self.name}.log"
+        os.mkdir(self.tree)
+        self.make_old(f"{work}/tree")
         calls = ",".join("?" + call for call in sorted(CHANGING | LOOKING))
         done = self.run(["strace", "-f", "-y", "-s", "0", "-o", self.log, "-e", f"trace={calls}"])
         self.read_log()
+        self.learn(done)
+
+    def make_old(self, sample):
+        self.old = {path: file for path, file in look(sample).items()
+                    if not any(fnmatch.fnmatchcase(path, pattern) for pattern in self.absent)}
+        self.reset(look(self.tree))
+
+    def learn(self, done):
+        """After the first run, which this one follows."""
         self.new = look(self.tree)
         self.run()
-        self.newer = look(self.tree)  # by a second run
+        self.newer = look(self.tree)
         self.changed = {path for path in self.old.keys() | self.new.keys()
-                        if state(self.old, path) != state(self.new, path)}
+                        if self.state(self.old, path) != self.state(self.new, path)}
         if done.returncode != 0 or not self.changed:
             raise SystemExit(f"{self.name} does nothing undisturbed: {done}")
         self.reset(self.newer)
@@ -251,12 +252,17 @@ class Operation:
 
     # --- What is promised
 
+    def state(self, tree, path, rights=True):
+        if path not in tree:
+            return None
+        return tree[path][0] if rights else stat.S_IFMT(tree[path][0]), tree[path][1]
+
     def judge(self, call, number, fault):
         """Injects a fault. Returns what it broke, at most one text of a kind; and the process."""
         result, done = self.inject(call, number, fault)
         after = look(self.tree)
-        now, old, new = ({path: state(tree, path) for path in
-                          self.old.keys() | self.new.keys() | after.keys()}
+        now, old, new = ({path: self.state(tree, path, call != "rights")
+                          for path in self.old.keys() | self.new.keys()}
                          for tree in (after, self.old, self.new))
         broken, between = {}, False
         for path in sorted(self.old.keys() | self.new.keys()):
@@ -266,7 +272,7 @@ class Operation:
                     broken["lost"] = f"{path} is written without {backup}"
             elif path in self.changed and self.may_be_between(path, now[path], result, done):
                 between = True
-            elif not (call == "rights" and now[path] and new[path] and now[path][1] == new[path][1]):
+            else:
                 broken.setdefault("lost", describe(path, now[path], old[path], new[path]))
         all_new = all(now[path] == new[path] for path in self.changed)
         if isinstance(result, str):
@@ -288,7 +294,7 @@ class Operation:
         """A pass that has begun, or an INI file that has got some of its keys."""
         new = self.new.get(path, (0, b"", 0))[1]
         if self.promise == "pass" and now is not None:
-            kept = done.stdout.split(b"\n")[:-1] if result is None else []
+            kept = done.stdout.split() if result is None else []
             header = new[:new.index(b"*\r\n") + 3] if path.endswith("KODFIL.DAT") else b""
             return new.startswith(now[1]) and now[1].startswith(header) and \
                 all(record in now[1] for record in kept)
@@ -304,8 +310,8 @@ class Operation:
             if path not in self.new.keys() | self.newer.keys():
                 name = re.sub(r"\d+-\d+", "N", path)
                 broken.setdefault("leftover", f"{name} stays")
-            elif not mended and state(after, path) not in (state(self.new, path),
-                                                           state(self.newer, path)):
+            elif not mended and self.state(after, path, False) not in (
+                    self.state(self.new, path, False), self.state(self.newer, path, False)):
                 broken.setdefault("leftover", f"{path} is not what the next run makes")
 
 
@@ -365,20 +371,30 @@ def all_operations():
         yield Operation("kvarnio-" + name, promise, absent, [KVARNIO, *arguments])
 
 
-def inject_all(operation, work, short):
-    """Rows of the table: a name, the number of injections, and what broke."""
-    operation.prepare(work)
+def inject_all(operation, short):
+    """A row of the table: a name, the number of injections, and what broke."""
     injections = list(operation.injections(short))
-    rows = [(operation.name, len(injections),
-             [(kind, text, injection) for injection in injections
-              for kind, text in operation.judge(*injection)[0].items()])]
+    return operation.name, len(injections), [
+        (kind, text, injection) for injection in injections
+        for kind, text in operation.judge(*injection)[0].items()]
+
+
+def rows_of(operation, work, short):
+    operation.prepare(work)
+    rows = [inject_all(operation, short)]
     for writers in [2, 8] if operation.name in SHARED else []:
         rounds = 1 if short else 4
         rows.append((f"{operation.name}, {writers} writers", writers * rounds,
                      [(*each, (f"{writers} writers",))
                       for each in write_together(operation, writers, rounds)]))
-    shutil.rmtree(os.path.dirname(operation.tree))
+    shutil.rmtree(operation.tree)
     return rows
+
+
+def print_one(operation, injection):
+    broken, done = operation.judge(*injection)
+    print(done.stderr.decode("latin-1"), f"exit status {done.returncode}", broken, sep="")
+    return 1 if broken else 0
 
 
 def print_table(rows):
@@ -397,29 +413,30 @@ def print_table(rows):
     return 1 if total else 0
 
 
-def main(arguments):
+def main(arguments, operations, run):
     short = arguments[:1] == ["short"]
     name, *injection = arguments[short:] or [None]
-    operations = [each for each in all_operations() if name in (None, each.name)]
-    if not operations or len(injection) not in (0, 3):
-        raise SystemExit("usage: scripts/faults [short] [OPERATION [CALL NUMBER FAULT]]")
+    chosen = [each for each in operations if name in (None, each.name)]
+    if not chosen or len(injection) not in (0, 3):
+        raise SystemExit("usage: scripts/faults [windows] [short] [OPERATION [CALL NUMBER FAULT]]")
     memory = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
     with tempfile.TemporaryDirectory(prefix="kvarnprog-faults-", dir=memory) as work:
         os.chmod(work, 0o755)
         make_tree(f"{work}/tree")
         if injection:
-            operations[0].prepare(work)
-            broken, done = operations[0].judge(*injection)
-            print(done.stderr.decode("utf-8", "replace"), f"exit status {done.returncode}", broken)
-            return 1 if broken else 0
+            chosen[0].prepare(work)
+            return print_one(chosen[0], injection)
         begin = time.time()
-        with multiprocessing.Pool() as pool:
-            jobs = [pool.apply_async(inject_all, (each, work, short)) for each in operations]
-            rows = [row for job in jobs for row in job.get()]
-        status = print_table(rows)
+        status = print_table(run(chosen, work, short))
         print(f"{time.time() - begin:.0f} seconds", file=sys.stderr)
         return status
 
 
+def run_at_once(operations, work, short):
+    with multiprocessing.Pool() as pool:
+        jobs = [pool.apply_async(rows_of, (each, work, short)) for each in operations]
+        return [row for job in jobs for row in job.get()]
+
+
 if __name__ == "__main__":
-    sys.exit(main(sys.argv[1:]))
+    sys.exit(main(sys.argv[1:], list(all_operations()), run_at_once))

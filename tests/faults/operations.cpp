@@ -14,6 +14,12 @@
 
 #include <kvarnprog.h>
 
+#if defined(_WIN32) // windowsfaults.cpp
+void RedirectCalls(HMODULE module);
+void HoldFile();
+void PrintCalls();
+#endif
+
 namespace {
 
 int boxes = 0;
@@ -281,7 +287,7 @@ Operation const operations[] = {
     {"project-more", steps, "", [](S& s) { return CreateProject(s, "C:\\Projekt\\Hamnkajen", 0); }},
     {"first-start", told, "c/Data/*",
      [](S& s) { return s.ini.InitXPWay(0, "AX", "C:\\Prog") == 0; }},
-    {"first-start-older", told, "c/Data/Orsakor",
+    {"first-start-older", told, "c/Data/Orsakor*",
      [](S& s) { return s.ini.InitXPWay(20, "AX", nullptr) == 0; }},
     {"later-start", told, "", [](S& s) { return s.ini.InitXPWay(20, "AX", nullptr) == 0; }},
     {"refresh", silent, "", [](S& s) { return s.Users().AllUserFileCheck() == 0; }},
@@ -331,6 +337,11 @@ int main(int argc, char** argv) {
         } else if (name == operation.name) {
             Scene scene;
             scene.value = argc > 2 ? argv[2] : scene.value;
+#if defined(_WIN32)
+            RedirectCalls(LibraryModule());
+            HoldFile();
+            std::atexit(PrintCalls);
+#endif
             return operation.run(scene) && boxes == 0 ? 0 : 1;
         }
     }
