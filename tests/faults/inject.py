@@ -188,7 +188,10 @@ class Operation:
             os.chmod(f"{self.tree}/registry.reg", 0o644)  # just changed: it is always read anew
         command = [word.replace("TREE", self.tree) for word in [*before, *self.command, *values]]
         how = {"env": environment(self.tree), "capture_output": True, "timeout": 60, **how}
-        return subprocess.run(command, cwd="/", check=False, **how)
+        try:
+            return subprocess.run(command, cwd="/", check=False, **how)
+        except subprocess.TimeoutExpired:
+            return subprocess.CompletedProcess(command, -1, b"", b"it hangs\n")
 
     def reset(self, found):
         restore(self.tree, self.old, found)
@@ -232,7 +235,7 @@ class Operation:
                 return "the call is not reached", done
         if done.returncode in (-9, -25) and fault == "KILL":
             return None, done
-        return "crashed" if done.returncode < 0 else done.returncode == 0, done
+        return "it crashed or hung" if done.returncode < 0 else done.returncode == 0, done
 
     def run_without_rights(self, path, rights):
         """As another user where this one may do everything."""
