@@ -163,7 +163,7 @@ class Operation:
         self.changed = {path for path in self.old.keys() | self.new.keys()
                         if self.state(self.old, path) != self.state(self.new, path)}
         if done.returncode != 0 or not self.changed:
-            raise SystemExit(f"{self.name} does nothing undisturbed: {done}")
+            raise RuntimeError(f"{self.name} does nothing undisturbed: {done}")
         self.reset(self.newer)
 
     def read_log(self):

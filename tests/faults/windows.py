@@ -58,9 +58,7 @@ def all_operations():
 
 def show_on_drive_c(tree, sample):
     """The folders of a tree on the drive C: of Wine, and what its registry says of them."""
-    if os.path.exists(tree):
-        return
-    os.mkdir(tree)
+    os.makedirs(tree, exist_ok=True)
     subprocess.run([f"{inject.SOURCE}/scripts/wine-run", FAULTOPS, "install"], check=True,
                    env={**os.environ, "WINEPREFIX": PREFIX}, stderr=subprocess.DEVNULL)
     for name in os.listdir(f"{sample}/c"):
