@@ -107,7 +107,7 @@ def look(folder, below=""):
         if entry.is_dir(follow_symlinks=False):
             found[path] = (status.st_mode, None, 0)
             found.update(look(entry.path, path + "/"))
-        elif not entry.name.endswith(".lock"):  # the registry's token stays
+        elif not (entry.name.endswith(".lock") or entry.is_symlink()):  # the registry's token stays
             found[path] = (status.st_mode, content_of(entry.path), status.st_mtime_ns)
     return found
 

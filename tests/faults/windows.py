@@ -15,7 +15,12 @@ SHARES = ["0", "1", "3", "7"]  # nothing, reading, and writing, and deleting
 class Operation(inject.Operation):
     def prepare(self, work):
         self.tree = f"{work}/windows"
-        show_on_drive_c(self.tree, f"{work}/tree")
+        if not os.path.exists(self.tree):
+            os.makedirs(f"{self.tree}/c")
+            for name in os.listdir(f"{PREFIX}/drive_c"):  # Windows' own folders
+                os.symlink(f"{PREFIX}/drive_c/{name}", f"{self.tree}/c/{name}")
+            show_as_drive_c(f"{self.tree}/c")
+        wine(FAULTOPS, "install")  # Wine's start fills a part of the registry anew
         self.make_old(f"{work}/tree")
         done = self.run()
         self.calls = re.findall(r"^calls (\w+) (\d+)", done.stderr.decode("latin-1"), re.MULTILINE)
@@ -56,16 +61,16 @@ def all_operations():
             yield Operation(name, promise, absent, [FAULTOPS, name])
 
 
-def show_on_drive_c(tree, sample):
-    """The folders of a tree on the drive C: of Wine, and what its registry says of them."""
-    os.makedirs(tree, exist_ok=True)
-    subprocess.run([f"{inject.SOURCE}/scripts/wine-run", FAULTOPS, "install"], check=True,
-                   env={**os.environ, "WINEPREFIX": PREFIX}, stderr=subprocess.DEVNULL)
-    for name in os.listdir(f"{sample}/c"):
-        link = f"{PREFIX}/drive_c/{name}"
-        if os.path.islink(link):
-            os.unlink(link)
-        os.symlink(f"{tree}/c/{name}", link)
+def wine(*command):
+    subprocess.run([f"{inject.SOURCE}/scripts/wine-run", *command], check=True,
+                   env={**os.environ, "WINEPREFIX": PREFIX}, stderr=subprocess.DEVNULL,
+                   stdout=subprocess.DEVNULL)
+
+
+def show_as_drive_c(folder):
+    link = f"{PREFIX}/dosdevices/c:"
+    os.unlink(link)
+    os.symlink(folder, link)
 
 
 def run_in_turn(operations, work, short):
@@ -77,4 +82,9 @@ def run_in_turn(operations, work, short):
 
 
 if __name__ == "__main__":
-    sys.exit(inject.main(sys.argv[1:], list(all_operations()), run_in_turn))
+    wine(FAULTOPS, "--list")  # makes the prefix
+    try:
+        status = inject.main(sys.argv[1:], list(all_operations()), run_in_turn)
+    finally:
+        show_as_drive_c("../drive_c")
+    sys.exit(status)
