@@ -9,12 +9,15 @@ bool MeansMissing(DWORD error) {
 }
 
 bool FileExists(char const* path) {
-    return GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES || !MeansMissing(GetLastError());
+    return IsThere(path) || !MeansMissing(GetLastError());
+}
+
+bool IsThere(char const* path) {
+    return GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES;
 }
 
 bool MakeFolder(char const* path) {
-    return CreateDirectoryA(path, nullptr) != FALSE ||
-           GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES;
+    return CreateDirectoryA(path, nullptr) != FALSE || IsThere(path);
 }
 
 } // namespace kvarn

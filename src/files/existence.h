@@ -13,6 +13,9 @@ bool MeansMissing(DWORD error);
 // missing is taken for missing.
 bool FileExists(char const* path);
 
+// True only for a file or a folder that can be looked at.
+bool IsThere(char const* path);
+
 // Makes a folder, whose parent must exist. True also for a folder that exists already, or that
 // another program makes at the same time. False when the host does not tell.
 bool MakeFolder(char const* path);

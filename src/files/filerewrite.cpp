@@ -65,8 +65,7 @@ enum class InPlace { done, cannotOpen, unchanged, damaged };
 
 // Puts the content into the file that is there; its old content comes back when that fails.
 InPlace Overwrite(OutFile& file, Job const& job) {
-    std::optional<std::string> const old =
-        file.IsOrdinary() ? WholeFile(job.path) : std::nullopt;
+    std::optional<std::string> const old = file.IsOrdinary() ? WholeFile(job.path) : std::nullopt;
     if (!file.LockOut(job.Attempts()) || !file.Reserve(job.content.Size())) {
         return InPlace::unchanged;
     }
@@ -215,7 +214,9 @@ class Beside {
         }
         bool const vanished = MeansMissing(GetLastError()) && !FileExists(m_path.c_str());
         // Under the name that others know, it was whole when they took it.
-        return !vanished ? Placed::no : m_job.knownName != nullptr ? Placed::done : Placed::vanished;
+        return !vanished                    ? Placed::no
+               : m_job.knownName != nullptr ? Placed::done
+                                            : Placed::vanished;
     }
     void Keep() { m_kept = true; }
 
@@ -317,8 +318,7 @@ bool ReplaceName(char const* path, Content& content, char const* rightsFrom) {
     Job const job = {path, content, nullptr, Existing::replaced, Waiting::inTurn};
     Target const target = {.opens = true, .exists = true, .replaceable = true, .path = path};
     Beside beside(job, target, rightsFrom);
-    return beside.Made() && beside.Fill() && beside.Prepare() &&
-           beside.TakePlace() == Placed::done;
+    return beside.Made() && beside.Fill() && beside.Prepare() && beside.TakePlace() == Placed::done;
 }
 
 bool OpensForWriting(char const* path) {

@@ -48,8 +48,8 @@ bool OutFile::LockOut(int attempts) {
 bool OutFile::Reserve(std::uint64_t size) {
     FILE_ALLOCATION_INFO room{};
     room.AllocationSize.QuadPart = static_cast<std::int64_t>(size);
-    return !IsOrdinary() || SetFileInformationByHandle(m_file, FileAllocationInfo, &room,
-                                                       sizeof room) != FALSE;
+    return !IsOrdinary() ||
+           SetFileInformationByHandle(m_file, FileAllocationInfo, &room, sizeof room) != FALSE;
 }
 
 bool OutFile::Write(std::string_view content) {

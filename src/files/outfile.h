@@ -49,7 +49,6 @@ class OutFile {
     bool Finish();
 
   private:
-
     HANDLE m_file = INVALID_HANDLE_VALUE;
 };
 

@@ -39,7 +39,9 @@ void TextReader::MakeBuffer() {
 
 TextWriter::TextWriter(char const* path, Writes writes)
     : m_file(CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                         writes == Writes::anew ? CREATE_ALWAYS : OPEN_EXISTING,
+                         writes == Writes::anew   ? CREATE_ALWAYS
+                         : writes == Writes::over ? TRUNCATE_EXISTING
+                                                  : OPEN_EXISTING,
                          FILE_ATTRIBUTE_NORMAL, nullptr)) {
     LARGE_INTEGER const none{};
     m_failed = writes == Writes::atEnd && IsOpen() &&

@@ -33,6 +33,7 @@ class TextReader : public LineReader {
 
 enum class Writes {
     anew, // a file that is made, or emptied
+    over, // a file that exists, and is emptied
     atEnd // of a file that exists
 };
 

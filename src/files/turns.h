@@ -11,8 +11,7 @@ constexpr DWORD turnPause = 20; // milliseconds
 constexpr int turnAttempts = 25;
 
 // Makes an attempt until it succeeds, or fails with an error that does not pass with time.
-template <class Attempt, class Passes>
-bool InTurn(int attempts, Attempt attempt, Passes passes) {
+template <class Attempt, class Passes> bool InTurn(int attempts, Attempt attempt, Passes passes) {
     bool done = attempt();
     for (int i = 1; i < attempts && !done && passes(GetLastError()); ++i) {
         Sleep(turnPause);

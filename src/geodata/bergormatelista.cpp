@@ -162,7 +162,8 @@ int CBergOrMateLista::Save(CBergOrMateLista* other) {
     }
     std::string text;
     CString notReadNow;
-    if (!kvarn::ReadDataFile(path, text, notReadNow)) {
+    bool const otherIsWhole = other == nullptr || other->m_notRead.IsEmpty();
+    if (!otherIsWhole || !kvarn::ReadDataFile(path, text, notReadNow)) {
         return -2;
     }
     text = kvarn::BeforeSection(std::move(text), KindOf(*this));

@@ -42,10 +42,13 @@ int CVag2::SaveOmr(CProjPath* project) {
         return -1;
     }
     char const* const path = project->m_kvarnVl.GetString();
-    kvarn::TextReader file(path);
-    std::string text = file.Missing() ? kvarn::noOwnLines : kvarn::OwnLines(file);
-    if (!file.Missing() && (!file.IsOpen() || file.Failed())) {
-        return -1;
+    std::string text;
+    { // closed again before it is replaced
+        kvarn::TextReader file(path);
+        text = file.Missing() ? kvarn::noOwnLines : kvarn::OwnLines(file);
+        if (!file.Missing() && (!file.IsOpen() || file.Failed())) {
+            return -1;
+        }
     }
     text += AreaOf(*this).Text();
     std::string const temporary = kvarn::PathOf(project->m_kvarnDbf.GetString(), "vl.tmp");

@@ -142,13 +142,16 @@ bool WritePass::Begin(char const* path) {
     if (*path == '\0') {
         return true;
     }
-    m_pass = MayBegin(path) ? Opened<TextWriter>(m_kind, path) : nullptr;
-    return m_pass != nullptr;
+    return MayBegin(path) && Open(path, m_kind == PassKind::stampel ? Writes::anew : Writes::over);
 }
 
 bool WritePass::BeginAtEnd(char const* path) {
     ClosePass(m_pass);
-    m_pass = Opened<TextWriter>(m_kind, path, Writes::atEnd);
+    return Open(path, Writes::atEnd);
+}
+
+bool WritePass::Open(char const* path, Writes writes) {
+    m_pass = Opened<TextWriter>(m_kind, path, writes);
     return m_pass != nullptr;
 }
 

@@ -63,8 +63,8 @@ class WritePass {
     WritePass(CodePass*& pass, PassKind kind, CString const* notRead)
         : m_pass(pass), m_kind(kind), m_notRead(notRead[static_cast<int>(kind)]) {}
 
-    // Closes whatever is open, and makes the file anew; an empty path makes none. False when it
-    // cannot be made.
+    // Closes whatever is open, and empties the file that was found, or makes the title block that
+    // the caller names; an empty path makes none. False when it cannot be opened.
     bool Begin(char const* path);
     // The same at the end of a file that the caller has made.
     bool BeginAtEnd(char const* path);
@@ -75,6 +75,8 @@ class WritePass {
     bool End();
 
   private:
+    bool Open(char const* path, Writes writes);
+
     CodePass*& m_pass;
     PassKind m_kind;
     CString const& m_notRead;

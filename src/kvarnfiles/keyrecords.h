@@ -15,14 +15,6 @@ namespace kvarn {
 
 enum class KeyFileRead { whole, notOpened, incomplete };
 
-// What became of the reading of a file. A missing one is read whole: there is nothing in it.
-inline KeyFileRead ReadingOf(TextReader const& file) {
-    if (!file.IsOpen() && !file.Missing()) {
-        return KeyFileRead::notOpened;
-    }
-    return file.Failed() ? KeyFileRead::incomplete : KeyFileRead::whole;
-}
-
 // Appends a record for each line that makes one.
 template <class List> void ReadKeys(List& list, LineReader& lines) {
     using Record = std::remove_pointer_t<decltype(list.Get_aktel())>;
@@ -38,14 +30,22 @@ template <class List> void ReadKeys(List& list, LineReader& lines) {
     }
 }
 
+enum class Presence {
+    expected, // a look has not found that it is missing
+    optional  // a missing file is read whole: there is nothing in it
+};
+
 // Of a path; an empty one has no file, which is read whole.
-template <class List> KeyFileRead ReadKeyFile(List& list, char const* path) {
+template <class List> KeyFileRead ReadKeyFile(List& list, char const* path, Presence presence) {
     if (*path == '\0') {
         return KeyFileRead::whole;
     }
     TextReader file(path);
+    if (!file.IsOpen() && !(file.Missing() && presence == Presence::optional)) {
+        return KeyFileRead::notOpened;
+    }
     ReadKeys(list, file);
-    return ReadingOf(file);
+    return file.Failed() ? KeyFileRead::incomplete : KeyFileRead::whole;
 }
 
 template <class List> int FindKeyRecord(List& list, std::string_view key) {

@@ -20,7 +20,8 @@ CKvarnCFG::~CKvarnCFG() = default;
 
 int CKvarnCFG::Init(char const* program, char const* path) {
     m_filnamn = path;
-    kvarn::KeyFileRead const result = kvarn::ReadKeyFile(*this, m_filnamn);
+    kvarn::KeyFileRead const result =
+        kvarn::ReadKeyFile(*this, m_filnamn, kvarn::Presence::optional);
     m_incomplete = result != kvarn::KeyFileRead::whole;
     if (result == kvarn::KeyFileRead::notOpened) {
         kvarn::DesktopMessage(kvarn::Format("Kan inte öppna CFG-filen\n%s\nAvbryter läsning!"_1252,

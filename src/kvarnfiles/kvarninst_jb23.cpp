@@ -12,12 +12,11 @@
 namespace {
 
 // A new file is made for all projects.
-CString PathToWrite(CProjPath const* projekt, CAutoIni const* ini) {
-    CString path = kvarn::FirstFound(projekt, ini, CProjPath::Jb23ParNamn);
-    if (path.IsEmpty() && ini != nullptr && !ini->m_cfgKat.IsEmpty()) {
-        path = kvarn::ToCString(kvarn::PathOf(ini->m_cfgKat.GetString(), CProjPath::Jb23ParNamn));
-    }
-    return path;
+CString NewPath(CAutoIni const* ini) {
+    bool const known = ini != nullptr && !ini->m_cfgKat.IsEmpty();
+    return known
+               ? kvarn::ToCString(kvarn::PathOf(ini->m_cfgKat.GetString(), CProjPath::Jb23ParNamn))
+               : CString();
 }
 
 } // namespace
@@ -25,7 +24,8 @@ CString PathToWrite(CProjPath const* projekt, CAutoIni const* ini) {
 int kvarn::WriteJb23(CProjPath const* projekt, CAutoIni const* ini, char const* nyckel,
                      char const* varde) {
     ScalePlace const place(nyckel);
-    CString const path = PathToWrite(projekt, ini);
+    CString const found = FirstFound(projekt, ini, CProjPath::Jb23ParNamn);
+    CString const path = found.IsEmpty() ? NewPath(ini) : found;
     if (path.IsEmpty()) {
         return 0;
     }
@@ -33,7 +33,8 @@ int kvarn::WriteJb23(CProjPath const* projekt, CAutoIni const* ini, char const* 
     { // closed again before it is replaced
         TextReader file(path);
         text = file.IsOpen() ? WithScale(file, place, varde) : NewScales(place, varde);
-        if (file.Failed() || (!file.IsOpen() && !file.Missing())) {
+        bool const isNew = found.IsEmpty() && file.Missing();
+        if (file.Failed() || (!file.IsOpen() && !isNew)) {
             return -1;
         }
     }

@@ -25,7 +25,7 @@ void CannotWrite(char const* path) {
 
 // Something else has the name, and keeps it.
 bool IsBlocked(char const* path) {
-    return kvarn::FileExists(path) && !kvarn::OpensForWriting(path);
+    return kvarn::IsThere(path) && !kvarn::OpensForWriting(path);
 }
 
 // Puts the file's header and the first lines into its place by one step. While that goes on the old
@@ -45,8 +45,8 @@ bool Begin(kvarn::WritePass& pass, char const* path, std::string const& lines) t
     if (!copied && !IsBlocked(before.c_str())) {
         return false;
     }
-    bool const written = kvarn::RewriteFile(path, copied ? header + records : records) ==
-                         kvarn::Rewritten::done;
+    bool const written =
+        kvarn::RewriteFile(path, copied ? header + records : records) == kvarn::Rewritten::done;
     if (copied) {
         DeleteFileA(before.c_str());
     }

@@ -30,7 +30,8 @@ void CKvarnPAR::Las(CString const& projektfil, CAutoIni const* ini, char const* 
                     char const* program) {
     kvarn::ParFile const file = {kvarn::FirstFound(projektfil, ini, namn), program};
     m_filnamn = file.path;
-    kvarn::KeyFileRead const result = kvarn::ReadKeyFile(*this, m_filnamn);
+    kvarn::KeyFileRead const result =
+        kvarn::ReadKeyFile(*this, m_filnamn, kvarn::Presence::expected);
     m_incomplete = result != kvarn::KeyFileRead::whole;
     if (result == kvarn::KeyFileRead::notOpened) {
         file.TellCannotRead();

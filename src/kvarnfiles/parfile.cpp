@@ -8,7 +8,6 @@
 #include "../text/codepage.h"
 #include "../text/format.h"
 #include "cannotopen.h"
-#include "keyrecords.h"
 
 namespace kvarn {
 
@@ -21,10 +20,10 @@ CString ParFile::ReadKey(std::string_view key) const {
         return {};
     }
     TextReader file(path);
-    std::string const value = ValueOf(file, key);
-    if (ReadingOf(file) == KeyFileRead::notOpened) {
+    if (!file.IsOpen()) {
         TellCannotRead();
     }
+    std::string const value = ValueOf(file, key);
     return ToCString(value);
 }
 

@@ -72,24 +72,29 @@ std::optional<std::uint64_t> ChangeTime(std::string const& file) {
     return (std::uint64_t{time.dwHighDateTime} << 32U | time.dwLowDateTime) / perSecond;
 }
 
-// Copies a file unless the target is as new. A failure is not reported: the next start tries again.
-void CopyNewer(std::string const& from, std::string const& to) {
+// Copies a file unless the target is as new. False when that failed, which is not reported: the
+// next start tries again.
+bool CopyNewer(std::string const& from, std::string const& to) {
     std::optional<std::uint64_t> const source = ChangeTime(from);
     std::optional<std::uint64_t> const target = ChangeTime(to);
-    if (source && (!target || *source > *target)) {
-        kvarn::CopyWhole(from.c_str(), to.c_str(), kvarn::Existing::replaced);
+    if (source && target && *source <= *target) {
+        return true;
     }
+    return source && kvarn::CopyWhole(from.c_str(), to.c_str(), kvarn::Existing::replaced);
 }
 
+// False when a file failed; it does not stop the others.
 template <class Condition>
-void CopyNewer(std::string const& from, std::string const& to, Condition wanted) {
+bool CopyNewer(std::string const& from, std::string const& to, Condition wanted) {
+    bool all = true;
     for (std::string const& name : kvarn::FilesIn(from, filledMark)) {
         std::string capitals = name;
         ToUpperNordic(capitals.data());
         if (wanted(capitals)) {
-            CopyNewer(kvarn::PathOf(from, name), kvarn::PathOf(to, name));
+            all = CopyNewer(kvarn::PathOf(from, name), kvarn::PathOf(to, name)) && all;
         }
     }
+    return all;
 }
 
 // Known quirk, kept on purpose: the extension may be anywhere in the name, so that PLAN.DAT.BAK
@@ -141,9 +146,16 @@ int CAutoIni::User2Cfg(CString& dir) {
         return -1;
     }
     Locations const locations(m_iniFil.GetString());
+    // A folder of which a file failed stands in this key until all are there.
+    constexpr char const* key = "COPYTO";
     bool const filled = kvarn::FileExists(kvarn::PathOf(folder, filledMark).c_str());
-    if (!filled && locations.Known()) {
-        CopyNewer(locations.Own(), folder, BelongsToConfiguration);
+    bool const incomplete =
+        filled && kvarn::SamePath(ReadKey(kvarn::systemSection, key).GetString(), folder);
+    if ((!filled || incomplete) && locations.Known()) {
+        bool const all = CopyNewer(locations.Own(), folder, BelongsToConfiguration);
+        if (all == incomplete) {
+            WriteKey(kvarn::systemSection, key, all ? CString() : dir);
+        }
     }
     return 0;
 }

@@ -8,6 +8,7 @@
 #include "../core/messageout.h"
 #include "../files/existence.h"
 #include "../files/pathparts.h"
+#include "../host/calls.h"
 #include "../host/clienttext.h"
 #include "../host/shell.h"
 #include "../text/codepage.h"
@@ -168,14 +169,7 @@ Startup FetchWithoutSwitcher(UserSettings& user) {
     }
     WarnOfSwitching("Markvida.ConfigSwitcher did not set data. \nI will do it the old way "
                     "(prior to 15.3.*)");
-    Startup const fetched = user.FetchFromShared();
-    if (fetched == kvarn::ready && !user.HasIni()) {
-        kvarn::Notify("Fel! Hittar inte kunde inte skapa Markvida.ini under den lokala "
-                      "användaren!"_1252,
-                      kvarn::Caption::title);
-        return kvarn::noIniFile;
-    }
-    return fetched;
+    return user.FetchFromShared();
 }
 
 // Files that could not be copied at the first start are copied at a later one: the settings keep
@@ -192,21 +186,49 @@ void CopyTheRest(CAutoIni& ini, UserSettings const& user) {
     ini.WriteKey(kvarn::systemSection, key, kvarn::ToCString(from));
 }
 
-// The keys that a user's new settings begin with: they depend on the user and the release.
-void WriteFirstKeys(CAutoIni& ini, kvarn::FallbackFolders const& fallback, std::int32_t release) {
+// A key whose absence has consequences: what is not there is looked for twice, since a read that
+// fails gives an empty text as well.
+CString ReadTwice(CAutoIni& ini, char const* key) {
+    CString const value = kvarn::ReadFolderKey(ini, key);
+    return value.IsEmpty() ? kvarn::ReadFolderKey(ini, key) : value;
+}
+
+// The keys that a user's new settings begin with: they depend on the user and the release. False
+// when one cannot be written.
+bool WriteFirstKeys(CAutoIni& ini, kvarn::FallbackFolders const& fallback, std::int32_t release) {
     auto const write = [&](char const* key, std::string_view value) {
-        ini.WriteKey(kvarn::systemSection, key, kvarn::ToCString(value));
+        return ini.WriteKey(kvarn::systemSection, key, kvarn::ToCString(value)) != 0;
     };
-    write("MSG", fallback.messages);
-    if (kvarn::ReadFolderKey(ini, "SCRIPTPATH").IsEmpty()) {
-        write("SCRIPTPATH", fallback.script);
+    bool written = write("MSG", fallback.messages);
+    if (ReadTwice(ini, "SCRIPTPATH").IsEmpty()) {
+        written = write("SCRIPTPATH", fallback.script) && written;
     }
-    write("ACADVER", std::to_string(release));
+    written = write("ACADVER", std::to_string(release)) && written;
     if (release == 19 || release == 20) {
-        write(
-            "ACADEXE",
-            ini.ReadKey(kvarn::systemSection, release == 19 ? "ACADEXEB" : "ACADEXEA").GetString());
+        char const* const source = release == 19 ? "ACADEXEB" : "ACADEXEA";
+        CString const program = ReadTwice(ini, source).IsEmpty()
+                                    ? CString()
+                                    : ini.ReadKey(kvarn::systemSection, source);
+        written = write("ACADEXE", program.GetString()) && written;
     }
+    return written;
+}
+
+// The user's new INI file gets its first keys before it takes its place.
+bool FinishIni(CAutoIni& ini, UserSettings const& user, kvarn::FallbackFolders const& fallback,
+               std::int32_t release) {
+    ini.m_iniFil = kvarn::ToCString(user.Staged());
+    bool const written = WriteFirstKeys(ini, fallback, release);
+    CopyTheRest(ini, user);
+    WritePrivateProfileStringA(nullptr, nullptr, nullptr, ini.m_iniFil); // to the disk
+    bool const inPlace = written && user.PutInPlace();
+    if (!inPlace) {
+        DeleteFileA(ini.m_iniFil);
+        kvarn::Notify("Fel! Hittar inte kunde inte skapa Markvida.ini under den lokala "
+                      "användaren!"_1252,
+                      kvarn::Caption::title);
+    }
+    return inPlace;
 }
 
 } // namespace
@@ -254,7 +276,7 @@ int kvarn::Bootstrap(CAutoIni& ini, int ver, char const* sub, char const* dir,
             release = ChosenRelease(release);
             choose();
         }
-        bool const filled = ran && user.HasIni();
+        bool const filled = ran && user.HasIni() && user.Stage();
         tell(filled ? BootstrapStep::switcher : BootstrapStep::noSwitcher);
         if (!filled) {
             Startup const fetched = FetchWithoutSwitcher(user);
@@ -265,17 +287,18 @@ int kvarn::Bootstrap(CAutoIni& ini, int ver, char const* sub, char const* dir,
         }
     }
 
+    FallbackFolders const fallback = {user.ProgramFolder("Kvarnbok.msg"), user.ProgramFolder()};
+    ini.m_lage = ver == 0 ? 1 : ini.m_lage;
+    if (fresh && !FinishIni(ini, user, fallback, release)) {
+        return noIniFile;
+    }
     ini.m_iniFil = ToCString(user.Ini());
-    if (ver == 0) {
-        ini.m_lage = 1;
-    } else {
+    if (ver != 0) {
         RedirectProfile(user.Ini());
     }
-    FallbackFolders const fallback = {user.ProgramFolder("Kvarnbok.msg"), user.ProgramFolder()};
-    if (fresh) {
-        WriteFirstKeys(ini, fallback, release);
+    if (!fresh) {
+        CopyTheRest(ini, user);
     }
-    CopyTheRest(ini, user);
     ReadSystemKeys(ini, &fallback);
     return ready;
 }

@@ -26,8 +26,9 @@ std::string ReadRegistry(HKEY root, char const* key, char const* name,
 std::string UserData();
 std::string SharedData();
 
-// The names of a folder's files, but for those that are being written. The file whose presence marks a filled folder comes last, so that
-// a folder whose copying was cut short is filled at the next start.
+// The names of a folder's files, but for those that are being written. The file whose presence
+// marks a filled folder comes last, so that a folder whose copying was cut short is filled at the
+// next start.
 std::vector<std::string> FilesIn(std::string const& folder, char const* last);
 
 } // namespace kvarn

@@ -4,6 +4,7 @@
 #include "../files/existence.h"
 #include "../files/filecopy.h"
 #include "../files/pathparts.h"
+#include "../host/calls.h"
 #include "../host/shell.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
@@ -21,12 +22,13 @@ bool CopyOne(std::string const& from, std::string const& to) {
     return copied;
 }
 
-// Markvida.ini comes last: a folder that holds it counts as filled. False when a file failed; it
-// does not stop the others.
-bool CopyAll(std::string const& from, std::string const& to, Existing existing) {
+// Markvida.ini comes last, under a name of its own: a folder that holds it counts as filled. False
+// when a file failed; it does not stop the others.
+bool CopyAll(std::string const& from, std::string const& to, std::string const& ini,
+             Existing existing) {
     bool all = true;
     for (std::string const& name : FilesIn(from, iniName)) {
-        std::string const target = PathOf(to, name);
+        std::string const target = SameText(name, iniName) ? ini : PathOf(to, name);
         bool const kept = existing == Existing::kept && FileExists(target.c_str());
         all = (kept || CopyOne(PathOf(from, name), target)) && all;
     }
@@ -95,14 +97,27 @@ std::string UserSettings::ProgramFolder(char const* file) const {
     return PathOf(ProgramFolder(), file);
 }
 
+std::string UserSettings::Staged() const {
+    return TemporaryOf(m_ini);
+}
+
+bool UserSettings::Stage() const {
+    return CopyWhole(m_ini.c_str(), Staged().c_str(), Existing::replaced);
+}
+
+bool UserSettings::PutInPlace() const {
+    return MoveFileExA(Staged().c_str(), m_ini.c_str(),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
+}
+
 bool UserSettings::Complete(std::string const& from) const {
-    return CopyAll(from, m_folder, Existing::kept);
+    return CopyAll(from, m_folder, m_ini, Existing::kept);
 }
 
 Startup UserSettings::FetchFromOlder() {
     std::string const olderIni = WithOlderName(m_ini);
     bool const exists = !olderIni.empty() && FileExists(olderIni.c_str());
-    return exists && !HasIni() ? Fill(WithOlderName(m_folder)) : ready;
+    return exists && !HasIni() ? Fill(WithOlderName(m_folder), m_ini) : ready;
 }
 
 Startup UserSettings::FetchFromShared() {
@@ -116,12 +131,12 @@ Startup UserSettings::FetchFromShared() {
             Caption::title);
         return noSharedData;
     }
-    return Fill(folder);
+    return Fill(folder, Staged());
 }
 
-Startup UserSettings::Fill(std::string const& from) {
+Startup UserSettings::Fill(std::string const& from, std::string const& ini) {
     Startup const created = CreateFolders();
-    if (created == ready && !CopyAll(from, m_folder, Existing::replaced)) {
+    if (created == ready && !CopyAll(from, m_folder, ini, Existing::replaced)) {
         m_incomplete = from;
     }
     return created;

@@ -44,14 +44,21 @@ class UserSettings {
     std::string const& Incomplete() const { return m_incomplete; }
     bool Complete(std::string const& from) const;
 
+    // A new INI file gets its first keys under this name, in the user's folder, and is put in its
+    // place by one step: a folder with an INI file is complete.
+    std::string Staged() const;
+    bool Stage() const; // a copy of the INI file that is there
+    bool PutInPlace() const;
+
     // Each makes the user's folder and copies files into it, and shows the user what fails. The
     // older folder lies under the former name "Brinvik"; it is used when it has an INI file and the
-    // user has none. The shared folder is that of all users, which has no level for the release.
+    // user has none. The shared folder is that of all users, which has no level for the release;
+    // its INI file is staged.
     Startup FetchFromOlder();
     Startup FetchFromShared();
 
   private:
-    Startup Fill(std::string const& from);
+    Startup Fill(std::string const& from, std::string const& ini);
     Startup CreateFolders() const;
 
     std::string m_data;

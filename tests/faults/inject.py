@@ -49,11 +49,15 @@ TOOL = {
     "local-remove": ("told", "", ["local", "remove", *VAG27]),
     "project-create": ("steps", "", ["project", "create", r"C:\Projekt\Ny", "--construction",
                                      "--folders", "--yes", *HOME]),
-    "env-first-start": ("told", "c/Data/*", ["env", "--bootstrap", "0", "AX", "--refresh",
+    "env-first-start": ("silent", "c/Data/*", ["env", "--bootstrap", "0", "AX", "--refresh",
                                              "--home", r"C:\Prog"]),
     "road-plot": ("told", "", ["road", "plot", r"C:\Projekt\Vag27\KVARNBOK.DBF\VAG27.VL", "-o",
                                "TREE/vag.svg", *VAG27]),
 }
+LISTED = "/(" + "|".join(
+    re.escape(line.split("\\")[0]) for line in open(
+        f"{SOURCE}/samples/drives/c/Kvarnbok/Cfg/Mappar.txt", encoding="latin-1").read().split("\n")
+    if line.strip()) + ")"
 # The files that several writers write at once, each another value.
 SHARED = {"par-key": f"{OWN}/KVARNBOK.PAR", "inst-jb23": f"{OWN}/JB23.PAR",
           "area": f"{OWN}/KVARNBOK.DBF/KVARNBOK.VL", "road": f"{OWN}/KVARNBOK.DBF/VAG27.VL",
@@ -179,7 +183,7 @@ class Operation:
             else:
                 changes = call in CHANGING or call == "close" and first in writing
             if self.tree in line or "/proc/self/fd/" in line:
-                self.calls.append((call, counts[call], changes))
+                self.calls.append((call, str(counts[call]), changes))
                 touched.update(re.findall(re.escape(self.tree) + r'/([^">]+)', line))
         self.touched = sorted({path.rstrip("/") for path in touched} & self.old.keys())
 
@@ -202,7 +206,7 @@ class Operation:
             faults = [FAULTS[index // few % 6]] if short and (changes or index % few == 0) else \
                 [] if short else FAULTS
             for fault in [*faults, "KILL"] if changes else faults:
-                yield call, str(number), fault
+                yield call, number, fault
         largest = max(len(tree[path][1] or b"") for tree in (self.old, self.new)
                       for path in self.changed & tree.keys())
         for size in range(0, largest + 1, max(1, largest // (4 if short else 64))):
@@ -258,7 +262,10 @@ class Operation:
     def state(self, tree, path, rights=True):
         if path not in tree:
             return None
-        return tree[path][0] if rights else stat.S_IFMT(tree[path][0]), tree[path][1]
+        mode, content, _ = tree[path]
+        if path.endswith("Markvida.ini"):  # which folder has files that are still to be copied
+            content = re.sub(rb"COPY(TO|FROM)=.*\r\n", b"", content)
+        return mode if rights else stat.S_IFMT(mode), content
 
     def judge(self, call, number, fault):
         """Injects a fault. Returns what it broke, at most one text of a kind; and the process."""
@@ -277,12 +284,16 @@ class Operation:
                 between = True
             else:
                 broken.setdefault("lost", describe(path, now[path], old[path], new[path]))
-        all_new = all(now[path] == new[path] for path in self.changed)
+        all_new = all(now[path] == new[path] for path in self.changed
+                      # A list of folders that cannot be read is passed over.
+                      if self.promise != "steps" or not re.search(LISTED, path))
+        # Whoever cannot look afterwards cannot tell success.
+        looked = self.name.startswith("kvarnio-") and (call, number, False) in self.calls
         if isinstance(result, str):
             broken["false"] = result
         elif result and not all_new and self.promise != "silent":
             broken["false"] = "success, and not all is written"
-        elif result is False and all_new and self.promise not in ("pass", "steps"):
+        elif result is False and all_new and self.promise not in ("pass", "steps") and not looked:
             broken["false"] = "failure, and all is written"
         if after != self.old:
             self.run()

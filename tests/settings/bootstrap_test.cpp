@@ -178,8 +178,10 @@ TEST_F(BootstrapTest, TheSettingsFileIsCopiedLast) {
     Write(AllUsers("zz.par"), "z");
     HostCalls const calls;
     EXPECT_EQ(Start(0), 0);
-    EXPECT_EQ(calls.Made({"renameat2"}),
-              "renameat2 Kvarnbok.par\nrenameat2 zz.par\nrenameat2 Markvida.ini\n");
+    std::string const made = calls.Made({"rename", "renameat2"});
+    EXPECT_TRUE(
+        made.starts_with("renameat2 Kvarnbok.par\nrenameat2 zz.par\nrenameat2 Markvida.tmp\n"));
+    EXPECT_TRUE(made.ends_with("rename Markvida.tmp\nrename Markvida.ini\n")) << made;
 }
 
 // The content that was read, with a time that is not of a later one.

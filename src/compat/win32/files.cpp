@@ -103,7 +103,8 @@ struct Opened {
             descriptor = open(path, flags);
         }
         bool const missing = disposition == CREATE_NEW || (descriptor < 0 && errno == ENOENT);
-        if (descriptor < 0 && missing && disposition != OPEN_EXISTING) {
+        bool const makes = disposition != OPEN_EXISTING && disposition != TRUNCATE_EXISTING;
+        if (descriptor < 0 && missing && makes) {
             descriptor = open(path, flags | O_CREAT | O_EXCL, mode);
             made = descriptor >= 0 ? path : "";
         }
@@ -207,7 +208,8 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*,
     if (writes && flock(descriptor, lock | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
         return opened.Refuse(ERROR_SHARING_VIOLATION);
     }
-    if (disposition == CREATE_ALWAYS && S_ISREG(status.st_mode) && ftruncate(descriptor, 0) != 0) {
+    bool const empties = disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING;
+    if (empties && S_ISREG(status.st_mode) && ftruncate(descriptor, 0) != 0) {
         return opened.Refuse(WindowsError(errno));
     }
     return ToHandle(descriptor);

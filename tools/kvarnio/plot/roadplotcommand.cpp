@@ -1,9 +1,9 @@
 // kvarnio road plot.
-#include <fstream>
 #include <iostream>
 #include <memory>
 
 #include <CLI/CLI.hpp>
+#include <files/filerewrite.h>
 #include <text/codepage.h>
 
 #include "../commands.h"
@@ -42,11 +42,8 @@ std::optional<Area> AreaOf(Context& context, RoadFile& file) {
     return Area{plan.omrSekFran, plan.omrSekTill, plan.omrAvstMin, plan.omrAvstMax};
 }
 
-void Write(std::filesystem::path const& path, std::string const& typed, std::string const& text) {
-    std::ofstream file(path, std::ios::binary);
-    file << text;
-    file.close();
-    if (!file) {
+void Write(std::string const& typed, std::string const& text) {
+    if (kvarn::RewriteFile(LibraryPath(typed).c_str(), text) != kvarn::Rewritten::done) {
         throw Failure(typed + " cannot be written");
     }
 }
@@ -65,7 +62,7 @@ ExitStatus PlotFile(Context& context, PlotArguments const& arguments) {
         std::cerr << "kvarnio: not drawn, being no numbers or too large: " << plot.leftOut
                   << " of the vertices and segments\n";
     }
-    Write(picture, arguments.picture, plot.svg);
+    Write(arguments.picture, plot.svg);
     if (context.json) {
         PrintJson({{"file", Shown(file.Path())}, {"picture", arguments.picture}});
     } else {

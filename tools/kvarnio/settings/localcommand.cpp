@@ -3,6 +3,7 @@
 #include <memory>
 
 #include <CLI/CLI.hpp>
+#include <files/existence.h>
 #include <files/infile.h>
 #include <kvarnfiles/defaults.h>
 #include <kvarnfiles/localfiles.h>
@@ -127,7 +128,8 @@ Outcome Created(Context const& context, Before const& before, bool overwrite) {
     std::string const from = SourceOf(context, before.file);
     bool const replace = overwrite && before.file.isReplaced;
     if (before.existed && !replace) {
-        return {before.path, "kept", ""};
+        bool const isThere = kvarn::IsThere(before.path.c_str()); // it can be looked at
+        return {before.path, isThere ? "kept" : "failed", ""};
     }
     if (from.empty() && !IsMade(before.file)) {
         return {before.path, "none", ""};

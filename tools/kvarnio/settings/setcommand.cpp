@@ -87,9 +87,9 @@ void RequireAllowed(SettingsFile const& file, std::string const& typed, std::str
     }
 }
 
-void FillScales(SettingsFile const& file, std::string const& key) {
+void TellOfScales(SettingsFile const& file, std::string const& key) {
     int const lines = file.LineCount();
-    int const added = file.FillScales(key);
+    int const added = file.MissingScales(key);
     if (lines > 0 && added > 0) {
         std::cerr << "kvarnio: the file had " << lines << " of eleven lines; " << added
                   << " with the defaults come first\n";
@@ -108,11 +108,11 @@ ExitStatus Set(Context& context, SetArguments const& arguments) {
 
     Losses const losses = LossesOf(before.Check(key));
     KeepWhatIsLost(before.Path(), losses);
-    if (before.IsJb23()) {
-        FillScales(before, key);
-    }
     if (before.Write(key, value) != 0) {
         throw Failure(NotWritten(before.Path()));
+    }
+    if (before.IsJb23()) {
+        TellOfScales(before, key);
     }
     SettingsFile const after(context, before.Name());
     Report(context, after, {key, IsRemoval(value), was, after.Find(key), losses});

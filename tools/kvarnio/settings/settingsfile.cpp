@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cstdint>
 
+#include <files/filerewrite.h>
+#include <files/pathparts.h>
 #include <formats/checks/checks.h>
 #include <formats/checks/linechecker.h>
 #include <formats/jb23.h>
@@ -189,12 +191,14 @@ int SettingsFile::Write(std::string const& key, NewValue const& value) const {
         std::string const text = Printed("", value);
         return CKvarnCFG(&m_context->ini).WriteKey(key.c_str(), text.c_str());
     }
-    int const result = WriteThroughFacade(key, value);
-    if (!IsJb23() || result != 0) {
-        return result;
+    if (IsJb23()) {
+        std::string const path =
+            m_path.empty() ? kvarn::PathOf(m_context->ini.m_cfgKat.GetString(), m_name) : m_path;
+        auto const result = kvarn::RewriteFile(path.c_str(), WithScales(key, Printed(key, value)),
+                                               kvarn::TemporaryOf(path).c_str());
+        return result == kvarn::Rewritten::done ? 0 : -1;
     }
-    // The facade does not tell whether it was written.
-    return Printed(key, value) == m_context->settings.Jb23ReadKey(key.c_str()).GetString() ? 0 : -1;
+    return WriteThroughFacade(key, value);
 }
 
 int SettingsFile::WriteThroughFacade(std::string const& key, NewValue const& value) const {
@@ -209,18 +213,28 @@ int SettingsFile::WriteThroughFacade(std::string const& key, NewValue const& val
                              CString(std::get<std::string>(value).c_str()));
 }
 
-int SettingsFile::FillScales(std::string const& key) const {
+int SettingsFile::MissingScales(std::string const& key) const {
+    return std::max(kvarn::ScalePlace(Standard(key)->nyckel).line - LineCount(), 0);
+}
+
+std::string SettingsFile::WithScales(std::string const& key, std::string const& value) const {
+    std::string text = m_content;
+    auto const put = [&text](std::string_view each, std::string_view word) {
+        kvarn::LineReader lines{std::string_view(text)};
+        text = kvarn::WithScale(lines, kvarn::ScalePlace(each), word);
+    };
     int const lines = LineCount();
     int const line = kvarn::ScalePlace(Standard(key)->nyckel).line;
     for (kvarn::KeyDefault const& row : m_standard) {
         kvarn::ScalePlace const place(row.nyckel);
         bool const missing = place.line > lines && place.line <= line;
         bool const alone = place.line == line && !place.isStep && Stored(row.nyckel) == nullptr;
-        if ((missing || alone) && Write(row.nyckel, std::string(row.varde)) != 0) {
-            throw Failure(std::string(row.nyckel) + " could not be written to " + m_name);
+        if (missing || alone) {
+            put(row.nyckel, row.varde);
         }
     }
-    return std::max(line - lines, 0);
+    put(key, value);
+    return text;
 }
 
 std::string NoCfg() {

@@ -60,15 +60,13 @@ class SettingsFile {
     std::vector<Finding> Check(std::string const& key) const;
     int LineCount() const;
 
-    // Writes the key into the file, as the library does, with its result; -1 too where the file
-    // does not hold it afterwards.
+    // Writes the key into the file, as the library does, with its result. Into the file of the
+    // scales, whose keys have lines of two words, the defaults of what is missing up to the key's
+    // line are written by the same step: the library alone appends a missing line after the last,
+    // whichever it is, and takes a step alone for a scale.
     int Write(std::string const& key, NewValue const& value) const;
-
-    // Of the file of the scales, whose keys have lines of two words. The library appends a missing
-    // line after the last, whichever it is, and takes a step alone for a scale: FillScales first
-    // writes the defaults of what is missing up to the key's line. Returns how many lines the file
-    // got. Throws Failure.
-    int FillScales(std::string const& key) const;
+    // How many lines of scales it adds.
+    int MissingScales(std::string const& key) const;
 
   private:
     struct Record {
@@ -79,6 +77,7 @@ class SettingsFile {
     std::vector<Record> KeyRecords() const;
     std::vector<Record> ScaleRecords() const;
     int WriteThroughFacade(std::string const& key, NewValue const& value) const;
+    std::string WithScales(std::string const& key, std::string const& value) const;
     Record const* Stored(std::string const& key) const;
     kvarn::KeyDefault const* Standard(std::string const& key) const;
 
