@@ -218,7 +218,7 @@ bool WriteFirstKeys(CAutoIni& ini, kvarn::FallbackFolders const& fallback, std::
 bool FinishIni(CAutoIni& ini, UserSettings const& user, kvarn::FallbackFolders const& fallback,
                std::int32_t release) {
     ini.m_iniFil = kvarn::ToCString(user.Staged());
-    bool const written = WriteFirstKeys(ini, fallback, release);
+    bool const written = kvarn::IsThere(ini.m_iniFil) && WriteFirstKeys(ini, fallback, release);
     CopyTheRest(ini, user);
     WritePrivateProfileStringA(nullptr, nullptr, nullptr, ini.m_iniFil); // to the disk
     bool const inPlace = written && user.PutInPlace();

@@ -131,6 +131,7 @@ Startup UserSettings::FetchFromShared() {
             Caption::title);
         return noSharedData;
     }
+    DeleteFileA(Staged().c_str()); // of a start that was killed
     return Fill(folder, Staged());
 }
 
