@@ -40,8 +40,8 @@ class Input {
     // From as many bytes as the range needs; the least value when the input is used up.
     template <class T> T Number(T least, T most) {
         using Unsigned = std::make_unsigned_t<T>;
-        std::uint64_t const range = static_cast<Unsigned>(most) - static_cast<Unsigned>(least) &
-                                    std::numeric_limits<Unsigned>::max();
+        std::uint64_t const range =
+            static_cast<Unsigned>(static_cast<Unsigned>(most) - static_cast<Unsigned>(least));
         std::uint64_t number = 0;
         for (std::size_t bit = 0; bit < 8 * sizeof(T) && range >> bit != 0 && !m_rest.empty();
              bit += 8) {

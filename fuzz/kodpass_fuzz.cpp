@@ -260,7 +260,7 @@ class Varld {
         Check(fore.empty(), "and takes none away");
     }
     void Uppdatera(Objekt& objekt) {
-        std::string const egen = objekt.Fil({.slag = Slag::miljkod});
+        std::string const egen = objekt.Fil({Slag::miljkod, 0, ""});
         if (Upptagen(egen) && !(objekt.Skriver() && objekt.pass->fil == egen)) {
             return; // it would wait half a second
         }
