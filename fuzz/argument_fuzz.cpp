@@ -64,7 +64,7 @@ void CheckNumbers(std::string const& typed) {
 // A record of each type of column; what is taken keeps its limits.
 void CheckCells(Input& in) {
     using kvarnio::Column;
-    kvarnio::CodeFormat format;
+    kvarnio::CodeFormat format{};
     for (auto const type :
          {Column::Type::word, Column::Type::text, Column::Type::whole, Column::Type::number}) {
         Column column{};

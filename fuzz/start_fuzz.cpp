@@ -248,7 +248,7 @@ bool IsConfiguration(std::string const& capitals) {
 }
 
 void CheckRefresh(Input& in) {
-    bool const knows = in.Bool();
+    bool const knows = !in.Bool();
     std::string const release = in.Bool() ? "R20" : "R19";
     std::string const own = Disk::UserFolder(release);
     CAutoIni ini;
