@@ -170,9 +170,9 @@ std::string Word(Input& in) {
     if (in.Bool()) {
         return in.Pick(words);
     }
-    std::string word = Harmless(in.Text(in.Bool() ? 300 : 12));
+    std::string word = in.Text(in.Bool() ? 300 : 12);
     std::erase_if(word, [](char c) { return c == '/' || c == '\\' || c == ':' || c == '\0'; });
-    return word;
+    return Harmless(word);
 }
 
 bool IsUtf8(std::string_view text) {
