@@ -37,7 +37,9 @@ std::string Namn(Input& in) {
     static constexpr char const* slut[] = {"",      "",  ".DBF",   ".dbf",
                                            ".DBFX", ".", ".d.dbf", "~1.DBF"};
     constexpr std::size_t langst = 250;
-    std::string namn = in.Pick(borjan) + in.Text(in.Bool() ? 4 : langst) + in.Pick(slut);
+    std::string namn = in.Pick(borjan);
+    namn += in.Text(in.Bool() ? 4 : langst);
+    namn += in.Pick(slut);
     std::erase_if(namn, [](char c) { return c == '/' || c == '\\' || c == '\0'; });
     return namn;
 }
@@ -112,7 +114,7 @@ class Mapp {
         auto const storlek =
             in.Bool() ? in.Number<std::int64_t>(0, 1100) : in.Number<std::int64_t>(0, 1LL << 33);
         constexpr std::int64_t dygn = 86400;
-        std::int64_t const andrad = in.Number(-1000, 30000) * dygn + in.Number(0, 86399);
+        std::int64_t const andrad = in.Number<std::int64_t>(-1000 * dygn, 30000 * dygn);
         if (finns || (mapp ? mkdir(fil.c_str(), 0755) != 0 : !Fil(fil, storlek))) {
             return; // such a name cannot be, or has no order beside another
         }
@@ -138,6 +140,9 @@ class Mapp {
         }
         bool const gjord = ftruncate(file, storlek) == 0;
         close(file);
+        if (!gjord) {
+            unlink(fil.c_str());
+        }
         return gjord;
     }
     // The order of NTFS.

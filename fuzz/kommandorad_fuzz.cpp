@@ -128,7 +128,8 @@ class Site {
         WriteFile(Root() + "/p/vag.vl", "1 Vagen\r\n0 0 0 0\r\n100 0 0.1 100\r\n50 50 0 200\r\n");
         WriteFile(Root() + "/p/S$1.STP",
                   "1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n*\r\nP1\r\n 2.5\r\n1 2\r\n*\r\n");
-        WriteFile(Root() + '/' + in.Pick(files), in.Text(300));
+        char const* const file = in.Pick(files);
+        WriteFile(Root() + '/' + file, in.Text(300));
         setenv("KVARNPROG_REGISTRY", (Root() + "/store.reg").c_str(), 1);
         setenv("KVARNPROG_DRIVES", (Root() + "/drives").c_str(), 1);
         setenv("XDG_CONFIG_HOME", (Root() + "/config").c_str(), 1);

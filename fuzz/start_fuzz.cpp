@@ -112,8 +112,9 @@ class Disk {
             for (std::size_t i = 0; i < std::size(names) && which < 0xC0; ++i) {
                 constexpr std::int64_t then = 1'600'000'000;
                 if ((which >> i & 1U) != 0) {
+                    std::int64_t const seconds = then + in.Number(0, 2);
                     WriteFile(Root() + '/' + folder + '/' + names[i],
-                              i == 0 ? Settings(in) : folder + names[i], then + in.Number(0, 2));
+                              i == 0 ? Settings(in) : folder + names[i], seconds);
                 }
             }
         }
@@ -131,8 +132,9 @@ class Disk {
         static constexpr char const* values[] = {"JA", "NEJ", "MSTATION", "19", "18.30", "\\", ""};
         std::string text = in.Bool() ? "[SYSTEM]\r\n" : in.Text(30);
         while (in.Number(0, 3) != 0) {
-            text += in.Pick(keys) + std::string("=") +
-                    (in.Bool() ? in.Pick(values) : Path("Prog") + in.Text(20)) + "\r\n";
+            text.append(in.Pick(keys)).append("=");
+            text += in.Bool() ? in.Pick(values) : Path("Prog") + in.Text(20);
+            text += "\r\n";
         }
         return text;
     }
