@@ -38,6 +38,7 @@ if(KVARNPROG_SANITIZE)
 endif()
 if(KVARNPROG_FUZZ)
     # The whole tree is instrumented, so that the fuzzer sees which branches an input took.
-    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
+        "-fsanitize-coverage-ignorelist=${CMAKE_CURRENT_LIST_DIR}/../fuzz/coverage-ignore.txt")
     add_link_options(-fsanitize=address,undefined)
 endif()

@@ -4,11 +4,11 @@
 #include <bit>
 #include <cstdint>
 #include <cstdio>
-#include <fuzzer/FuzzedDataProvider.h>
 #include <string>
 #include <vector>
 
 #include "check.h"
+#include "input.h"
 #include "text/format.h"
 
 namespace {
@@ -23,9 +23,9 @@ struct Format {
     std::vector<int> stars;                   // the same for snprintf
 };
 
-void AddNumber(Format& format, FuzzedDataProvider& provider, int least, int most) {
-    int const number = provider.ConsumeIntegralInRange(least, most);
-    if (number < 0 || provider.ConsumeBool()) {
+void AddNumber(Format& format, Input& provider, int least, int most) {
+    int const number = provider.Number(least, most);
+    if (number < 0 || provider.Bool()) {
         format.text += '*';
         format.given.emplace_back(std::int32_t{number});
         format.stars.push_back(number);
@@ -34,12 +34,12 @@ void AddNumber(Format& format, FuzzedDataProvider& provider, int least, int most
     }
 }
 
-Format AnyFormat(FuzzedDataProvider& provider, bool zeros) {
+Format AnyFormat(Input& provider, bool zeros) {
     Format format;
-    format.text += provider.ConsumeBool() ? "-" : "";
-    format.text += zeros && provider.ConsumeBool() ? "0" : "";
+    format.text += provider.Bool() ? "-" : "";
+    format.text += zeros && provider.Bool() ? "0" : "";
     AddNumber(format, provider, -widest, widest);
-    if (provider.ConsumeBool()) {
+    if (provider.Bool()) {
         format.text += '.';
         AddNumber(format, provider, -1, mostDecimals);
     }
@@ -70,22 +70,22 @@ void CheckFormat(Format format, char const* letter, T value, Argument argument) 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
-    FuzzedDataProvider provider(data, size);
-    switch (provider.ConsumeIntegralInRange(0, 3)) {
+    Input provider(data, size);
+    switch (provider.Number(0, 3)) {
     case 0: {
-        auto const value = provider.ConsumeIntegral<std::int32_t>();
+        auto const value = provider.Number<std::int32_t>();
         CheckFormat(AnyFormat(provider, true), "d", value, value);
         break;
     }
     case 1: {
         // "%0s" is undefined for the C library.
-        std::string text = provider.ConsumeRandomLengthString();
+        std::string text = provider.Text();
         text.resize(std::min(text.find('\0'), text.size()));
         CheckFormat(AnyFormat(provider, false), "s", text.c_str(), std::string_view(text));
         break;
     }
     default: {
-        auto const bits = provider.ConsumeIntegral<std::uint64_t>();
+        auto const bits = provider.Number<std::uint64_t>();
         auto const value = std::bit_cast<double>(bits);
         CheckFormat(AnyFormat(provider, true), "lf", value, value);
         break;

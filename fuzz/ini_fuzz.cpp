@@ -2,13 +2,13 @@
 // that was written reads back, and every other line stays where it was.
 #include <algorithm>
 #include <cstdint>
-#include <fuzzer/FuzzedDataProvider.h>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "check.h"
 #include "host/win32/initext.h"
+#include "input.h"
 #include "text/utf16.h"
 
 using kvarn::IniText;
@@ -145,11 +145,11 @@ void CheckChanges(std::u16string const& ini, std::u16string const& section,
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
     constexpr std::size_t longest = 40;
-    FuzzedDataProvider provider(data, size);
-    std::u16string const section = ToUtf16(provider.ConsumeRandomLengthString(longest));
-    std::u16string const key = ToUtf16(provider.ConsumeRandomLengthString(longest));
-    std::u16string const value = ToUtf16(provider.ConsumeRandomLengthString(longest));
-    std::string const bytes = provider.ConsumeRemainingBytesAsString();
+    Input provider(data, size);
+    std::u16string const section = ToUtf16(provider.Text(longest));
+    std::u16string const key = ToUtf16(provider.Text(longest));
+    std::u16string const value = ToUtf16(provider.Text(longest));
+    std::string const bytes = provider.Rest();
     IniText const file(bytes);
     Check(!file.whole || file.Bytes() == bytes, "the bytes come back");
     std::u16string const& ini = file.text;

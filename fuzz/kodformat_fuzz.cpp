@@ -7,7 +7,6 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <fuzzer/FuzzedDataProvider.h>
 
 #include "check.h"
 #include "formats/checks/checks.h"
@@ -16,6 +15,7 @@
 #include "formats/linkod.h"
 #include "formats/miljkod.h"
 #include "formats/stampel.h"
+#include "input.h"
 #include "text/letters.h"
 #include "text/text.h"
 #include "textlines.h"
@@ -71,7 +71,7 @@ std::string RewriteKodfil(std::string const& text) {
     return kvarn::InTextMode(out + (header.isEnded ? kvarn::endLine : ""));
 }
 
-void Kodfil(std::string const& text, FuzzedDataProvider&) {
+void Kodfil(std::string const& text, Input&) {
     bool inHeader = true;
     std::string expected;
     for (std::string const& line : LinesOf(text)) {
@@ -181,9 +181,9 @@ void CheckObligatory(std::string const& text) {
     }
 }
 
-void Miljkod(std::string const& text, FuzzedDataProvider& in) {
-    int const number = in.ConsumeIntegral<int>() >> in.ConsumeIntegralInRange(0, 31);
-    bool const capitals = in.ConsumeBool();
+void Miljkod(std::string const& text, Input& in) {
+    int const number = in.Number<int>() >> in.Number(0, 31);
+    bool const capitals = in.Bool();
     std::string const line = LinesOf('x' + text)[0]; // never empty
     CheckLimit(kvarn::miljkodMax, line, number, capitals);
     CheckLimit(kvarn::miljkodStep, line, number, capitals);
@@ -225,9 +225,9 @@ std::string RewriteLinkod(std::string const& text) {
     return kvarn::InTextMode(out + kvarn::endLine);
 }
 
-void Linkod(std::string const& text, FuzzedDataProvider& in) {
+void Linkod(std::string const& text, Input& in) {
     CheckRewriting(text, RewriteLinkod, kvarn::CheckLinkod);
-    int const number = in.ConsumeIntegralInRange(-10, 200);
+    int const number = in.Number(-10, 200);
     std::string const digits = std::to_string(number);
     std::string const pv = "PV" + digits;
     kvarn::LinkodFamily const family(pv);
@@ -253,7 +253,7 @@ std::string RewriteStampel(std::string const& text) {
     return kvarn::InTextMode(out + kvarn::endLine);
 }
 
-void Stampel(std::string const& text, FuzzedDataProvider&) {
+void Stampel(std::string const& text, Input&) {
     CheckRewriting(text, RewriteStampel, kvarn::CheckStamp);
 }
 
@@ -270,15 +270,15 @@ void CheckPlaces() {
     }
 }
 
-void Jb23(std::string const& text, FuzzedDataProvider& in) {
+void Jb23(std::string const& text, Input& in) {
     CheckPlaces();
     kvarn::ScalePlace place(text);
     Check(place.line >= 1 && place.line <= kvarn::jb23Lines, "a line of the file");
-    place.line = in.ConsumeIntegralInRange(1, kvarn::jb23Lines);
-    place.isStep = in.ConsumeBool();
+    place.line = in.Number(1, kvarn::jb23Lines);
+    place.isStep = in.Bool();
     kvarn::CheckJb23(text, place.line);
 
-    std::string const word = std::to_string(in.ConsumeIntegral<std::uint8_t>());
+    std::string const word = std::to_string(in.Number<std::uint8_t>());
     LineReader lines(text);
     std::string const written = kvarn::WithScale(lines, place, word);
     Lines before = LinesOf(text);
@@ -301,13 +301,13 @@ void Jb23(std::string const& text, FuzzedDataProvider& in) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
-    constexpr void (*formats[])(std::string const&, FuzzedDataProvider&) = {Kodfil, Miljkod, Linkod,
-                                                                            Stampel, Jb23};
-    FuzzedDataProvider provider(data, size);
-    auto const format = provider.ConsumeIntegralInRange<std::size_t>(0, std::size(formats) - 1);
+    constexpr void (*formats[])(std::string const&, Input&) = {Kodfil, Miljkod, Linkod, Stampel,
+                                                               Jb23};
+    Input provider(data, size);
+    auto const format = provider.Number<std::size_t>(0, std::size(formats) - 1);
     constexpr std::size_t numbers = 10;
-    auto const most = provider.remaining_bytes() - std::min(provider.remaining_bytes(), numbers);
-    std::string const text = provider.ConsumeBytesAsString(most);
+    auto const most = provider.Remaining() - std::min(provider.Remaining(), numbers);
+    std::string const text = provider.Bytes(most);
     formats[format](text, provider);
     return 0;
 }

@@ -3,8 +3,6 @@
 #pragma once
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <string>
 #include <string_view>
@@ -12,12 +10,16 @@
 #include "folder.h"
 #include "project/projpath.h"
 #include "settings/autoini.h"
+#include "tree.h"
 
 class Mappar {
   public:
     static constexpr std::string_view alla = "pcm"; // in the order in which files are sought
 
     Mappar() : m_folder("/dev/shm") {
+        for (char const mapp : alla) {
+            std::filesystem::create_directory(Fil(mapp, ""));
+        }
         proj.m_projKat = Sokvag("p").c_str();
         ini.m_cfgKat = Sokvag("c").c_str();
         ini.m_huvudKat = Sokvag("m").c_str();
@@ -26,22 +28,17 @@ class Mappar {
     std::string const& Rot() const { return m_folder.Path(); }
     // As the library is given it, which takes both separators.
     std::string Sokvag(std::string const& namn) const { return Rot() + '\\' + namn; }
-    std::filesystem::path Fil(char mapp, std::string_view namn) const {
-        return std::filesystem::path(Rot()) / std::string(1, mapp) / namn;
+    std::string Fil(char mapp, std::string_view namn) const {
+        return (Rot() + '/' + mapp + '/').append(namn);
     }
 
     void Tom() const {
         for (char const mapp : alla) {
-            std::filesystem::remove_all(Fil(mapp, ""));
-            std::filesystem::create_directory(Fil(mapp, ""));
+            Empty(Opened(Fil(mapp, "")));
         }
     }
     void Skriv(char mapp, std::string_view namn, std::string_view bytes) const {
-        std::ofstream(Fil(mapp, namn), std::ios::binary) << bytes;
-    }
-    static std::string Bytes(std::filesystem::path const& path) {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
+        WriteFile(Fil(mapp, namn), bytes);
     }
 
     // Every file with its bytes, by folder and name.
@@ -50,10 +47,11 @@ class Mappar {
     Innehall Allt() const {
         Innehall allt;
         for (char const mapp : alla) {
-            for (auto const& post : std::filesystem::directory_iterator(Fil(mapp, ""))) {
-                allt[mapp + ('/' + post.path().filename().string())] =
-                    post.is_directory() ? mappen : Bytes(post.path());
-            }
+            Opened const folder(Fil(mapp, ""));
+            ForEachEntry(folder, [&](char const* namn, bool ar_mapp) {
+                allt[mapp + ('/' + std::string(namn))] =
+                    ar_mapp ? mappen : BytesOf(Opened(folder.Number(), namn, O_RDONLY));
+            });
         }
         return allt;
     }

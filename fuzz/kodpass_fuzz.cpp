@@ -3,13 +3,13 @@
 // what a twin reads that nobody disturbs, a write changes the pass's own file alone.
 #include <algorithm>
 #include <fcntl.h>
-#include <fuzzer/FuzzedDataProvider.h>
 #include <memory>
 #include <set>
 #include <unistd.h>
 #include <utility>
 
 #include "check.h"
+#include "input.h"
 #include "kodmappar.h"
 #include "kvarnfiles/codepass.h"
 #include "kvarnfiles/kvarninst.h"
@@ -141,12 +141,12 @@ struct Objekt {
 
 class Varld {
   public:
-    explicit Varld(FuzzedDataProvider& provider) : m_in(provider) {
+    explicit Varld(Input& provider) : m_in(provider) {
         constexpr std::size_t langst = 200;
         mappar.Tom();
         for (char const* const namn : {"KODFIL.DAT", "MILJKOD.DAT", "LINKOD.PAR", "STAMP.PAR"}) {
-            std::string const bytes = m_in.ConsumeRandomLengthString(langst);
-            auto const finns = m_in.ConsumeIntegral<std::uint8_t>(); // a bit for each folder
+            std::string const bytes = m_in.Text(langst);
+            auto const finns = m_in.Number<std::uint8_t>(); // a bit for each folder
             for (std::size_t i = 0; i < Mappar::alla.size(); ++i) {
                 if (finns % 16 == 15 && (finns >> 4 >> i & 1) != 0) {
                     std::filesystem::create_directory(mappar.Fil(Mappar::alla[i], namn));
@@ -175,7 +175,7 @@ class Varld {
 
     void Steg() {
         Objekt& objekt = Nagot();
-        int const slag = m_in.ConsumeIntegralInRange(0, 9);
+        int const slag = m_in.Number(0, 9);
         if (slag < 4) {
             LasNagra(objekt);
         } else if (slag < 7) {
@@ -183,27 +183,27 @@ class Varld {
         } else if (slag == 7) {
             Uppdatera(objekt);
         } else if (slag == 8) {
-            objekt.inst.Init(m_in.ConsumeBool() ? &mappar.ini : nullptr,
-                             m_in.ConsumeBool() ? &mappar.proj : nullptr);
+            objekt.inst.Init(m_in.Bool() ? &mappar.ini : nullptr,
+                             m_in.Bool() ? &mappar.proj : nullptr);
         } else {
-            Byt(m_in.ConsumeIntegralInRange<std::size_t>(0, antal - 1));
+            Byt(m_in.Number<std::size_t>(0, antal - 1));
         }
     }
 
   private:
     static constexpr std::size_t antal = 3; // objects in use; those behind them were given up
 
-    Objekt& Nagot() { return m_objekt[m_in.ConsumeIntegralInRange<std::size_t>(0, antal - 1)]; }
+    Objekt& Nagot() { return m_objekt[m_in.Number<std::size_t>(0, antal - 1)]; }
     void Byt(std::size_t nummer) {
-        Objekt const annat = m_in.ConsumeBool() ? Nagot() : Objekt();
+        Objekt const annat = m_in.Bool() ? Nagot() : Objekt();
         m_objekt.push_back(m_objekt[nummer]);
         m_objekt[nummer] = annat;
     }
     Anrop EttAnrop() {
         static constexpr char const* stampelfiler[] = {"p/STAMP.PAR",  "p/STAMP.PAR",   "c/NY.PAR",
                                                        "p/KODFIL.DAT", stampelUtanMapp, ""};
-        auto const slag = static_cast<Slag>(m_in.ConsumeIntegralInRange(0, 3));
-        return {slag, m_in.ConsumeIntegralInRange(-1, 8), m_in.PickValueInArray(stampelfiler)};
+        auto const slag = static_cast<Slag>(m_in.Number(0, 3));
+        return {slag, m_in.Number(-1, 8), m_in.Pick(stampelfiler)};
     }
 
     // A record, or all of them.
@@ -211,7 +211,7 @@ class Varld {
         constexpr int mest = 30;
         Anrop const anrop = EttAnrop();
         bool vidare = true;
-        for (int i = m_in.ConsumeBool() ? mest : 1; i > 0 && vidare; --i) {
+        for (int i = m_in.Bool() ? mest : 1; i > 0 && vidare; --i) {
             Svar const svar = Las(objekt.inst, anrop);
             Check(svar == objekt.Lasning(anrop), "what the twin reads");
             vidare = objekt.Laser();
@@ -233,8 +233,7 @@ class Varld {
         bool const mapp = std::filesystem::is_directory(mappar.Rot() + '/' + ny);
         Mappar::Innehall fore = mappar.Allt();
 
-        int const result =
-            Skriv(objekt.inst, anrop, m_in.PickValueInArray(ord), m_in.PickValueInArray(ord));
+        int const result = Skriv(objekt.inst, anrop, m_in.Pick(ord), m_in.Pick(ord));
         std::size_t const rutor = Rutor();
         if (borjar) {
             objekt.Stang();
@@ -261,7 +260,7 @@ class Varld {
         Check(fore.empty(), "and takes none away");
     }
     void Uppdatera(Objekt& objekt) {
-        std::string const egen = objekt.Fil({.slag = Slag::miljkod});
+        std::string const egen = objekt.Fil({Slag::miljkod, 0, ""});
         if (Upptagen(egen) && !(objekt.Skriver() && objekt.pass->fil == egen)) {
             return; // it would wait half a second
         }
@@ -274,7 +273,7 @@ class Varld {
         Check(fore == efter, "updating changes no other file");
     }
 
-    FuzzedDataProvider& m_in;
+    Input& m_in;
     std::vector<Objekt> m_objekt{antal};
 };
 
@@ -291,10 +290,10 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     constexpr int mestaSteg = 40;
     static Boxes const boxes;
     int const ledigt = LedigtNummer();
-    FuzzedDataProvider provider(data, size);
+    Input provider(data, size);
     {
         Varld varld(provider);
-        for (int i = 0; i < mestaSteg && provider.remaining_bytes() > 0; ++i) {
+        for (int i = 0; i < mestaSteg && provider.Remaining() > 0; ++i) {
             varld.Steg();
         }
     }

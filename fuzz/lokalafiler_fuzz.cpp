@@ -2,9 +2,9 @@
 // then any order of calls, judged after each by the table of the set.
 #include <algorithm>
 #include <cctype>
-#include <fuzzer/FuzzedDataProvider.h>
 
 #include "check.h"
+#include "input.h"
 #include "kodmappar.h"
 #include "kvarnfiles/kvarninst.h"
 
@@ -71,9 +71,9 @@ Mappar::Innehall MedStora(Mappar::Innehall const& filer) {
     return stora;
 }
 
-void LaggUt(Mappar const& mappar, FuzzedDataProvider& provider, char mapp, std::string namn) {
+void LaggUt(Mappar const& mappar, Input& provider, char mapp, std::string namn) {
     enum { ingen, fil, smaBokstaver, mapp_, slag };
-    int const vad = provider.ConsumeIntegral<std::uint8_t>() % slag;
+    int const vad = provider.Number<std::uint8_t>() % slag;
     if (vad == smaBokstaver) {
         std::transform(namn.begin(), namn.end(), namn.begin(),
                        [](char c) { return static_cast<char>(std::tolower(c)); });
@@ -82,14 +82,14 @@ void LaggUt(Mappar const& mappar, FuzzedDataProvider& provider, char mapp, std::
         std::filesystem::create_directory(mappar.Fil(mapp, namn));
     } else if (vad != ingen) {
         constexpr std::size_t langst = 8;
-        mappar.Skriv(mapp, namn, provider.ConsumeRandomLengthString(langst) + mapp);
+        mappar.Skriv(mapp, namn, provider.Text(langst) + mapp);
     }
 }
 
-int Anropa(CKvarnInst& inst, Modell& modell, FuzzedDataProvider& provider) {
-    bool const skrivOver = provider.ConsumeBool();
-    bool const medParfil = provider.ConsumeBool();
-    switch (provider.ConsumeIntegralInRange(0, 5)) {
+int Anropa(CKvarnInst& inst, Modell& modell, Input& provider) {
+    bool const skrivOver = provider.Bool();
+    bool const medParfil = provider.Bool();
+    switch (provider.Number(0, 5)) {
     case 0:
         modell.SkapaAlla(skrivOver, medParfil);
         return inst.CreateLokalaFiler(skrivOver ? -1 : 0, medParfil ? 2 : 0);
@@ -123,7 +123,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     constexpr int mestaAnrop = 12;
     static Mappar mappar;
     mappar.Tom();
-    FuzzedDataProvider provider(data, size);
+    Input provider(data, size);
     for (char const mapp : Mappar::alla) {
         for (char const* const namn : {"KVARNBOK.PAR", "LINKOD.PAR", "KODFIL.DAT", "Stenkod.dat",
                                        "StenkodN.dat", "JB23.PAR", "MILJKOD.DAT", "KLIPPBOK.PAR"}) {
@@ -132,10 +132,10 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     }
     Modell modell{MedStora(mappar.Allt())};
     CKvarnInst inst;
-    for (int i = 0; i < mestaAnrop && provider.remaining_bytes() > 0; ++i) {
+    for (int i = 0; i < mestaAnrop && provider.Remaining() > 0; ++i) {
         constexpr int sallan = 7;
-        modell.medProjekt = provider.ConsumeIntegralInRange(0, sallan) != sallan;
-        modell.medIni = provider.ConsumeIntegralInRange(0, sallan) != sallan;
+        modell.medProjekt = provider.Number(0, sallan) != sallan;
+        modell.medIni = provider.Number(0, sallan) != sallan;
         inst.Init(modell.medIni ? &mappar.ini : nullptr,
                   modell.medProjekt ? &mappar.proj : nullptr);
         Check(Anropa(inst, modell, provider) == 0, "the stated result");

@@ -1,12 +1,12 @@
 // Material files: any bytes are read without harm, every record keeps its bounds, and what a list
 // writes is what the next one reads, as far as the file can say it.
 #include <cmath>
-#include <fuzzer/FuzzedDataProvider.h>
 #include <vector>
 
 #include "check.h"
 #include "formats/stenkod.h"
 #include "geodata/bergormatelista.h"
+#include "input.h"
 #include "kodmappar.h"
 #include "text/text.h"
 
@@ -56,12 +56,12 @@ void CheckReadBack(bergmattype const& read, bergmattype const& written) {
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
     static Mappar mappar;
-    FuzzedDataProvider input(data, size);
-    int const slag = input.ConsumeIntegralInRange(0, 1);
-    bool const norsk = input.ConsumeBool();
+    Input input(data, size);
+    int const slag = input.Number(0, 1);
+    bool const norsk = input.Bool();
     mappar.Tom();
     char const* const fil = norsk ? kvarn::stenkodFileNorwegian : kvarn::stenkodFile;
-    mappar.Skriv('p', fil, input.ConsumeRemainingBytesAsString());
+    mappar.Skriv('p', fil, input.Rest());
 
     CBergOrMateLista lista(&mappar.ini, &mappar.proj, slag, norsk ? 1 : 0);
     lista.Init();

@@ -1,10 +1,10 @@
 // The key file: each line of any bytes is a record within its limits or none, the first record with
 // a key gives its value, keys are set, and what is written reads back.
 #include <algorithm>
-#include <fuzzer/FuzzedDataProvider.h>
 
 #include "check.h"
 #include "formats/checks/checks.h"
+#include "input.h"
 #include "kvarnfiles/keyrecords.h"
 #include "kvarnfiles/kvarncfg.h"
 #include "textlines.h"
@@ -77,11 +77,11 @@ void CheckSetting(Lista& list, Record const& set) {
 }
 
 // A text of one line as a client hands it over, often about as long as the limit.
-std::string Text(FuzzedDataProvider& provider, std::size_t limit, std::string_view excluded) {
-    std::string text = provider.ConsumeRandomLengthString(2 * limit);
+std::string Text(Input& provider, std::size_t limit, std::string_view excluded) {
+    std::string text = provider.Text(2 * limit);
     std::erase_if(text, [&](char c) { return excluded.find(c) != std::string_view::npos; });
-    if (provider.ConsumeBool()) {
-        text.resize(limit - 1 + provider.ConsumeIntegralInRange<std::size_t>(0, 2), 'x');
+    if (provider.Bool()) {
+        text.resize(limit - 1 + provider.Number<std::size_t>(0, 2), 'x');
     }
     return text;
 }
@@ -90,13 +90,13 @@ std::string Text(FuzzedDataProvider& provider, std::size_t limit, std::string_vi
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
     constexpr int mostKeys = 4;
-    FuzzedDataProvider provider(data, size);
+    Input provider(data, size);
     Records keys;
-    for (int i = provider.ConsumeIntegralInRange(0, mostKeys); i > 0; --i) {
+    for (int i = provider.Number(0, mostKeys); i > 0; --i) {
         std::string const key = Text(provider, kvarn::longestKey, {"=\n\x1A\0", 4});
         keys.push_back({key, Text(provider, kvarn::longestValue, {"\n\x1A\0", 3})});
     }
-    std::string const text = provider.ConsumeRemainingBytesAsString();
+    std::string const text = provider.Rest();
     kvarn::CheckKeys(text, {});
 
     Lista list;

@@ -1,12 +1,12 @@
 // The registry's text: any bytes are read, what is understood comes back unchanged once it was
 // written, and values that are set are found again.
 #include <cstdint>
-#include <fuzzer/FuzzedDataProvider.h>
 #include <string>
 
 #include "check.h"
 #include "host/win32/registry.h"
 #include "host/win32/regstore.h"
+#include "input.h"
 #include "text/utf16.h"
 
 namespace {
@@ -19,19 +19,19 @@ void CheckWriting(kvarn::RegStore const& store) {
 }
 
 // A name without the control characters that no line can hold.
-std::u16string Name(FuzzedDataProvider& provider) {
+std::u16string Name(Input& provider) {
     constexpr std::size_t longest = 20;
-    std::string name = provider.ConsumeRandomLengthString(longest);
+    std::string name = provider.Text(longest);
     std::erase_if(name, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\\'; });
     return kvarn::ToUtf16(name);
 }
 
-void CheckSetting(kvarn::RegStore& store, FuzzedDataProvider& provider) {
+void CheckSetting(kvarn::RegStore& store, Input& provider) {
     constexpr std::size_t longest = 300;
     std::u16string const path = u"HKEY_CURRENT_USER\\k" + Name(provider); // never empty
     std::u16string const name = Name(provider);
-    auto const type = provider.ConsumeIntegralInRange<DWORD>(0, 12);
-    std::string const data = provider.ConsumeRandomLengthString(longest);
+    auto const type = provider.Number<DWORD>(0, 12);
+    std::string const data = provider.Text(longest);
     kvarn::RegValue& made = store.Make(path).Make(name);
     made.type = type;
     made.data = data;
@@ -46,19 +46,19 @@ void CheckSetting(kvarn::RegStore& store, FuzzedDataProvider& provider) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
-    FuzzedDataProvider provider(data, size);
-    bool const withHeader = provider.ConsumeBool();
-    bool const setting = provider.ConsumeBool();
+    Input provider(data, size);
+    bool const withHeader = provider.Bool();
+    bool const setting = provider.Bool();
     if (setting) {
         kvarn::RegStore store;
-        for (int i = 0; i < 4 && provider.remaining_bytes() > 0; ++i) {
+        for (int i = 0; i < 4 && provider.Remaining() > 0; ++i) {
             CheckSetting(store, provider);
         }
         CheckWriting(store);
         return 0;
     }
     std::string const header = withHeader ? "Windows Registry Editor Version 5.00\n" : "";
-    kvarn::RegStore const store(header + provider.ConsumeRemainingBytesAsString());
+    kvarn::RegStore const store(header + provider.Rest());
     if (store.Whole()) {
         CheckWriting(store);
     }

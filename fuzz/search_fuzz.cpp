@@ -2,18 +2,18 @@
 // stars and letters, in names without a dot. And the ends of patterns that are dropped.
 #include <cstdint>
 #include <fnmatch.h>
-#include <fuzzer/FuzzedDataProvider.h>
 #include <string>
 
 #include "check.h"
 #include "compat/win32/search.h"
+#include "input.h"
 
 namespace {
 
 // Letters from a few, so that patterns match.
-std::string Text(FuzzedDataProvider& provider, char const* letters) {
+std::string Text(Input& provider, char const* letters) {
     std::string const from = letters;
-    std::string text = provider.ConsumeRandomLengthString(40);
+    std::string text = provider.Text(40);
     for (char& c : text) {
         c = from[static_cast<unsigned char>(c) % from.size()];
     }
@@ -23,7 +23,7 @@ std::string Text(FuzzedDataProvider& provider, char const* letters) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
-    FuzzedDataProvider provider(data, size);
+    Input provider(data, size);
     std::string const pattern = Text(provider, "ab*A");
     std::string const name = Text(provider, "abAB");
     bool const matches = kvarn::MatchesWildcards(pattern.c_str(), name.c_str());
@@ -44,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     }
 
     // Anything else ends, and a name always matches itself and every name.
-    std::string const wild = provider.ConsumeRemainingBytesAsString();
+    std::string const wild = provider.Rest();
     kvarn::MatchesWildcards(wild.c_str(), name.c_str());
     kvarn::MatchesWildcards(pattern.c_str(), wild.c_str());
     bool const plain = wild.find_first_of(std::string("*?<>\".\0", 7)) == std::string::npos &&

@@ -3,12 +3,13 @@
 // The first two bytes of an input choose how it is read, the rest is the text: in memory or from a
 // file, whole lines or pieces of bounded size. In a file, padding puts the text across the end of
 // the reader's buffer.
-#include <fstream>
+#include <algorithm>
 
 #include "check.h"
 #include "files/textfil.h"
 #include "folder.h"
 #include "textlines.h"
+#include "tree.h"
 
 namespace {
 
@@ -57,8 +58,7 @@ Lines ReadPieces(kvarn::LineReader& reader, std::size_t size) {
     return pieces;
 }
 
-void CheckReader(kvarn::LineReader& reader, std::string const& text, std::size_t size) {
-    Lines const model = ModelLines(text);
+void CheckReader(kvarn::LineReader& reader, Lines const& model, std::size_t size) {
     bool const whole = size < 2;
     Check((whole ? LinesOf(reader) : ReadPieces(reader, size)) ==
               Pieces(model, whole ? std::string::npos - 1 : size - 1),
@@ -73,21 +73,24 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     if (size < choices) {
         return 0;
     }
-    std::string text(reinterpret_cast<char const*>(data) + choices, size - choices);
+    std::string const text(reinterpret_cast<char const*>(data) + choices, size - choices);
     std::size_t const pieceSize = data[0];
     unsigned const distance = data[1];
     if (distance < 0xF0) {
         kvarn::LineReader reader{std::string_view(text)};
-        CheckReader(reader, text, pieceSize);
+        CheckReader(reader, ModelLines(text), pieceSize);
     } else {
         static Folder const folder("/dev/shm");
         constexpr std::size_t readerBuffer = 16 * 1024;
-        text.insert(0, readerBuffer - (distance - 0xF0), '.');
+        std::string const padding(readerBuffer - (distance - 0xF0), '.');
+        Lines model = ModelLines(text); // which is slow: the padding is put in front of it
+        model.resize(std::max<std::size_t>(model.size(), 1));
+        model.front().insert(0, padding);
         std::string const path = folder.Path() + "/text";
-        std::ofstream(path, std::ios::binary) << text;
+        WriteFile(path, padding + text);
         kvarn::TextReader reader(path.c_str());
         Check(reader.IsOpen(), "a text that is there opens");
-        CheckReader(reader, text, 100 * pieceSize);
+        CheckReader(reader, model, 100 * pieceSize);
     }
     return 0;
 }

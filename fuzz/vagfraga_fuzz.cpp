@@ -9,13 +9,13 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
-#include <fuzzer/FuzzedDataProvider.h>
 #include <initializer_list>
 #include <limits>
 #include <vector>
 
 #include "check.h"
 #include "formats/vagfil.h"
+#include "input.h"
 #include "vagmodell.h"
 
 namespace {
@@ -104,12 +104,12 @@ class Player {
         constexpr int most = 24;
         m_line.typ = Type();
         Follow();
-        for (int i = m_provider.ConsumeIntegralInRange(0, 10); i > 0; --i) {
+        for (int i = m_provider.Number(0, 10); i > 0; --i) {
             kovltype vertex = Vertex();
             m_line.Ny(1, &vertex);
             Follow();
         }
-        for (int i = 0; i < most && m_provider.remaining_bytes() > 0; ++i) {
+        for (int i = 0; i < most && m_provider.Remaining() > 0; ++i) {
             Operate();
             m_line.CheckSound();
             CheckRecords();
@@ -123,22 +123,22 @@ class Player {
 
     std::int32_t Type() {
         static constexpr std::int32_t types[] = {1, 1, 1, 0, 10, 2};
-        return m_provider.PickValueInArray(types);
+        return m_provider.Pick(types);
     }
 
     int Mode() {
         static constexpr int modes[] = {0, 1, 2, 7};
-        return m_provider.PickValueInArray(modes);
+        return m_provider.Pick(modes);
     }
 
     double Used() {
         if (m_model.v.empty()) {
             return 0;
         }
-        auto const index = m_provider.ConsumeIntegralInRange<std::size_t>(0, m_model.v.size() - 1);
+        auto const index = m_provider.Number<std::size_t>(0, m_model.v.size() - 1);
         kovltype const& v = m_model.v[index];
         double const values[] = {v.x, v.y, v.sektion, v.sektion};
-        return m_provider.PickValueInArray(values);
+        return m_provider.Pick(values);
     }
 
     double Number() {
@@ -152,50 +152,50 @@ class Player {
             1e9, 1.05e9, 1.1e9, 1e12, // about the longest offset
             9999999.0, 9999999.9, 999999.9, 0.0099, 0.01, 1e-5, 1.1e-5};
         // clang-format on
-        switch (m_provider.ConsumeIntegralInRange(0, 9)) {
+        switch (m_provider.Number(0, 9)) {
         case 0:
-            return m_provider.PickValueInArray(odd);
+            return m_provider.Pick(odd);
         case 1:
-            return std::bit_cast<double>(m_provider.ConsumeIntegral<std::uint64_t>());
+            return std::bit_cast<double>(m_provider.Number<std::uint64_t>());
         case 2:
         case 3:
             return Used();
         case 4:
-            return Used() + m_provider.PickValueInArray(steps);
+            return Used() + m_provider.Pick(steps);
         case 5:
-            return m_provider.ConsumeIntegral<std::int32_t>() / 1000.0;
+            return m_provider.Number<std::int32_t>() / 1000.0;
         case 6:
-            return m_provider.ConsumeIntegral<std::int16_t>() / 16.0;
+            return m_provider.Number<std::int16_t>() / 16.0;
         case 7:
-            return m_provider.ConsumeIntegralInRange(0, 20) * 10.0;
+            return m_provider.Number(0, 20) * 10.0;
         default:
-            return m_provider.ConsumeIntegralInRange(-8, 8);
+            return m_provider.Number(-8, 8);
         }
     }
 
     double Bulge() {
         static constexpr double bulges[] = {
             0, 1e-6, 1.0000001e-6, 0.41421356237309503, 1, 0.25, 0.05, 2, 1e-5, 100};
-        switch (m_provider.ConsumeIntegralInRange(0, 7)) {
+        switch (m_provider.Number(0, 7)) {
         case 0:
             return Number();
         case 1:
         case 2:
             return 0;
         default:
-            double const bulge = m_provider.PickValueInArray(bulges);
-            return m_provider.ConsumeBool() ? -bulge : bulge;
+            double const bulge = m_provider.Pick(bulges);
+            return m_provider.Bool() ? -bulge : bulge;
         }
     }
 
     // Often along an axis from the last vertex, at the station that its distance gives.
     kovltype Vertex() {
-        if (m_model.v.empty() || m_provider.ConsumeBool()) {
+        if (m_model.v.empty() || m_provider.Bool()) {
             return {Number(), Number(), Bulge(), Number()};
         }
         kovltype v = m_model.v.back();
-        double const step = m_provider.ConsumeIntegralInRange(1, 100);
-        int const direction = m_provider.ConsumeIntegralInRange(0, 7);
+        double const step = m_provider.Number(1, 100);
+        int const direction = m_provider.Number(0, 7);
         v.x += direction % 3 == 0 ? step : direction % 3 == 1 ? -step : 0;
         v.y += direction / 3 == 0 ? step : direction / 3 == 1 ? -step : 0;
         bool const decreasing = m_model.v.size() > 1 && m_model.v[1].sektion < m_model.v[0].sektion;
@@ -211,7 +211,7 @@ class Player {
 
     // Often at a station of the line.
     Point APoint() {
-        if (m_provider.ConsumeBool()) {
+        if (m_provider.Bool()) {
             double const x = Number();
             return {x, Number()};
         }
@@ -224,10 +224,10 @@ class Player {
     Point AboutCentre(kovltype const& p1, kovltype const& p2) {
         static constexpr double steps[] = {0, 0.99e-5, 1.01e-5, 1, 30};
         Svar const circle = BulgeToRadius({p1.y, p1.x, p1.bulge}, {p2.y, p2.x, 0});
-        double const x = m_provider.PickValueInArray(steps);
-        double const y = m_provider.PickValueInArray(steps);
-        return {circle.third + (m_provider.ConsumeBool() ? x : -x),
-                circle.second + (m_provider.ConsumeBool() ? y : -y)};
+        double const x = m_provider.Pick(steps);
+        double const y = m_provider.Pick(steps);
+        return {circle.third + (m_provider.Bool() ? x : -x),
+                circle.second + (m_provider.Bool() ? y : -y)};
     }
 
     kokotype Corner() {
@@ -289,7 +289,7 @@ class Player {
             &P::Vag2xy, &P::Vagprofz, &P::Vagstv, &P::Vagstv, &P::Vagstv, &P::PktIomr,
             &P::SektKorr, &P::SektBerak, &P::Extend, &P::Area, &P::Vagnu, &P::List, &P::List};
         // clang-format on
-        (this->*m_provider.PickValueInArray(operations))();
+        (this->*m_provider.Pick(operations))();
     }
 
     void Pldist() {
@@ -306,7 +306,7 @@ class Player {
     void Padist() {
         kovltype p1 = Vertex();
         kovltype p2 = Vertex();
-        Point const p = m_provider.ConsumeBool() ? APoint() : AboutCentre(p1, p2);
+        Point const p = m_provider.Bool() ? APoint() : AboutCentre(p1, p2);
         Svar ours = {0, untouched, untouched};
         Svar const model = m_model.Padist(p1, p2, p.x, p.y, ours);
         ours.result = m_line.Padist(&p1, &p2, p.x, p.y, &ours.first, &ours.second);
@@ -369,8 +369,8 @@ class Player {
         int const mode = Mode();
         Svar ours = {0, untouched, untouched};
         Svar model = m_model.PktIomr(p.x, p.y, mode, ours);
-        double* const station = m_provider.ConsumeBool() ? &ours.first : nullptr;
-        double* const offset = m_provider.ConsumeBool() ? &ours.second : nullptr;
+        double* const station = m_provider.Bool() ? &ours.first : nullptr;
+        double* const offset = m_provider.Bool() ? &ours.second : nullptr;
         ours.result = m_line.PktIomr(p.x, p.y, station, offset, mode);
         model.first = station != nullptr ? model.first : untouched;
         model.second = offset != nullptr ? model.second : untouched;
@@ -398,7 +398,7 @@ class Player {
     }
 
     void Area() {
-        if (m_provider.ConsumeBool()) {
+        if (m_provider.Bool()) {
             int const index = m_line.Index();
             int const model = m_model.Reset();
             Check(m_line.Reset() == model && m_line.Index() == index, "Reset");
@@ -428,8 +428,8 @@ class Player {
             [](Line& line, kovltype& vertex) { line.Set_aktel(&vertex); }, // none is current then
         };
         kovltype vertex = Vertex();
-        m_line.typ = m_provider.ConsumeIntegralInRange(0, 8) == 0 ? Type() : m_line.typ;
-        m_provider.PickValueInArray(changes)(m_line, vertex);
+        m_line.typ = m_provider.Number(0, 8) == 0 ? Type() : m_line.typ;
+        m_provider.Pick(changes)(m_line, vertex);
         Follow();
     }
 
@@ -445,7 +445,7 @@ class Player {
         Compare("Vagnu", {}, ours, model);
     }
 
-    FuzzedDataProvider m_provider;
+    Input m_provider;
     Line m_line;
     Vagmodell m_model;
     std::vector<kovltype> m_before; // an operation

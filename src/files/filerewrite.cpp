@@ -66,7 +66,10 @@ enum class InPlace { done, cannotOpen, unchanged, damaged };
 // Puts the content into the file that is there; its old content comes back when that fails.
 InPlace Overwrite(OutFile& file, Job const& job) {
     std::optional<std::string> const old = file.IsOrdinary() ? WholeFile(job.path) : std::nullopt;
-    if (!file.LockOut(job.Attempts()) || !file.Reserve(job.content.Size())) {
+    // Who may write the file may not always set its time: that is tried first.
+    std::optional<Looks> const looks = job.content.Look();
+    bool const hasTime = !looks || file.SetTime(looks->written);
+    if (!hasTime || !file.LockOut(job.Attempts()) || !file.Reserve(job.content.Size())) {
         return InPlace::unchanged;
     }
     if (Fill(file, job.content) && file.Cut() && file.Flush()) {

@@ -343,7 +343,7 @@ BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES*) {
 }
 
 BOOL DeleteFileA(LPCSTR path) {
-    return Done(OnFoundPath(path, unlink));
+    return Done(OnPath(path, unlink));
 }
 
 BOOL MoveFileExA(LPCSTR from, LPCSTR to, DWORD flags) {

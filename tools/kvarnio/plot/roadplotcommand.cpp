@@ -4,10 +4,11 @@
 
 #include <CLI/CLI.hpp>
 #include <files/filerewrite.h>
+#include <formats/omradesfil.h>
 #include <text/codepage.h>
 
 #include "../commands.h"
-#include "../shared/messages.h"
+#include "../shared/backup.h"
 #include "../shared/output.h"
 #include "../shared/platform.h"
 #include "../shared/road/roadfile.h"
@@ -31,11 +32,11 @@ std::optional<Area> AreaOf(Context& context, RoadFile& file) {
         return std::nullopt;
     }
     if (!context.project.m_projKat.IsEmpty()) {
-        CVag2 drawn;
-        bool const read = drawn.ReadOmr(&context.project) == 0;
-        MessageWasShown();
-        if (read && kvarn::CompareNoCase1252(drawn.filnamn, NameOf(file.Path())) == 0) {
-            return Area{drawn.omrSekFran, drawn.omrSekTill, drawn.omrAvstMin, drawn.omrAvstMax};
+        std::string const content = ReadIfThere(context.project.m_kvarnVl.GetString());
+        kvarn::LineReader lines{std::string_view(content)};
+        kvarn::Omrade area;
+        if (area.Read(lines) && kvarn::CompareNoCase1252(area.filnamn, NameOf(file.Path())) == 0) {
+            return Area{area.sekFran, area.sekTill, area.avstMin, area.avstMax};
         }
     }
     CVaglinje const& plan = file.Road().plan;

@@ -69,7 +69,8 @@ SettingsFile::SettingsFile(Context& context, std::string const& name) : m_contex
     m_name = *found;
 
     Locate();
-    m_content = ReadIfThere(m_path);
+    // One that was found is there, though it may not open.
+    m_content = IsCfg() ? ReadIfThere(m_path) : m_path.empty() ? "" : ReadWhole(m_path);
     m_records = IsJb23() ? ScaleRecords() : KeyRecords();
 }
 
