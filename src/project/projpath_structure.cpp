@@ -76,8 +76,9 @@ Start FindStart(std::string const& projekt, bool ask, bool drawing) {
 }
 
 bool CreateMarkFile(std::string const& path) {
-    if (kvarn::FileExists(path.c_str()) ||
-        kvarn::RewriteFile(path.c_str(), "***") == kvarn::Rewritten::done) {
+    bool const isMissing = !kvarn::FileExists(path.c_str()); // for sure
+    if (kvarn::IsThere(path.c_str()) ||
+        (isMissing && kvarn::RewriteFile(path.c_str(), "***") == kvarn::Rewritten::done)) {
         return true;
     }
     kvarn::Notify(kvarn::Format("Fel, kan EJ skapa fil:\n%s", path));

@@ -189,8 +189,8 @@ void CopyTheRest(CAutoIni& ini, UserSettings const& user) {
 // A key whose absence has consequences: what is not there is looked for twice, since a read that
 // fails gives an empty text as well.
 CString ReadTwice(CAutoIni& ini, char const* key) {
-    CString const value = kvarn::ReadFolderKey(ini, key);
-    return value.IsEmpty() ? kvarn::ReadFolderKey(ini, key) : value;
+    CString const value = ini.ReadKey(kvarn::systemSection, key);
+    return value.IsEmpty() ? ini.ReadKey(kvarn::systemSection, key) : value;
 }
 
 // The keys that a user's new settings begin with: they depend on the user and the release. False
@@ -200,15 +200,12 @@ bool WriteFirstKeys(CAutoIni& ini, kvarn::FallbackFolders const& fallback, std::
         return ini.WriteKey(kvarn::systemSection, key, kvarn::ToCString(value)) != 0;
     };
     bool written = write("MSG", fallback.messages);
-    if (ReadTwice(ini, "SCRIPTPATH").IsEmpty()) {
+    if (ReadTwice(ini, "SCRIPTPATH").Trim().TrimRight('\\').IsEmpty()) {
         written = write("SCRIPTPATH", fallback.script) && written;
     }
     written = write("ACADVER", std::to_string(release)) && written;
     if (release == 19 || release == 20) {
-        char const* const source = release == 19 ? "ACADEXEB" : "ACADEXEA";
-        CString const program = ReadTwice(ini, source).IsEmpty()
-                                    ? CString()
-                                    : ini.ReadKey(kvarn::systemSection, source);
+        CString const program = ReadTwice(ini, release == 19 ? "ACADEXEB" : "ACADEXEA");
         written = write("ACADEXE", program.GetString()) && written;
     }
     return written;

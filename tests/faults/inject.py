@@ -284,16 +284,17 @@ class Operation:
                 between = True
             else:
                 broken.setdefault("lost", describe(path, now[path], old[path], new[path]))
-        all_new = all(now[path] == new[path] for path in self.changed
-                      # A list of folders that cannot be read is passed over.
-                      if self.promise != "steps" or not re.search(LISTED, path))
+        # A list of folders that cannot be read is passed over.
+        undone = sorted(path for path in self.changed if now[path] != new[path]
+                        and (self.promise != "steps" or not re.search(LISTED, path)))
+        all_new = not undone
         # Whoever cannot look afterwards cannot tell success.
         looked = self.name.startswith("kvarnio-") and (
             call == "rights" or (call, number, False) in self.calls)
         if isinstance(result, str):
             broken["false"] = result
         elif result and not all_new and self.promise != "silent":
-            broken["false"] = "success, and not all is written"
+            broken["false"] = f"success, and {undone[0]} is not written"
         elif result is False and all_new and self.promise not in ("pass", "steps") and not looked:
             broken["false"] = "failure, and all is written"
         if after != self.old:
