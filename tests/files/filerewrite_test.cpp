@@ -273,9 +273,8 @@ TEST_F(FileRewrite, AWriteInPlaceThatFailsPutsTheOldContentBack) {
     std::string const name(250, 'n');
     m_folder.Write(name, "old, and longer");
     int failures = 1;
-    HostCalls const disk([&](HostCall const& call) {
-        return call.name == "ftruncate" && failures-- > 0 ? EIO : 0;
-    });
+    HostCalls const disk(
+        [&](HostCall const& call) { return call.name == "ftruncate" && failures-- > 0 ? EIO : 0; });
     EXPECT_EQ(Rewrite(name, "new"), Rewritten::failed);
     EXPECT_EQ(m_folder.Read(name), "old, and longer");
     EXPECT_EQ(m_folder.Names(), Names{name});

@@ -45,8 +45,7 @@ TEST_F(CheckTest, TheListOfFoldersIsLookedAtToo) {
     Json const found = RunJson("check " + Quoted(vag27));
     ASSERT_EQ(found.size(), 2U);
     EXPECT_EQ(found[0]["line"], 2);
-    EXPECT_EQ(found[1]["problem"],
-              R"(leads out of the project's folder, and is made there: "..")");
+    EXPECT_EQ(found[1]["problem"], R"(leads out of the project's folder, and is made there: "..")");
 }
 
 TEST_F(CheckTest, FindsEachFaultOfTheBadProjectAndNothingInTheGoodOne) {

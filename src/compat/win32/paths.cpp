@@ -107,8 +107,8 @@ std::optional<std::string> Below(std::string const& folder, char const* named,
                                  std::string const& hostPath) {
     std::string const real = WithoutLinks(folder);
     std::string const path = hostPath + '/'; // the folder itself, too
-    auto const rest = path.starts_with(real + '/') ? FromUtf8(path.substr(real.size() + 1))
-                                                   : std::nullopt;
+    auto const rest =
+        path.starts_with(real + '/') ? FromUtf8(path.substr(real.size() + 1)) : std::nullopt;
     return rest ? std::optional(named + rest->substr(0, rest->size() - !rest->empty()))
                 : std::nullopt;
 }
@@ -193,8 +193,9 @@ std::optional<std::string> FromHostPath(std::string_view hostPath) {
         return text;
     }
     std::string const path(hostPath);
-    for (char const drive : {'$', '~', 'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h', 'i', 'j', 'k', 'l',
-                             'm', 'n', 'o', 'p', 'q', 'r', 's', 't', 'u', 'v', 'w', 'x', 'y', 'z'}) {
+    for (char const drive :
+         {'$', '~', 'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h', 'i', 'j', 'k', 'l',
+          'm', 'n', 'o', 'p', 'q', 'r', 's', 't', 'u', 'v', 'w', 'x', 'y', 'z'}) {
         char const root[] = {drive, ':', '/', '\0'};
         if ((text = Below(DriveFolder(drive), root, path))) {
             return text;

@@ -19,8 +19,8 @@
 namespace kvarn {
 namespace {
 
-// The store's file as a Windows path, from the drive that its folder is; empty when its own name has
-// letters outside code page 1252.
+// The store's file as a Windows path, from the drive that its folder is; empty when its own name
+// has letters outside code page 1252.
 std::string StorePath() {
     auto const name = FromHostPath(std::filesystem::path(RegistryFile()).filename().string());
     return name && !name->empty() ? std::string{registryDrive, ':'} + *name : "";
