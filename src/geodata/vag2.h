@@ -63,10 +63,11 @@ class KVARNPROG_API CVag2 {
     // lines. A file with fewer of them keeps all its lines and is not an area file afterwards
     // either: ReadOmr refuses it until the stars are put in.
     //
-    // The new content is written to "vl.tmp" in the data folder, which then takes the area file's
-    // place in one step. -1 when that file cannot be made (another one of that name is waited for
-    // half a second, and then overwritten), when the area file is there but cannot be read or not
-    // be opened for writing, and when a write fails: the area file then keeps its old content.
+    // The new content, when it is whole, gets the name "vl.tmp" in the data folder (in place of
+    // another program's file of that name, which is whole as well) and then takes the area file's
+    // place in one step. -1 when it cannot get that name, when the area file is there but cannot
+    // be read or not be opened for writing, and when a write fails: the area file then keeps its
+    // old content. Two programs at once need no lock: the last one's content wins, whole.
     int SaveOmr(CProjPath* project);
 
     CVaglinje plan;

@@ -30,7 +30,10 @@ class CodePass;
 // no file: a read answers as at the end, a write as with no file open. A pass works in the file
 // itself, and each record is in it when the call returns; while it writes, no other program or
 // object can write the file. After a write that failed, on a full disk for one, nothing more is
-// written in that pass, and each call answers -1 where it can.
+// written in that pass, and each call answers -1 where it can. A pass that cannot read its file to
+// the end shows the box of a file that cannot be opened; the object then does not begin to write
+// that file, as one that cannot be opened, until it has read it whole (the environmental codes: to
+// the end of section 3).
 //
 // Buffers for words and texts hold at least 256 bytes each: what is longer is cut at 255 and a
 // zero. They are written only where that is said. No pointer for a result may be null where that is
@@ -152,10 +155,11 @@ class KVARNPROG_API CKvarnInst {
     // Writes the file that exists anew: mode 1 carries its header over and writes the record, 0
     // writes a record, 2 a record and the end line "*", then closes the file; 3 is 1 and 2 in one
     // call. (Below 0 as 0, above 3 as 2.) An empty or null code writes no record. Where no file
-    // exists nothing is written. While the header is carried over the old file is kept beside it as
-    // KODFIL.tmp; where that cannot be made the header is empty, and where a write fails it stays
-    // as all there is of the old file. Caption: "Skrivning av Kvarnbok - kodfil.dat installningar",
-    // with both paths, also for a write that fails, which ends the pass. Returns 0.
+    // exists nothing is written. Header and first record take the file's place by one step, with a
+    // copy of the old file beside it as KODFIL.tmp until then; where something else has that name
+    // the header is empty, and where the disk is full nothing changes. Caption: "Skrivning av
+    // Kvarnbok - kodfil.dat installningar", with both paths, also for a write that fails, which
+    // ends the pass. Returns 0.
     int KodfilDatWrite(int mode, char const* code, char const* text);
 
     // --- Environmental codes: MILJKOD.DAT --------------------------------------------------------

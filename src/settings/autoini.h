@@ -71,7 +71,9 @@ class KVARNPROG_API CAutoIni {
     // - from the folder of the program's older name, with any ver;
     // - with ver 0 from "Markvida.ConfigSwitcher.exe" in the main directory, which runs to its end
     //   first, or from the folder of all users. The keys "MSG", "SCRIPTPATH", "ACADVER" and
-    //   "ACADEXE" are then written.
+    //   "ACADEXE" are then written, and the INI file is put in its place by one step with them: a
+    //   start that is cut short is made again. The folder of a file that could not be copied is
+    //   kept in the key "COPYFROM", and a later start copies what is missing.
     // Then the keys are read as Init does; folders of "MSG" and "SCRIPTPATH" that do not exist are
     // replaced by the program's folder in the user's data. Keys go to the user's INI file
     // afterwards, directly or (ver 1) through the application object.
@@ -99,7 +101,8 @@ class KVARNPROG_API CAutoIni {
 
     // Fills a configuration folder with the user's settings files, by the same rule: those with
     // .SDF, .XML, .DAT, .CFG, .KAL or .PAR anywhere in the name, but for "SAMLAREN.DAT". A folder
-    // that holds "Kvarnbok.par" is left alone. Returns 0, or -1 when the folder does not exist.
+    // that holds "Kvarnbok.par" is left alone, unless a file failed: the key "COPYTO" keeps such a
+    // folder until all are there. Returns 0, or -1 when the folder does not exist.
     int User2Cfg(CString& dir);
 
     // The install package: m_paket itself, valid while the object lives.
