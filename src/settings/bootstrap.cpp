@@ -176,7 +176,7 @@ Startup FetchWithoutSwitcher(UserSettings& user) {
 // the folder that has them until then.
 void CopyTheRest(CAutoIni& ini, UserSettings const& user) {
     constexpr char const* key = "COPYFROM";
-    std::string from = user.Incomplete();
+    std::string const& from = user.Incomplete();
     if (from.empty()) {
         CString const before = ini.ReadKey(kvarn::systemSection, key);
         if (before.IsEmpty() || !user.Complete(before.GetString())) {
@@ -209,6 +209,14 @@ bool WriteFirstKeys(CAutoIni& ini, kvarn::FallbackFolders const& fallback, std::
         written = write("ACADEXE", program.GetString()) && written;
     }
     return written;
+}
+
+// The user's INI file is that of the settings from now on.
+void Use(CAutoIni& ini, UserSettings const& user, int ver) {
+    ini.m_iniFil = kvarn::ToCString(user.Ini());
+    if (ver != 0) {
+        kvarn::RedirectProfile(user.Ini());
+    }
 }
 
 // The user's new INI file gets its first keys before it takes its place.
@@ -289,10 +297,7 @@ int kvarn::Bootstrap(CAutoIni& ini, int ver, char const* sub, char const* dir,
     if (fresh && !FinishIni(ini, user, fallback, release)) {
         return noIniFile;
     }
-    ini.m_iniFil = ToCString(user.Ini());
-    if (ver != 0) {
-        RedirectProfile(user.Ini());
-    }
+    Use(ini, user, ver);
     if (!fresh) {
         CopyTheRest(ini, user);
     }
