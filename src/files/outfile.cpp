@@ -46,10 +46,25 @@ bool OutFile::LockOut(int attempts) {
 }
 
 bool OutFile::Reserve(std::uint64_t size) {
+    LARGE_INTEGER before{};
+    if (!IsOrdinary() || GetFileSizeEx(m_file, &before) == FALSE ||
+        static_cast<std::uint64_t>(before.QuadPart) >= size) {
+        return true;
+    }
     FILE_ALLOCATION_INFO room{};
     room.AllocationSize.QuadPart = static_cast<std::int64_t>(size);
-    return !IsOrdinary() ||
-           SetFileInformationByHandle(m_file, FileAllocationInfo, &room, sizeof room) != FALSE;
+    if (SetFileInformationByHandle(m_file, FileAllocationInfo, &room, sizeof room) != FALSE) {
+        return true;
+    }
+    if (GetLastError() == ERROR_DISK_FULL) {
+        return false;
+    }
+    // A host that reserves for the file's own size alone: readers are locked out there.
+    bool const reserved = EndAt(room.AllocationSize.QuadPart);
+    if (!reserved) {
+        EndAt(before.QuadPart); // the old content stays as it was
+    }
+    return MoveTo(0) && reserved;
 }
 
 bool OutFile::Write(std::string_view content) {
@@ -72,9 +87,10 @@ bool OutFile::Finish() {
     return Close() && flushed;
 }
 
-bool OutFile::ToBeginning() {
-    LARGE_INTEGER const none{};
-    return SetFilePointerEx(m_file, none, nullptr, FILE_BEGIN) != FALSE;
+bool OutFile::MoveTo(std::int64_t position) {
+    LARGE_INTEGER distance{};
+    distance.QuadPart = position;
+    return SetFilePointerEx(m_file, distance, nullptr, FILE_BEGIN) != FALSE;
 }
 
 bool OutFile::Close() {

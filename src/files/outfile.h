@@ -35,7 +35,7 @@ class OutFile {
     // Makes room for a content of that size, so that a full disk shows before anything is
     // overwritten.
     bool Reserve(std::uint64_t size);
-    bool ToBeginning();
+    bool ToBeginning() { return MoveTo(0); }
     bool Write(std::string_view content);
     // Ends the file at the present position.
     bool Cut() { return !IsOrdinary() || SetEndOfFile(m_file) != FALSE; }
@@ -49,6 +49,9 @@ class OutFile {
     bool Finish();
 
   private:
+    bool MoveTo(std::int64_t position);
+    bool EndAt(std::int64_t size) { return MoveTo(size) && SetEndOfFile(m_file) != FALSE; }
+
     HANDLE m_file = INVALID_HANDLE_VALUE;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <charconv>
 #include <cstdint>
 #include <mutex>
 #include <optional>
@@ -19,13 +20,13 @@ namespace {
 constexpr std::string_view extension = ".tmp";
 
 // Takes a number off the end of a text.
-std::optional<std::string> TakeNumber(std::string_view& text) {
-    constexpr std::size_t longest = 10; // of 32 bits
+std::optional<DWORD> TakeNumber(std::string_view& text) {
     std::size_t const end = text.find_last_not_of("0123456789");
-    std::string const number(text.substr(end == std::string_view::npos ? 0 : end + 1));
-    text.remove_suffix(number.size());
-    bool const fits = !number.empty() && number.size() <= longest;
-    return fits ? std::optional(number) : std::nullopt;
+    std::string_view const digits = text.substr(end == std::string_view::npos ? 0 : end + 1);
+    text.remove_suffix(digits.size());
+    DWORD number = 0;
+    auto const read = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return read.ec == std::errc() ? std::optional(number) : std::nullopt;
 }
 
 struct Maker {
@@ -46,7 +47,7 @@ std::optional<Maker> MakerOf(std::string_view name) {
         return std::nullopt;
     }
     name.remove_suffix(1);
-    return Maker{name, static_cast<DWORD>(std::stoull(*process))};
+    return Maker{name, *process};
 }
 
 bool Lives(DWORD process) {
