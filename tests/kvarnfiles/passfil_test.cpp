@@ -200,8 +200,9 @@ TEST_F(PassTest, AFileThatCannotBeOpenedIsToldInItsOwnWords) {
     std::vector<ShownBox> expected;
     for (auto const& [files, caption] : told) {
         std::string const stops = caption[0] == 'L' ? "Avbryter läsning!"_1252 : "Avbryter!";
-        expected.push_back({"Kan inte öppna -filen\n"_1252 + files + '\n' + stops,
-                            caption + " inställningar"_1252, 48, 0});
+        std::string text("Kan inte öppna -filen\n"_1252);
+        text.append(files).append("\n").append(stops);
+        expected.push_back({text, caption + " inställningar"_1252, 48, 0});
     }
     EXPECT_EQ(Boxes::Shown(), expected);
 }

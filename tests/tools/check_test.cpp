@@ -144,7 +144,7 @@ TEST_F(CheckTest, SaysWhatIsWrong) {
          "11: the file ends inside a block, before its level"},
     };
     for (auto const& [name, content, findings] : cases) {
-        SCOPED_TRACE(name + '\n' + content);
+        SCOPED_TRACE(content);
         ExpectBeginnings(FindingsOf(name, content), findings);
     }
 }
