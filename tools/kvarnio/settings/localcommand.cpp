@@ -116,10 +116,10 @@ struct Before {
 
 std::vector<Before> StateOf(Context const& context, LocalArguments const& arguments) {
     std::vector<Before> state;
-    for (LocalFile& file : LocalFiles(arguments)) {
+    for (LocalFile const& file : LocalFiles(arguments)) {
         std::string path = InProject(context, file);
         bool const existed = Exists(path);
-        state.push_back({std::move(file), std::move(path), existed});
+        state.push_back({file, std::move(path), existed});
     }
     return state;
 }
