@@ -233,9 +233,9 @@ TEST(List0, SorteraOrdersInNLogNComparisonsAndKeepsCurrentAndMark) {
     for (int const antal : {2, 3, 4, 5, 7, 8, 31, 64, 100, 5000}) {
         for (int const nyckel : {stigande, omvandLika, stigande, omvandLika}) {
             SCOPED_TRACE(antal);
-            std::vector<int> varden;
-            for (int nr = 0; nr < antal; ++nr) {
-                varden.push_back(100 * nr + static_cast<int>(slump() % 9));
+            std::vector<int> varden(static_cast<std::size_t>(antal));
+            for (int nr = 0; int& varde : varden) {
+                varde = 100 * nr++ + static_cast<int>(slump() % 9);
             }
             Lista lista;
             lista.Fyll(varden);
