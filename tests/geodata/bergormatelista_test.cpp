@@ -13,8 +13,8 @@ using Lista = CBergOrMateLista;
 // Of the entries, each with its zero.
 template <std::size_t N> std::uint64_t Checksum(char const* const (&table)[N]) {
     std::string all;
-    for (std::string const entry : table) {
-        all += entry + '\0';
+    for (char const* const entry : table) {
+        all.append(entry).push_back('\0');
     }
     return ::Checksum(all);
 }
