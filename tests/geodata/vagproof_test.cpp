@@ -76,8 +76,8 @@ class Road {
     double DistanceTo(Place const& p) const {
         double const step = 0.05;
         double nearest = Distance(m_end, p);
-        for (double at = 0; at < m_length; at += step) {
-            nearest = std::min(nearest, Distance(At(at), p));
+        for (int i = 0; i * step < m_length; ++i) {
+            nearest = std::min(nearest, Distance(At(i * step), p));
         }
         return nearest;
     }

@@ -10,7 +10,7 @@ TEST_F(Jb23Test, EachKeyHasItsLineAndColumn) {
     std::string const quantities[] = {"SJUNK",  "HAST",  "KRAFT", "RPM", "SPOL", "FLODE",
                                       "HAMMAR", "TRYCK", "QT",    "FT",  "U"};
     for (std::string const& quantity : quantities) {
-        file += quantity + "1 \t " + quantity + "2\r\n";
+        file.append(quantity).append("1 \t ").append(quantity).append("2\r\n");
     }
     Write("JB23.PAR", file + "sista raden");
     for (std::string const& quantity : quantities) {
