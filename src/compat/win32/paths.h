@@ -38,7 +38,7 @@ std::optional<std::string> FromHostPath(std::string_view hostPath);
 constexpr char registryDrive = '$';
 constexpr char configDrive = '~';
 
-// The folders of the user's data and configuration, by the XDG base directory specification.
+// The folders of the user's data and configuration: the XDG base directories.
 std::string UserDataFolder();
 std::string UserConfigFolder();
 
