@@ -11,6 +11,7 @@
 
 #include "../compat/calls.h"
 #include "../text/text.h"
+#include "filetime.h"
 #include "outfile.h"
 #include "pathparts.h"
 
@@ -60,13 +61,9 @@ bool Lives(DWORD process) {
     return lives;
 }
 
-std::uint64_t Ticks(FILETIME const& time) {
-    return std::uint64_t{time.dwHighDateTime} << 32U | time.dwLowDateTime;
-}
-
 // Another process may have got the number of one that was killed.
 bool IsOlderThanADay(WIN32_FIND_DATAA const& file) {
-    constexpr std::uint64_t day = std::uint64_t{24} * 60 * 60 * 10'000'000;
+    constexpr std::uint64_t day = 24 * 60 * 60 * ticksPerSecond;
     FILETIME now{};
     GetSystemTimeAsFileTime(&now);
     return Ticks(file.ftLastWriteTime) + day < Ticks(now);

@@ -8,6 +8,7 @@
 #include "../core/registry.h"
 #include "../files/existence.h"
 #include "../files/filecopy.h"
+#include "../files/filetime.h"
 #include "../files/pathparts.h"
 #include "../host/calls.h"
 #include "../text/letters.h"
@@ -63,13 +64,11 @@ class Locations {
 
 // In seconds since 1601, where FILETIME's count begins; nothing when the file is missing.
 std::optional<std::uint64_t> ChangeTime(std::string const& file) {
-    constexpr std::uint64_t perSecond = 10'000'000;
     WIN32_FILE_ATTRIBUTE_DATA status{};
     if (GetFileAttributesExA(file.c_str(), GetFileExInfoStandard, &status) == FALSE) {
         return std::nullopt;
     }
-    FILETIME const& time = status.ftLastWriteTime;
-    return (std::uint64_t{time.dwHighDateTime} << 32U | time.dwLowDateTime) / perSecond;
+    return kvarn::Ticks(status.ftLastWriteTime) / kvarn::ticksPerSecond;
 }
 
 // Copies a file unless the target is as new. False when that failed, which is not reported: the
