@@ -76,10 +76,12 @@ std::optional<std::uint64_t> ChangeTime(std::string const& file) {
 bool CopyNewer(std::string const& from, std::string const& to) {
     std::optional<std::uint64_t> const source = ChangeTime(from);
     std::optional<std::uint64_t> const target = ChangeTime(to);
+    bool const isMissing = !target && kvarn::MeansMissing(GetLastError());
     if (source && target && *source <= *target) {
         return true;
     }
-    return source && kvarn::CopyWhole(from.c_str(), to.c_str(), kvarn::Existing::replaced);
+    // One that cannot be looked at may be newer.
+    return source && (target || isMissing) && kvarn::CopyWhole(from.c_str(), to.c_str(), kvarn::Existing::replaced);
 }
 
 // False when a file failed; it does not stop the others.

@@ -184,6 +184,22 @@ TEST_F(BootstrapTest, TheSettingsFileIsCopiedLast) {
     EXPECT_TRUE(made.ends_with("rename Markvida.tmp\nrename Markvida.ini\n")) << made;
 }
 
+TEST_F(BootstrapTest, ATargetThatCannotBeLookedAtIsNotReplaced) {
+    InstallWithAllUsers();
+    EXPECT_EQ(Start(0), 0);
+    Write(User("Kvarnbok.par"), "B=1\r\n"); // newer
+    int looks = 0;
+    {
+        HostCalls const disk([&](HostCall const& call) {
+            bool const isTarget = call.name == "stat" && call.file == "Kvarnbok.par" && ++looks > 2;
+            return isTarget ? EIO : 0; // after the listing's and the source's
+        });
+        m_ini.AllUserFileCheck();
+    }
+    EXPECT_GT(looks, 2);
+    EXPECT_EQ(Read(User("Kvarnbok.par")), "B=1\r\n");
+}
+
 // The content that was read, with a time that is not of a later one.
 TEST_F(BootstrapTest, ASourceThatIsReplacedWhileItIsCopiedIsCopiedAgain) {
     InstallWithAllUsers();
