@@ -81,7 +81,8 @@ bool CopyNewer(std::string const& from, std::string const& to) {
         return true;
     }
     // One that cannot be looked at may be newer.
-    return source && (target || isMissing) && kvarn::CopyWhole(from.c_str(), to.c_str(), kvarn::Existing::replaced);
+    return source && (target || isMissing) &&
+           kvarn::CopyWhole(from.c_str(), to.c_str(), kvarn::Existing::replaced);
 }
 
 // False when a file failed; it does not stop the others.
