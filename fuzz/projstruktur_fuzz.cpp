@@ -90,9 +90,9 @@ class Varld {
         while (val.ini && (val.skapa || val.mappar) && kvarn::NextMapp(rader, rad)) {
             namn.emplace_back(rad);
         }
-        return (!val.skapa || kvarn::FileExists(projekt.c_str())) &&
+        return (!val.skapa || kvarn::IsThere(projekt.c_str())) &&
                std::all_of(namn.begin(), namn.end(),
-                           [&](std::string const& ett) { return Finns(ett); });
+                           [&](std::string const& ett) { return kvarn::IsThere((projekt + '\\' + ett).c_str()); });
     }
 
     Val val;
