@@ -24,6 +24,8 @@ bool NextKodpost(LineReader& lines, Kodpost& post);
 
 std::string KodpostLine(std::string_view kod, std::string_view text);
 
+inline constexpr int kodfilHeaderStars = 1; // which end it
+
 // Up to the header's star line, with it; all of a text without one.
 struct KodfilHeader {
     explicit KodfilHeader(LineReader& lines);

@@ -37,8 +37,8 @@ bool Begin(kvarn::WritePass& pass, char const* path, std::string const& lines) t
         return false;
     }
     kvarn::LineReader reader{std::string_view(*old)};
-    std::string const header = kvarn::InTextMode(kvarn::KodfilHeader(reader).text);
     std::string const records = kvarn::InTextMode(lines);
+    std::string const text = kvarn::InTextMode(kvarn::KodfilHeader(reader).text) + records;
 
     std::string const before = kvarn::TemporaryOf(path);
     bool const copied = kvarn::KeepCopy(path, before.c_str());
@@ -46,7 +46,7 @@ bool Begin(kvarn::WritePass& pass, char const* path, std::string const& lines) t
         return false;
     }
     bool const written =
-        kvarn::RewriteFile(path, copied ? header + records : records) == kvarn::Rewritten::done;
+        kvarn::RewriteFile(path, copied ? text : records) == kvarn::Rewritten::done;
     if (copied) {
         DeleteFileA(before.c_str());
     }
@@ -63,7 +63,7 @@ int CKvarnInst::KodfilDatRead(char* code, char* text) {
     if (pass.IsFree()) {
         pass.Open(kvarn::FirstFound(m_proj, m_ini, CProjPath::Kodfil));
         if (pass.File() != nullptr) {
-            kvarn::KodfilHeader const header(*pass.File());
+            kvarn::SkipStarLines(*pass.File(), kvarn::kodfilHeaderStars);
         }
     }
     kvarn::Kodpost post;

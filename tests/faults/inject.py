@@ -22,6 +22,7 @@ CHANGING = set("""write pwrite64 writev ftruncate fallocate fsync fdatasync rena
     utimensat copy_file_range sendfile""".split())
 LOOKING = set("""openat stat lstat newfstatat fstat statx access faccessat faccessat2 readlink read
     pread64 getdents64 lseek close""".split())  # openat and close change what is open for writing
+LONG_LINE, LITTLE_MEMORY = 40 << 20, 70 << 20  # bytes
 FAULTS = ["ENOSPC", "EIO", "EACCES", "ENOSPC+", "EIO+", "EACCES+"]  # +: from then on
 
 HOME = ["--home", r"C:\Kvarnbok", "--cfg", r"C:\Kvarnbok\Cfg"]
@@ -216,6 +217,8 @@ class Operation:
         yield "rights", "all", "others"
         for path in self.touched:
             folder = self.old[path][1] is None
+            if not short and not folder:
+                yield "memory", path, "line"
             if not short or path in self.changed or folder:
                 for rights in ["555", "0", "311"] if folder else ["444", "0", "222"]:
                     yield "rights", path, rights
@@ -267,8 +270,33 @@ class Operation:
             content = re.sub(rb"COPY(TO|FROM)=.*\r\n", b"", content)
         return mode if rights else stat.S_IFMT(mode), content
 
+    def judge_memory(self, path):
+        """A line that is nearly as long as the memory is large: the file with it is the old one, or
+        that of memory enough."""
+        def run(**how):
+            with open(f"{self.tree}/{path}", "ab") as file:
+                file.write(b"x" * LONG_LINE + b"\n")
+            before = os.stat(f"{self.tree}/{path}").st_size
+            done = self.run(**how)
+            after = look(self.tree)
+            self.reset(after)
+            return before, done, {each: self.state(after, each) for each in after}
+        _, _, new = run()
+        before, done, now = run(preexec_fn=lambda: resource.setrlimit(
+            resource.RLIMIT_AS, (LITTLE_MEMORY, LITTLE_MEMORY)))
+        broken = {}
+        if done.returncode < 0:
+            broken["false"] = "it crashed or hung"
+        if now.get(path) != new.get(path) and (
+                path not in now or len(now[path][1]) != before or done.returncode == 0
+                and self.promise != "silent"):
+            broken["lost"] = f"{path} is neither the old nor the new one"
+        return broken, done
+
     def judge(self, call, number, fault):
         """Injects a fault. Returns what it broke, at most one text of a kind; and the process."""
+        if call == "memory":
+            return self.judge_memory(number)
         result, done = self.inject(call, number, fault)
         after = look(self.tree)
         now, old, new = ({path: self.state(tree, path, call != "rights")
