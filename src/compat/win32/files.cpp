@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "foldernames.h"
 #include "hostfile.h"
 #include "paths.h"
 
@@ -339,7 +340,13 @@ BOOL SetFileAttributesA(LPCSTR path, DWORD attributes) {
 }
 
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES*) {
-    return Done(OnFoundPath(path, [](char const* folder) { return mkdir(folder, 0777); }));
+    return Done(OnFoundPath(path, [](char const* folder) {
+        int const made = mkdir(folder, 0777);
+        if (made == 0) {
+            kvarn::FolderMade(folder);
+        }
+        return made;
+    }));
 }
 
 BOOL DeleteFileA(LPCSTR path) {

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
-#include <dirent.h>
 #include <fcntl.h>
 #include <memory>
 #include <unistd.h>
 
 #include "../../text/codepage.h"
+#include "foldernames.h"
 
 namespace kvarn {
 namespace {
@@ -32,39 +32,6 @@ std::optional<bool> Exists(std::string const& hostPath) {
 std::string DrivesFolder() {
     std::string const drives = Environment("KVARNPROG_DRIVES");
     return drives.empty() ? UserDataFolder() + "/kvarnprog/drives" : drives;
-}
-
-// Tells most names apart without converting them: two that are the same but for case end alike, and
-// a letter has at most three bytes.
-bool MayBeSame(std::string_view entry, std::string_view name) {
-    char const last = entry.back();
-    bool const isAscii = static_cast<unsigned char>(last) < 0x80;
-    return entry.size() >= name.size() && entry.size() <= longestLetter * name.size() &&
-           (!isAscii || Upper1252(last) == Upper1252(name.back()));
-}
-
-// The first name in a folder, in the order of bytes, that differs from `name` in case alone; empty
-// when the folder has no such name, and nothing when it cannot be read.
-std::optional<std::string> FindWithoutCase(std::string const& folder, std::string_view name) {
-    struct Close {
-        void operator()(DIR* dir) const { closedir(dir); }
-    };
-    std::unique_ptr<DIR, Close> const dir(opendir(folder.empty() ? "." : folder.c_str()));
-    std::string best;
-    if (dir == nullptr) {
-        return NotThere(errno) ? std::optional(best) : std::nullopt;
-    }
-    for (errno = 0; dirent const* const entry = readdir(dir.get()); errno = 0) {
-        if (!MayBeSame(entry->d_name, name)) {
-            continue;
-        }
-        auto const found = FromUtf8(entry->d_name);
-        if (found && CompareNoCase1252(*found, name) == 0 &&
-            (best.empty() || best.compare(entry->d_name) > 0)) {
-            best = entry->d_name;
-        }
-    }
-    return errno == 0 ? std::optional(best) : std::nullopt;
 }
 
 bool IsSeparator(char c) {

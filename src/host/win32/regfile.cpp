@@ -1,7 +1,6 @@
 #include "regfile.h"
 
 #include <cstdint>
-#include <ctime>
 #include <filesystem>
 #include <mutex>
 #include <new>
@@ -10,6 +9,7 @@
 #include <sys/stat.h>
 
 #include "../../compat/win32/files.h"
+#include "../../compat/win32/filestamp.h"
 #include "../../compat/win32/hostfile.h"
 #include "../../compat/win32/paths.h"
 #include "../../compat/win32/turn.h"
@@ -26,38 +26,19 @@ std::string StorePath() {
     return name && !name->empty() ? std::string{registryDrive, ':'} + *name : "";
 }
 
-// Tells an unchanged file from a changed or another one. The time is that of the last change of any
-// kind (st_ctim), which no program can set back.
-struct Stamp {
-    bool operator==(Stamp const&) const = default;
-
-    dev_t device;
-    ino_t number;
-    off_t size;
-    std::int64_t changed;
-};
-
-std::int64_t Nanoseconds(timespec const& time) {
-    return time.tv_sec * std::int64_t{1'000'000'000} + time.tv_nsec;
-}
-
-// Nothing for a file that changed less than two seconds ago: a change that comes now might get the
-// same time, since the coarsest file systems count in steps of two seconds.
-std::optional<Stamp> StampOf(std::string const& path) {
-    constexpr std::int64_t longestStep = 2'000'000'000;
-    timespec now{};
+// Nothing for a file that may change now and keep its stamp.
+std::optional<FileStamp> StampOf(std::string const& path) {
+    std::int64_t const now = NanosecondsNow();
     struct stat status {};
-    if (clock_gettime(CLOCK_REALTIME, &now) != 0 || !FileStatus(path.c_str(), status)) {
-        return std::nullopt;
-    }
-    Stamp const stamp{status.st_dev, status.st_ino, status.st_size, Nanoseconds(status.st_ctim)};
-    return Nanoseconds(now) - stamp.changed > longestStep ? std::optional(stamp) : std::nullopt;
+    bool const known = FileStatus(path.c_str(), status);
+    FileStamp const stamp(status);
+    return known && stamp.IsSettled(now) ? std::optional(stamp) : std::nullopt;
 }
 
 // The file as it was read last.
 struct Memory {
     std::mutex inUse;
-    std::optional<Stamp> stamp; // nothing: its bytes must be read to tell
+    std::optional<FileStamp> stamp; // nothing: its bytes must be read to tell
     std::string bytes;
     RegStore store;
 };
@@ -69,7 +50,7 @@ Memory& LastRead() {
 
 // Null for a file that exists and cannot be read.
 RegStore const* Load(std::string const& path, Memory& memory) {
-    std::optional<Stamp> const stamp = StampOf(path); // before the file is read: it may change
+    std::optional<FileStamp> const stamp = StampOf(path); // before the file is read: it may change
     if (stamp && stamp == memory.stamp) {
         return &memory.store;
     }
