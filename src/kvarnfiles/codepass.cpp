@@ -1,5 +1,7 @@
 #include "codepass.h"
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <utility>
@@ -43,6 +45,11 @@ class CodePass {
 
 namespace {
 
+// A kind's place in NotRead.
+int FirstOf(PassKind kind) {
+    return static_cast<int>(kind);
+}
+
 // Null where the file cannot be opened that way.
 template <class Way, class... More>
 CodePass* Opened(PassKind kind, char const* path, More... more) {
@@ -79,8 +86,9 @@ void ClosePassOn(CodePass*& pass, char const* path) {
     }
 }
 
-ReadPass::ReadPass(CodePass*& pass, PassKind kind, CString* notRead, char const* caption)
-    : m_pass(pass), m_kind(kind), m_notRead(notRead[static_cast<int>(kind)]), m_caption(caption) {
+ReadPass::ReadPass(CodePass*& pass, PassKind kind, NotRead& notRead, char const* caption,
+                   int section)
+    : m_pass(pass), m_kind(kind), m_notRead(notRead[FirstOf(kind) + section]), m_caption(caption) {
     bool const ended = pass != nullptr && pass->IsClosed(); // by another holder
     bool const another =
         pass != nullptr && pass->As<TextReader>() != nullptr && pass->Kind() != kind;
@@ -118,7 +126,7 @@ bool ReadPass::NextLine(std::string_view& line) {
     return found;
 }
 
-void ReadPass::End(bool whole) {
+void ReadPass::End() {
     TextReader const* const file = File();
     if (file == nullptr) {
         return;
@@ -128,13 +136,16 @@ void ReadPass::End(bool whole) {
     ClosePass(m_pass);
     if (failed) {
         CannotRead(path.c_str());
-    } else if (whole && SamePath(path, m_notRead.GetString())) {
+    } else if (SamePath(path, m_notRead.GetString())) {
         m_notRead = "";
     }
 }
 
 bool WritePass::MayBegin(char const* path) const {
-    return !SamePath(path, m_notRead.GetString()) || !FileExists(path);
+    auto const isIt = [&](CString const& notRead) { return SamePath(path, notRead.GetString()); };
+    CString const* const first = m_notRead + FirstOf(m_kind);
+    CString const* const end = m_kind == PassKind::miljkod ? std::end(m_notRead) : first + 1;
+    return std::none_of(first, end, isIt) || !FileExists(path);
 }
 
 bool WritePass::Begin(char const* path) {

@@ -9,7 +9,11 @@
 
 namespace kvarn {
 
-enum class PassKind { kodfil, miljkod, linkod, stampel };
+enum class PassKind { kodfil, linkod, stampel, miljkod };
+
+// The files that could not be read to their end, by their paths, until they are: one for each kind,
+// and for each section of the last kind, whose sections are read by a pass each.
+using NotRead = CString[7];
 
 // Shared by the copies of an object, which see the end of a pass whoever ends it.
 class CodePass;
@@ -28,9 +32,9 @@ void ClosePassOn(CodePass*& pass, char const* path);
 // that writes is left alone, and nothing is read.
 class ReadPass {
   public:
-    // notRead has for each kind the path of the file that could not be read to its end, until it
-    // is. The caption is that of the box about such a file.
-    ReadPass(CodePass*& pass, PassKind kind, CString* notRead, char const* caption);
+    // The caption is that of the box about a file that cannot be read to its end.
+    ReadPass(CodePass*& pass, PassKind kind, NotRead& notRead, char const* caption,
+             int section = 0);
 
     // No pass is under way: Open comes first.
     bool IsFree() const { return m_pass == nullptr; }
@@ -43,8 +47,8 @@ class ReadPass {
     // where this pass is not under way.
     bool NextLine(std::string_view& line);
     // Closes the file where this pass is under way, after the message when it could not be read so
-    // far. whole: there is nothing more in it that this pass would read.
-    void End(bool whole = true);
+    // far.
+    void End();
 
   private:
     void CannotRead(char const* path);
@@ -60,8 +64,8 @@ class WritePass {
   public:
     // Does not begin to write the file that could not be read: what the caller has of it is not
     // all.
-    WritePass(CodePass*& pass, PassKind kind, CString const* notRead)
-        : m_pass(pass), m_kind(kind), m_notRead(notRead[static_cast<int>(kind)]) {}
+    WritePass(CodePass*& pass, PassKind kind, NotRead const& notRead)
+        : m_pass(pass), m_kind(kind), m_notRead(notRead) {}
 
     // Closes whatever is open, and empties the file that was found, or makes the title block that
     // the caller names; an empty path makes none. False when it cannot be opened.
@@ -79,7 +83,7 @@ class WritePass {
 
     CodePass*& m_pass;
     PassKind m_kind;
-    CString const& m_notRead;
+    NotRead const& m_notRead;
 };
 
 } // namespace kvarn

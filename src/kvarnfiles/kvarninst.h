@@ -240,5 +240,5 @@ class KVARNPROG_API CKvarnInst {
     kvarn::CodePass* m_fil = nullptr; // the pass under way
 
   private:
-    CString m_notRead[4]; // of each kind of pass the file that could not be read to its end
+    CString m_notRead[7]; // the files whose reading passes did not come to their end
 };

@@ -21,7 +21,9 @@ void ShowBadLine(std::string_view line) {
 } // namespace
 
 int CKvarnInst::MiljkodRead(int section, char* code, char* text, int* max, int* step) {
-    kvarn::ReadPass pass(m_fil, kvarn::PassKind::miljkod, m_notRead, readCaption);
+    bool const exists = section >= 0 && section < kvarn::miljkodSections;
+    kvarn::ReadPass pass(m_fil, kvarn::PassKind::miljkod, m_notRead, readCaption,
+                         exists ? section : 0);
     if (pass.IsFree()) {
         pass.Open(kvarn::FirstFound(m_proj, m_ini, CProjPath::Miljkod));
         if (pass.File() != nullptr) {
@@ -33,7 +35,7 @@ int CKvarnInst::MiljkodRead(int section, char* code, char* text, int* max, int* 
                           ? kvarn::NextMiljkod(*pass.File(), withLimits, ShowBadLine)
                           : std::nullopt;
     if (!post) {
-        pass.End(section == kvarn::miljkodClasses);
+        pass.End();
         return -1;
     }
     kvarn::PutText(code, post->kod);

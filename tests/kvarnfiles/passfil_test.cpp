@@ -277,13 +277,16 @@ TEST_F(PassTest, AReadThatFailsIsToldAndBarsTheWritingUntilAllIsRead) {
     begin();
     EXPECT_EQ(Boxes::Shown().size(), 8U);
     EXPECT_EQ(copy.LinkodWrite(1, "", "", "", "", ""), 0);
-    EXPECT_EQ(m_inst.MiljkodRead(2, m_kod, m_text, nullptr, nullptr), -1); // not all of the file
+    for (int const another : {2, 3}) { // not the section that was not read
+        EXPECT_EQ(m_inst.MiljkodRead(another, m_kod, m_text, nullptr, nullptr), -1);
+    }
     WriteMiljkod(1);
     for (std::size_t i = 0; i < before.size(); ++i) {
         EXPECT_EQ(Read(names[i]), before[i]);
     }
     Boxes::Shown().clear();
-    EXPECT_EQ(m_inst.MiljkodRead(3, m_kod, m_text, nullptr, nullptr), -1);
+    while (ReadMiljkod(m_inst) == 0) {
+    }
     for (int again = 0; ReadKodfil(m_inst) == 0 || again < 1; ++again) {
     }
     while (ReadLinkod(m_inst) == 1) {
