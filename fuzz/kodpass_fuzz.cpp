@@ -104,11 +104,12 @@ struct Objekt {
 
     // The file that a pass would take, by folder and name; empty: none.
     std::string Fil(Anrop const& anrop) const {
-        static char const* const namn[] = {"KODFIL.DAT", "MILJKOD.DAT", "LINKOD.PAR"};
         if (anrop.slag == Slag::stampel) {
             return anrop.fil;
         }
-        std::string const fil = namn[static_cast<std::size_t>(anrop.slag)];
+        std::string const fil = anrop.slag == Slag::kodfil    ? "KODFIL.DAT"
+                                : anrop.slag == Slag::miljkod ? "MILJKOD.DAT"
+                                                              : "LINKOD.PAR";
         for (char const mapp : Mappar::alla) {
             bool const anvand = mapp == 'p' ? inst.m_proj != nullptr : inst.m_ini != nullptr;
             if (anvand && std::filesystem::exists(mappar.Fil(mapp, fil))) {
@@ -247,7 +248,7 @@ class Varld {
         bool const skriver = objekt.Skriver() && objekt.pass->slag == anrop.slag;
         Check(result == (borjar || kodfil || skriver ? 0 : -1), "the stated result");
         std::string const egen = skriver ? objekt.pass->fil : "";
-        int const slut[] = {2, 7, 5, 3};
+        int const slut[] = {2, 5, 3, 7};
         if (int const lage = slut[static_cast<int>(anrop.slag)];
             skriver && (anrop.lage == lage || (kodfil && anrop.lage > lage))) {
             objekt.Stang();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <span>
 #include <string>
 #include <utility>
 #include <variant>
@@ -109,7 +110,7 @@ bool ReadPass::Open(char const* path) {
 }
 
 void ReadPass::CannotRead(char const* path) {
-    m_notRead = path;
+    m_notRead = FileExists(path) ? path : "";
     kvarn::CannotRead(path, m_caption);
 }
 
@@ -141,11 +142,15 @@ void ReadPass::End() {
     }
 }
 
+std::span<CString> WritePass::NotReadOfKind() const {
+    CString* const first = m_notRead + FirstOf(m_kind);
+    return {first, m_kind == PassKind::miljkod ? std::end(m_notRead) : first + 1};
+}
+
 bool WritePass::MayBegin(char const* path) const {
-    auto const isIt = [&](CString const& notRead) { return SamePath(path, notRead.GetString()); };
-    CString const* const first = m_notRead + FirstOf(m_kind);
-    CString const* const end = m_kind == PassKind::miljkod ? std::end(m_notRead) : first + 1;
-    return std::none_of(first, end, isIt) || !FileExists(path);
+    auto const notRead = NotReadOfKind();
+    auto const isIt = [&](CString const& file) { return SamePath(path, file.GetString()); };
+    return std::none_of(notRead.begin(), notRead.end(), isIt) || !FileExists(path);
 }
 
 bool WritePass::Begin(char const* path) {
@@ -163,7 +168,13 @@ bool WritePass::BeginAtEnd(char const* path) {
 
 bool WritePass::Open(char const* path, Writes writes) {
     m_pass = Opened<TextWriter>(m_kind, path, writes);
-    return m_pass != nullptr;
+    if (m_pass == nullptr) {
+        return false;
+    }
+    for (CString& file : NotReadOfKind()) { // what is in the file from now on is the caller's
+        file = "";
+    }
+    return true;
 }
 
 bool WritePass::IsUnderWay() const {

@@ -2,6 +2,7 @@
 // and which way it goes. What happens to a pass that another call meets is decided here.
 #pragma once
 
+#include <span>
 #include <string_view>
 
 #include "../files/textfil.h"
@@ -64,7 +65,7 @@ class WritePass {
   public:
     // Does not begin to write the file that could not be read: what the caller has of it is not
     // all.
-    WritePass(CodePass*& pass, PassKind kind, NotRead const& notRead)
+    WritePass(CodePass*& pass, PassKind kind, NotRead& notRead)
         : m_pass(pass), m_kind(kind), m_notRead(notRead) {}
 
     // Closes whatever is open, and empties the file that was found, or makes the title block that
@@ -80,10 +81,11 @@ class WritePass {
 
   private:
     bool Open(char const* path, Writes writes);
+    std::span<CString> NotReadOfKind() const;
 
     CodePass*& m_pass;
     PassKind m_kind;
-    NotRead const& m_notRead;
+    NotRead& m_notRead;
 };
 
 } // namespace kvarn

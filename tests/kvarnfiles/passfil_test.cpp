@@ -297,6 +297,26 @@ TEST_F(PassTest, AReadThatFailsIsToldAndBarsTheWritingUntilAllIsRead) {
     EXPECT_TRUE(Boxes::Shown().empty());
 }
 
+TEST_F(PassTest, AFileThatWasMissingIsTheCallersOwn) {
+    Boxes const boxes;
+    std::string const ny = Api("NY.PAR");
+    auto const writeTwice = [&] {
+        for (int again = 0; again < 2; ++again) {
+            EXPECT_EQ((Results{WriteStampel(1, ny), WriteStampel(2, ny), WriteStampel(3, ny)}),
+                      (Results{0, 0, 0}));
+        }
+    };
+    EXPECT_EQ(ReadStampel(ny), -1);
+    writeTwice();
+    {
+        HostCalls const disk([](HostCall const& call) { return call.name == "read" ? EIO : 0; });
+        EXPECT_EQ(ReadStampel(ny), 0);
+    }
+    std::filesystem::remove(m_folder / "projekt/NY.PAR");
+    writeTwice();
+    EXPECT_EQ(Boxes::Shown().size(), 2U); // of the two reads
+}
+
 // Nor is the shared copy, when the host does not tell whether the project has one.
 TEST_F(PassTest, AFailedLookIsNotTakenForAMissingFile) {
     Boxes const boxes;
