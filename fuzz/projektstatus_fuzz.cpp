@@ -113,7 +113,7 @@ class Par {
         m_modell.insert(forst ? m_modell.begin() : m_modell.end(), tom ? Post{0, ""} : ny);
     }
     void Find(std::string const& text) {
-        std::string const sokt = text.c_str();
+        std::string const sokt = text.substr(0, text.find('\0'));
         auto const post = std::find_if(m_modell.begin(), m_modell.end(), [&](Post const& p) {
             return kvarn::SameText(p.text, sokt);
         });

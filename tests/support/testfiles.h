@@ -46,10 +46,7 @@ inline std::vector<std::string> NamesIn(std::filesystem::path const& folder) {
 
 class TestFolder {
   public:
-    TestFolder() {
-        static std::atomic<int> serial = 0;
-        m_path = std::filesystem::temp_directory_path() /
-                 ("kvarnprog-" + std::to_string(ProcessNumber()) + "-" + std::to_string(++serial));
+    TestFolder() : m_path(NextPath()) {
         std::filesystem::remove_all(m_path); // of an earlier process with this number
         std::filesystem::create_directories(m_path);
     }
@@ -73,5 +70,11 @@ class TestFolder {
     std::vector<std::string> Names() const { return NamesIn(m_path); }
 
   private:
+    static std::filesystem::path NextPath() {
+        static std::atomic<int> serial = 0;
+        return std::filesystem::temp_directory_path() /
+               ("kvarnprog-" + std::to_string(ProcessNumber()) + "-" + std::to_string(++serial));
+    }
+
     std::filesystem::path m_path;
 };
