@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "../files/filesearch.h"
 #include "../host/calls.h"
 #include "../text/format.h"
 #include "../text/letters.h"
@@ -13,30 +14,6 @@
 template class KVARNPROG_LIST_DEFINE list0<dirsorttype>;
 
 namespace {
-
-// A search of a folder, closed with its scope.
-class Search {
-  public:
-    explicit Search(char const* pattern) : m_search(FindFirstFileA(pattern, &m_entry)) {
-        m_found = m_search != INVALID_HANDLE_VALUE;
-    }
-    ~Search() {
-        if (m_search != INVALID_HANDLE_VALUE) {
-            FindClose(m_search);
-        }
-    }
-    Search(Search const&) = delete;
-    Search& operator=(Search const&) = delete;
-
-    bool Found() const { return m_found; }
-    void Next() { m_found = FindNextFileA(m_search, &m_entry) != FALSE; }
-    WIN32_FIND_DATAA const& Entry() const { return m_entry; }
-
-  private:
-    WIN32_FIND_DATAA m_entry{};
-    HANDLE m_search;
-    bool m_found;
-};
 
 // The extension that names must end in; empty when any will do. FindFirstFile compares short names
 // too, so that "*.DBF" finds X.DBFX by X~1.DBF.
@@ -111,7 +88,7 @@ int CDirSort::Init(char const* pattern, int key, int clear, int mode, int folder
         Delete();
     }
     std::string_view const extension = Extension(pattern);
-    for (Search search(pattern); search.Found(); search.Next()) {
+    for (kvarn::FileSearch search(pattern); search.Found(); search.Next()) {
         WIN32_FIND_DATAA const& entry = search.Entry();
         bool const folder = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
         if (!EndsIn(entry.cFileName, extension) || (folder && folders != 1)) {

@@ -6,6 +6,10 @@
 #include "../export.h"
 #include "../host/host.h"
 
+namespace kvarn {
+struct RegistryResult; // tells the library whether a value is missing or could not be read
+}
+
 // A root key and the path of a key below it. Every read and write opens the key, does one thing and
 // closes it: no key stays open between calls.
 //
@@ -106,6 +110,8 @@ class KVARNPROG_API CRegistry {
     int WriteFont(CString name, CFont* font);
 
   private:
+    friend struct kvarn::RegistryResult;
+
     int MakeKey(CString const& path, REGSAM access);
     void Flush(HKEY key);
     int Count(bool values);

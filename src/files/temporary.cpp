@@ -11,6 +11,7 @@
 
 #include "../compat/calls.h"
 #include "../text/text.h"
+#include "filesearch.h"
 #include "filetime.h"
 #include "outfile.h"
 #include "pathparts.h"
@@ -106,18 +107,13 @@ void SweepBeside(std::string const& target) {
     }
     std::string const name = target.substr(target.find_last_of("\\/:") + 1);
     std::string const folder = target.substr(0, target.size() - name.size());
-    WIN32_FIND_DATAA file{};
-    HANDLE const search = FindFirstFileA((target + ".*-*.tmp").c_str(), &file);
-    bool found = search != INVALID_HANDLE_VALUE;
-    for (; found; found = FindNextFileA(search, &file) != FALSE) {
+    for (FileSearch search((target + ".*-*.tmp").c_str()); search.Found(); search.Next()) {
+        WIN32_FIND_DATAA const& file = search.Entry();
         auto const maker = MakerOf(file.cFileName);
         if (maker && SameText(maker->target, name) &&
             (!Lives(maker->process) || IsOlderThanADay(file))) {
             Delete(folder + file.cFileName);
         }
-    }
-    if (search != INVALID_HANDLE_VALUE) {
-        FindClose(search);
     }
 }
 

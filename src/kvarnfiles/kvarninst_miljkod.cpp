@@ -90,6 +90,7 @@ int CKvarnInst::MiljkodUppdatX() {
         }
         sections = kvarn::WithObligatoryMiljkod(file, ShowBadLine);
         if (file.Failed()) {
+            kvarn::CannotRead(path, readCaption);
             return 0;
         }
     }

@@ -40,7 +40,9 @@ class Locations {
 
     // The user's settings folder.
     std::string Own() const {
-        return kvarn::PathOf(kvarn::PathOf(ProgramFolder(kvarn::UserData()), m_release), m_program);
+        return kvarn::PathOf(
+            kvarn::PathOf(ProgramFolder(kvarn::UserData().value_or(kvarn::missingText)), m_release),
+            m_program);
     }
     std::string Shared() const {
         return kvarn::PathOf(ProgramFolder(kvarn::SharedData()), m_program);
@@ -88,8 +90,9 @@ bool CopyNewer(std::string const& from, std::string const& to) {
 // False when a file failed; it does not stop the others.
 template <class Condition>
 bool CopyNewer(std::string const& from, std::string const& to, Condition wanted) {
-    bool all = true;
-    for (std::string const& name : kvarn::FilesIn(from, filledMark)) {
+    kvarn::Files const files = kvarn::FilesIn(from, filledMark);
+    bool all = files.all;
+    for (std::string const& name : files.names) {
         std::string capitals = name;
         ToUpperNordic(capitals.data());
         if (wanted(capitals)) {

@@ -1,12 +1,21 @@
 #include "installation.h"
 
 #include <algorithm>
+#include <utility>
 
-#include "../core/dirsort.h"
 #include "../core/registry.h"
+#include "../files/existence.h"
+#include "../files/filesearch.h"
 #include "../files/pathparts.h"
 #include "../files/temporary.h"
 #include "../text/text.h"
+
+struct kvarn::RegistryResult {
+    static bool IsKnown(CRegistry const& registry) {
+        auto const error = static_cast<DWORD>(registry.m_lastError);
+        return error == ERROR_SUCCESS || MeansMissing(error);
+    }
+};
 
 namespace kvarn {
 namespace {
@@ -15,6 +24,16 @@ namespace {
 constexpr char const* shellFolders =
     "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
 
+// A text of the registry, or the default; nothing when the registry does not tell.
+std::optional<std::string> LookUp(HKEY root, char const* key, char const* name,
+                                  char const* standard) {
+    CRegistry registry;
+    registry.SetRootKey(root);
+    bool const found = registry.SetKey(key, 0, KEY_READ) != 0;
+    std::string text = found ? registry.ReadString(name, standard).GetString() : standard;
+    return RegistryResult::IsKnown(registry) ? std::optional(std::move(text)) : std::nullopt;
+}
+
 } // namespace
 
 bool IsMissing(std::string_view value) {
@@ -22,36 +41,31 @@ bool IsMissing(std::string_view value) {
 }
 
 std::string ReadRegistry(HKEY root, char const* key, char const* name, char const* standard) {
-    CRegistry registry;
-    registry.SetRootKey(root);
-    bool const found = registry.SetKey(key, 0, KEY_READ) != 0;
-    return found ? registry.ReadString(name, standard).GetString() : standard;
+    return LookUp(root, key, name, standard).value_or(standard);
 }
 
-std::string UserData() {
-    return ReadRegistry(HKEY_CURRENT_USER, shellFolders, "Appdata");
+std::optional<std::string> UserData() {
+    return LookUp(HKEY_CURRENT_USER, shellFolders, "Appdata", missingText);
 }
 
 std::string SharedData() {
     return ReadRegistry(HKEY_LOCAL_MACHINE, shellFolders, "Common Appdata");
 }
 
-std::vector<std::string> FilesIn(std::string const& folder, char const* last) {
-    constexpr int unsorted = 0;
-    constexpr int emptyFirst = 1;
-    constexpr int mode = 0;
-    constexpr int withoutFolders = 0;
-    CDirSort list;
-    list.Init(PathOf(folder, "*.*").c_str(), unsorted, emptyFirst, mode, withoutFolders);
-    std::vector<std::string> names;
-    for (bool found = list.Home() == 0; found; found = list++ != nullptr) {
-        if (char const* const name = list.Get_aktel()->namn; !IsTemporary(name)) {
-            names.emplace_back(name);
+Files FilesIn(std::string const& folder, char const* last) {
+    Files files;
+    FileSearch search(PathOf(folder, "*.*").c_str());
+    for (; search.Found(); search.Next()) {
+        WIN32_FIND_DATAA const& file = search.Entry();
+        bool const isFolder = (file.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        if (!isFolder && !IsTemporary(file.cFileName)) {
+            files.names.emplace_back(file.cFileName);
         }
     }
-    std::stable_partition(names.begin(), names.end(),
+    files.all = !search.Failed();
+    std::stable_partition(files.names.begin(), files.names.end(),
                           [&](std::string const& one) { return !SameText(one, last); });
-    return names;
+    return files;
 }
 
 } // namespace kvarn

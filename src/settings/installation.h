@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,13 +23,18 @@ bool IsMissing(std::string_view value);
 std::string ReadRegistry(HKEY root, char const* key, char const* name,
                          char const* standard = missingText);
 
-// The folders of the user's and of all users' application data, from the registry.
-std::string UserData();
+// The folders of the user's and of all users' application data, from the registry; nothing when it
+// does not tell whether it has the user's.
+std::optional<std::string> UserData();
 std::string SharedData();
 
 // The names of a folder's files, but for those that are being written. The file whose presence
 // marks a filled folder comes last, so that a folder whose copying was cut short is filled at the
 // next start.
-std::vector<std::string> FilesIn(std::string const& folder, char const* last);
+struct Files {
+    std::vector<std::string> names;
+    bool all; // false when the folder could not be read to its end
+};
+Files FilesIn(std::string const& folder, char const* last);
 
 } // namespace kvarn

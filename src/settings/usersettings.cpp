@@ -26,8 +26,9 @@ bool CopyOne(std::string const& from, std::string const& to) {
 // when a file failed; it does not stop the others.
 bool CopyAll(std::string const& from, std::string const& to, std::string const& ini,
              Existing existing) {
-    bool all = true;
-    for (std::string const& name : FilesIn(from, iniName)) {
+    Files const files = FilesIn(from, iniName);
+    bool all = files.all;
+    for (std::string const& name : files.names) {
         std::string const target = SameText(name, iniName) ? ini : PathOf(to, name);
         bool const kept = existing == Existing::kept && FileExists(target.c_str());
         all = (kept || CopyOne(PathOf(from, name), target)) && all;
@@ -47,10 +48,11 @@ std::string WithOlderName(std::string text) {
 }
 
 // The user's application data: the registry's text, else the shell's answer, which makes the
-// folder.
+// folder; empty when the registry does not tell.
 std::string DataFolder() {
-    std::string data(Trimmed(UserData()));
-    if (!data.empty() && !IsMissing(data)) {
+    std::optional<std::string> const known = UserData();
+    std::string const data(Trimmed(known.value_or("")));
+    if (!known || (!data.empty() && !IsMissing(data))) {
         return data;
     }
     char folder[MAX_PATH] = "";

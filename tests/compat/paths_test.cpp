@@ -48,7 +48,7 @@ TEST_F(PathsTest, NamesAreFoundWithoutRegardToCase) {
 
 // A folder that was read is remembered, and read again when it has changed.
 TEST_F(PathsTest, NamesThatComeAndGoAreSeen) {
-    auto const anotherProgram = [this](auto change) {
+    auto const anotherProgram = [](auto change) {
         std::this_thread::sleep_for(std::chrono::milliseconds(20)); // a step of the file times
         change();
     };

@@ -126,9 +126,11 @@ TEST_F(KodfilerTest, TheProjectsFileThenTheShared) {
 
 TEST_F(KodfilerTest, MiljkodReads) {
     std::string const head = "rubrik\n*\nnoll\n*\n";
+    char const* const klass = "FK Föroreningsklass max=6 steg=1"_1252;
+    char const* const klassRead = "FK/Föroreningsklass/6/1"_1252;
     // read: as section 3
     std::pair<std::string, std::string> const cases[] = {
-        {"FK Föroreningsklass max=6 steg=1"_1252, "FK/Föroreningsklass/6/1"_1252},
+        {klass, klassRead},
         {"FK", "FK//100/20"},
         {"  FK \t text  ", "FK/text/100/20"},
         {"A klass max=0 steg=0", "A/klass/0/20"},

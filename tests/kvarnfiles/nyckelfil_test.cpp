@@ -11,7 +11,8 @@ std::string const key39(39, 'K');
 std::string const key40(40, 'K');
 
 std::string Value(std::size_t length) {
-    return std::string(length, 'v');
+    std::string const value(length, 'v');
+    return value;
 }
 
 // Both classes on the file "fil" of a folder.

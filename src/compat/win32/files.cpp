@@ -18,38 +18,11 @@
 using kvarn::Descriptor;
 using kvarn::FileStatus;
 using kvarn::ToHandle;
+using kvarn::WindowsError;
 
 namespace {
 
 thread_local DWORD lastError = ERROR_SUCCESS;
-
-// The library asks for these alone; every other error is a general failure.
-DWORD WindowsError(int error) {
-    switch (error) {
-    case ENOENT:
-        return ERROR_FILE_NOT_FOUND;
-    case ENOTDIR:
-        return ERROR_PATH_NOT_FOUND;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case EISDIR:
-    case ETXTBSY:
-        return ERROR_ACCESS_DENIED;
-    case EEXIST:
-        return ERROR_ALREADY_EXISTS;
-    case EBADF:
-        return ERROR_INVALID_HANDLE;
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-        return ERROR_DISK_FULL;
-    case ENAMETOOLONG:
-        return ERROR_INVALID_NAME;
-    default:
-        return ERROR_GEN_FAILURE;
-    }
-}
 
 // The result of a Windows call from that of a host call that fails with -1.
 BOOL Done(long hostResult) {
@@ -158,6 +131,34 @@ int Rename(char const* from, char const* to, bool replaces) {
 }
 
 } // namespace
+
+// The library asks for these alone.
+DWORD kvarn::WindowsError(int error) {
+    switch (error) {
+    case ENOENT:
+        return ERROR_FILE_NOT_FOUND;
+    case ENOTDIR:
+        return ERROR_PATH_NOT_FOUND;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case EISDIR:
+    case ETXTBSY:
+        return ERROR_ACCESS_DENIED;
+    case EEXIST:
+        return ERROR_ALREADY_EXISTS;
+    case EBADF:
+        return ERROR_INVALID_HANDLE;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return ERROR_DISK_FULL;
+    case ENAMETOOLONG:
+        return ERROR_INVALID_NAME;
+    default:
+        return ERROR_GEN_FAILURE;
+    }
+}
 
 bool kvarn::FileStatus(LPCSTR path, struct stat& status) {
     return Done(OnPath(path, [&](char const* host) { return stat(host, &status); })) != FALSE;

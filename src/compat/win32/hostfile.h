@@ -20,6 +20,9 @@ inline int Descriptor(HANDLE handle) {
 bool FileStatus(LPCSTR path, struct stat& status);
 bool FileStatus(HANDLE file, struct stat& status);
 
+// The error of GetLastError for a host's (errno); a general failure for most.
+DWORD WindowsError(int error);
+
 // As GetFileAttributes returns them.
 DWORD Attributes(struct stat const& status);
 

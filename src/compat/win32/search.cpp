@@ -7,6 +7,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
@@ -138,11 +139,12 @@ struct FolderSearch {
     std::size_t next = 0;
 };
 
-std::vector<Found> Entries(std::string const& folder, std::string const& pattern) {
+// Nothing when the folder cannot be read; errno tells why.
+std::optional<std::vector<Found>> Entries(std::string const& folder, std::string const& pattern) {
     std::vector<Found> found;
     DIR* const directory = opendir(folder.c_str());
     if (directory == nullptr) {
-        return found;
+        return std::nullopt;
     }
     for (errno = 0; dirent const* const entry = readdir(directory); errno = 0) {
         std::string const hostName = entry->d_name;
@@ -152,10 +154,12 @@ std::vector<Found> Entries(std::string const& folder, std::string const& pattern
             found.push_back({*name, hostName, entry->d_type == DT_DIR});
         }
     }
-    if (errno != 0) {
-        found.clear(); // a part of a folder is not told as the whole
-    }
+    int const error = errno;
     closedir(directory);
+    if (error != 0) { // a part of a folder is not told as the whole
+        errno = error;
+        return std::nullopt;
+    }
     std::sort(found.begin(), found.end(), [](Found const& a, Found const& b) {
         bool const aDots = a.name == "." || a.name == "..";
         bool const bDots = b.name == "." || b.name == "..";
@@ -213,7 +217,12 @@ HANDLE FindFirstFileA(LPCSTR pattern, WIN32_FIND_DATAA* entry) {
     std::size_t const nameAt = separator == std::string_view::npos ? drive : separator + 1;
     auto search = std::make_unique<FolderSearch>();
     search->folder = nameAt > 0 ? kvarn::HostPath(path.substr(0, nameAt)) : ".";
-    search->found = Entries(search->folder, std::string(path.substr(nameAt)));
+    auto found = Entries(search->folder, std::string(path.substr(nameAt)));
+    if (!found) {
+        SetLastError(kvarn::WindowsError(errno));
+        return INVALID_HANDLE_VALUE;
+    }
+    search->found = *std::move(found);
     if (FindNextFileA(search.get(), entry) == FALSE) {
         SetLastError(ERROR_FILE_NOT_FOUND);
         return INVALID_HANDLE_VALUE;

@@ -23,7 +23,7 @@ std::vector<Copy> PlacesOf(Context const& context, std::string const& name) {
 std::optional<Copy> InForce(Context const& context, std::string const& name) {
     for (Copy& copy : PlacesOf(context, name)) {
         if (Exists(copy.path)) {
-            return std::optional(std::move(copy));
+            return {std::move(copy)};
         }
     }
     return std::nullopt;
