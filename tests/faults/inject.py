@@ -202,7 +202,7 @@ class Operation:
         restore(self.tree, self.old, found)
 
     def injections(self, short):
-        few = max(4, len(self.calls) // 25)
+        few = max(6, len(self.calls) // 16)
         for index, (call, number, changes) in enumerate(self.calls):
             faults = [FAULTS[index // few % 6]] if short and (changes or index % few == 0) else \
                 [] if short else FAULTS
