@@ -64,7 +64,8 @@ bool Lives(DWORD process) {
 
 // Another process may have got the number of one that was killed.
 bool IsOlderThanADay(WIN32_FIND_DATAA const& file) {
-    constexpr std::uint64_t day = 24 * 60 * 60 * ticksPerSecond;
+    constexpr std::uint64_t seconds = std::uint64_t{24} * 60 * 60;
+    constexpr std::uint64_t day = seconds * ticksPerSecond;
     FILETIME now{};
     GetSystemTimeAsFileTime(&now);
     return Ticks(file.ftLastWriteTime) + day < Ticks(now);

@@ -51,7 +51,7 @@ std::string WithOlderName(std::string text) {
 // folder; empty when the registry does not tell.
 std::string DataFolder() {
     std::optional<std::string> const known = UserData();
-    std::string const data(Trimmed(known.value_or("")));
+    std::string data(Trimmed(known.value_or("")));
     if (!known || (!data.empty() && !IsMissing(data))) {
         return data;
     }
