@@ -11,7 +11,7 @@ std::string const key39(39, 'K');
 std::string const key40(40, 'K');
 
 std::string Value(std::size_t length) {
-    std::string const value(length, 'v');
+    std::string value(length, 'v');
     return value;
 }
 
