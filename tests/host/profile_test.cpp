@@ -107,30 +107,6 @@ TEST_F(ProfileTest, WithoutAKeyTheWholeSectionIsRemoved) {
     EXPECT_FALSE(std::filesystem::exists(m_folder / m_name));
 }
 
-// By a process of its own: each of many counts up a key of its own.
-TEST(ProfileChild, DISABLED_Counts) {
-    char const* const path = std::getenv("KVARNPROG_TEST_FILE");
-    std::string const key = "K" + std::to_string(ProcessNumber());
-    for (int i = 1; i <= 50; ++i) {
-        ASSERT_NE(WritePrivateProfileStringA("S", key.c_str(), std::to_string(i).c_str(), path),
-                  FALSE);
-    }
-}
-
-TEST_F(ProfileTest, ManyAtOnceLoseNoUpdate) {
-    File("[S]\r\nA=1\r\n");
-    SetVariable("KVARNPROG_TEST_FILE", Path());
-    {
-        Child one("ProfileChild.*");
-        Child other("ProfileChild.*");
-        EXPECT_EQ(one.Wait() + other.Wait(), 0);
-    }
-    std::string const text = Bytes();
-    std::size_t const first = text.find("=50\r\n");
-    EXPECT_NE(first, std::string::npos);
-    EXPECT_NE(text.find("=50\r\n", first + 1), std::string::npos) << text;
-}
-
 #if !defined(_WIN32)
 
 TEST_F(ProfileTest, AFileThatCannotBeReadIsNotOverwritten) {
@@ -146,6 +122,31 @@ TEST_F(ProfileTest, AFileThatCannotBeReadIsNotOverwritten) {
 }
 
 // From here on what Wine does otherwise.
+
+// By a process of its own: each of many counts up a key of its own.
+TEST(ProfileChild, DISABLED_Counts) {
+    char const* const path = std::getenv("KVARNPROG_TEST_FILE");
+    std::string const key = "K" + std::to_string(ProcessNumber());
+    for (int i = 1; i <= 50; ++i) {
+        ASSERT_NE(WritePrivateProfileStringA("S", key.c_str(), std::to_string(i).c_str(), path),
+                  FALSE);
+    }
+}
+
+// Wine loses one now and then.
+TEST_F(ProfileTest, ManyAtOnceLoseNoUpdate) {
+    File("[S]\r\nA=1\r\n");
+    SetVariable("KVARNPROG_TEST_FILE", Path());
+    {
+        Child one("ProfileChild.*");
+        Child other("ProfileChild.*");
+        EXPECT_EQ(one.Wait() + other.Wait(), 0);
+    }
+    std::string const text = Bytes();
+    std::size_t const first = text.find("=50\r\n");
+    EXPECT_NE(first, std::string::npos);
+    EXPECT_NE(text.find("=50\r\n", first + 1), std::string::npos) << text;
+}
 
 // Wine drops blank lines, and adds a key after the comments.
 TEST_F(ProfileTest, ANewKeyFollowsTheLastKeyOfItsSection) {
