@@ -91,8 +91,9 @@ class Varld {
             namn.emplace_back(rad);
         }
         return (!val.skapa || kvarn::IsThere(projekt.c_str())) &&
-               std::all_of(namn.begin(), namn.end(),
-                           [&](std::string const& ett) { return kvarn::IsThere((projekt + '\\' + ett).c_str()); });
+               std::all_of(namn.begin(), namn.end(), [&](std::string const& ett) {
+                   return kvarn::IsThere((projekt + '\\' + ett).c_str());
+               });
     }
 
     Val val;
