@@ -41,7 +41,7 @@ if(KVARNPROG_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link
         "-fsanitize-coverage-ignorelist=${CMAKE_CURRENT_LIST_DIR}/../fuzz/coverage-ignore.txt")
     if(KVARNPROG_FUZZ_FAST)
-        # Nor what it compares: a third of the time.
+        # What an input is compared with is not watched: that takes a third of the time.
         add_compile_options(-fno-sanitize-coverage=trace-cmp,indirect-calls,stack-depth)
     else()
         add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all)

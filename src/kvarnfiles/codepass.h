@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "../files/textfil.h"
+#include "../formats/miljkod.h"
 #include "../host/host.h"
 
 namespace kvarn {
@@ -14,7 +15,7 @@ enum class PassKind { kodfil, linkod, stampel, miljkod };
 
 // The files that could not be read to their end, by their paths, until they are: one for each kind,
 // and for each section of the last kind, whose sections are read by a pass each.
-using NotRead = CString[7];
+using NotRead = CString[3 + miljkodSections];
 
 // Shared by the copies of an object, which see the end of a pass whoever ends it.
 class CodePass;

@@ -8,12 +8,14 @@
 #include "../files/filesearch.h"
 #include "../files/pathparts.h"
 #include "../files/temporary.h"
+#include "../host/calls.h"
 #include "../text/text.h"
 
 struct kvarn::RegistryResult {
+    // A text that is too long counts as none.
     static bool IsKnown(CRegistry const& registry) {
         auto const error = static_cast<DWORD>(registry.m_lastError);
-        return error == ERROR_SUCCESS || MeansMissing(error);
+        return error == ERROR_SUCCESS || error == ERROR_MORE_DATA || MeansMissing(error);
     }
 };
 

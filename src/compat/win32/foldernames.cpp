@@ -2,18 +2,17 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <cstdint>
-#include <ctime>
-#include <dirent.h>
 #include <list>
-#include <memory>
 #include <mutex>
 #include <sys/stat.h>
 #include <unordered_map>
+#include <utility>
 
 #include "../../text/codepage.h"
 #include "filestamp.h"
-#include "paths.h"
+#include "hostfolder.h"
 
 namespace kvarn {
 namespace {
@@ -27,21 +26,12 @@ std::string Small(std::string_view name) {
 // A folder's names in code page 1252; any other cannot be asked for.
 class Listing {
   public:
-    // Nothing when the folder cannot be read.
-    static std::optional<Listing> Of(std::string const& folder) {
-        struct Close {
-            void operator()(DIR* dir) const { closedir(dir); }
-        };
-        std::unique_ptr<DIR, Close> const dir(opendir(folder.c_str()));
-        struct stat status {};
-        if (dir == nullptr || fstat(dirfd(dir.get()), &status) != 0) {
-            return std::nullopt;
-        }
-        Listing listing{FileStamp(status)};
-        for (errno = 0; dirent const* const entry = readdir(dir.get()); errno = 0) {
-            listing.Add(entry->d_name);
-        }
-        return errno == 0 ? std::optional(std::move(listing)) : std::nullopt;
+    // Nothing when the folder cannot be read; errno tells why. The stamp is of before the reading.
+    static std::optional<Listing> Of(char const* folder, FileStamp const& stamp) {
+        Listing listing(stamp);
+        bool const whole =
+            ForEachEntry(folder, [&](dirent const& entry) { listing.Add(entry.d_name); });
+        return whole ? std::optional(std::move(listing)) : std::nullopt;
     }
 
     bool IsOf(FileStamp const& stamp) const { return m_stamp.IsOfSameFile(stamp); }
@@ -88,51 +78,64 @@ std::list<Listing>::iterator ListingOf(FileStamp const& stamp, std::list<Listing
                         [&](Listing const& listing) { return listing.IsOf(stamp); });
 }
 
+// Nothing when the folder cannot be looked at; errno tells why.
+std::optional<FileStamp> StampOf(char const* folder) {
+    struct stat status {};
+    return stat(folder, &status) == 0 ? std::optional(FileStamp(status)) : std::nullopt;
+}
+
+// The folder's names as they are now, at the front of the listings. Null when it cannot be read;
+// errno tells why.
+Listing const* Present(char const* folder, std::list<Listing>& listings) {
+    constexpr std::size_t most = 8; // folders
+    std::optional<FileStamp> const stamp = StampOf(folder);
+    if (!stamp) {
+        return nullptr;
+    }
+    auto const known = ListingOf(*stamp, listings);
+    if (known != listings.end() && known->Holds(*stamp)) {
+        listings.splice(listings.begin(), listings, known);
+        return &listings.front();
+    }
+    std::optional<Listing> read = Listing::Of(folder, *stamp);
+    if (!read) {
+        return nullptr;
+    }
+    if (known != listings.end()) {
+        listings.erase(known);
+    }
+    listings.push_front(*std::move(read));
+    if (listings.size() > most) {
+        listings.pop_back();
+    }
+    return &listings.front();
+}
+
 } // namespace
 
 std::optional<std::string> FindWithoutCase(std::string const& folder, std::string_view name) {
-    constexpr std::size_t most = 8; // folders
-    char const* const path = folder.empty() ? "." : folder.c_str();
-    struct stat status {};
-    if (stat(path, &status) != 0) {
-        return NotThere(errno) ? std::optional(std::string()) : std::nullopt;
-    }
-    FileStamp const stamp(status);
     Memory& memory = LastRead();
     std::lock_guard const inUse(memory.inUse);
-    auto listing = ListingOf(stamp, memory.listings);
-    if (listing == memory.listings.end() || !listing->Holds(stamp)) {
-        if (listing != memory.listings.end()) {
-            memory.listings.erase(listing);
-        }
-        std::optional<Listing> read = Listing::Of(path);
-        if (!read) {
-            return NotThere(errno) ? std::optional(std::string()) : std::nullopt;
-        }
-        memory.listings.push_back(*std::move(read));
-        listing = std::prev(memory.listings.end());
+    if (Listing const* const listing =
+            Present(folder.empty() ? "." : folder.c_str(), memory.listings)) {
+        return listing->Find(name);
     }
-    memory.listings.splice(memory.listings.begin(), memory.listings, listing);
-    if (memory.listings.size() > most) {
-        memory.listings.pop_back();
-    }
-    return listing->Find(name);
+    return NotThere(errno) ? std::optional(std::string()) : std::nullopt;
 }
 
 void FolderMade(std::string const& hostPath) {
     std::size_t const separator = hostPath.rfind('/') + 1; // 0 without one
     std::string const folder = hostPath.substr(0, separator);
-    struct stat status {};
-    if (stat(folder.empty() ? "." : folder.c_str(), &status) != 0) {
+    std::optional<FileStamp> const stamp = StampOf(folder.empty() ? "." : folder.c_str());
+    if (!stamp) {
         return;
     }
-    FileStamp const stamp(status);
     Memory& memory = LastRead();
     std::lock_guard const inUse(memory.inUse);
-    auto const listing = ListingOf(stamp, memory.listings);
+    auto const listing = ListingOf(*stamp, memory.listings);
     if (listing != memory.listings.end()) {
         listing->Add(hostPath.c_str() + separator);
-        listing->Follow(stamp);
+        listing->Follow(*stamp);
     }
 }
 

@@ -16,8 +16,7 @@ namespace kvarn {
 std::optional<std::string> FindWithoutCase(std::string const& folder, std::string_view name);
 
 // Tells that this program has made a folder, which it had looked for first: the folder around it
-// need not be read again. A folder that is being filled would
-// else be read for every name.
+// need not be read again. One that is being filled would else be read for every name.
 void FolderMade(std::string const& hostPath);
 
 } // namespace kvarn

@@ -9,6 +9,7 @@
 
 #include "../../text/codepage.h"
 #include "foldernames.h"
+#include "hostfolder.h"
 
 namespace kvarn {
 namespace {
@@ -81,10 +82,6 @@ std::optional<std::string> Below(std::string const& folder, char const* named,
 }
 
 } // namespace
-
-bool NotThere(int error) {
-    return error == ENOENT || error == ENOTDIR;
-}
 
 std::string SpeltHostPath(std::string_view path) {
     std::string host = TakeRoot(path);

@@ -27,10 +27,6 @@ std::string HostPath(std::string_view path);
 // The same without reading the disk: every component as it is spelt.
 std::string SpeltHostPath(std::string_view path);
 
-// Whether a host call failed because there is no such file or folder: any other error (no rights,
-// an I/O error) does not tell that.
-bool NotThere(int error);
-
 // A host path in code page 1252. One with letters outside that page is given from its drive or the
 // present folder on; nothing when the letters are below these.
 std::optional<std::string> FromHostPath(std::string_view hostPath);

@@ -17,6 +17,7 @@
 #include "../../text/codepage.h"
 #include "files.h"
 #include "hostfile.h"
+#include "hostfolder.h"
 #include "paths.h"
 
 namespace {
@@ -142,22 +143,15 @@ struct FolderSearch {
 // Nothing when the folder cannot be read; errno tells why.
 std::optional<std::vector<Found>> Entries(std::string const& folder, std::string const& pattern) {
     std::vector<Found> found;
-    DIR* const directory = opendir(folder.c_str());
-    if (directory == nullptr) {
-        return std::nullopt;
-    }
-    for (errno = 0; dirent const* const entry = readdir(directory); errno = 0) {
-        std::string const hostName = entry->d_name;
+    bool const whole = kvarn::ForEachEntry(folder.c_str(), [&](dirent const& entry) {
+        std::string const hostName = entry.d_name;
         std::optional<std::string> const name = kvarn::FromHostPath(hostName);
         if (name && name->size() < MAX_PATH &&
             kvarn::MatchesWildcards(pattern.c_str(), name->c_str())) {
-            found.push_back({*name, hostName, entry->d_type == DT_DIR});
+            found.push_back({*name, hostName, entry.d_type == DT_DIR});
         }
-    }
-    int const error = errno;
-    closedir(directory);
-    if (error != 0) { // a part of a folder is not told as the whole
-        errno = error;
+    });
+    if (!whole) {
         return std::nullopt;
     }
     std::sort(found.begin(), found.end(), [](Found const& a, Found const& b) {

@@ -60,7 +60,8 @@ DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR standard, LPST
     if (section != nullptr && key != nullptr) {
         found = Value(FullPath(path), section, key);
     }
-    std::string const value = found ? *found : standard != nullptr ? standard : "";
+    std::string_view const otherwise = standard != nullptr ? standard : "";
+    std::string_view const value = found ? std::string_view(*found) : otherwise;
     std::size_t const length = std::min<std::size_t>(value.size(), size - 1);
     value.copy(buffer, length);
     buffer[length] = '\0';
