@@ -1,9 +1,13 @@
 // Runs the benchmarks and adds a table of ratios to Google Benchmark's own: ours beside each other
 // contender of its group, from the medians of this run. Benchmarks are named GROUP/CONTENDER.
+//
+//   --ratios=FILE  writes the ratios there, too: a line "GROUP|CONTENDER|RATIO" for each
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
 #include <cstdio>
+#include <fstream>
+#include <iomanip>
 #include <map>
 #include <string>
 #include <vector>
@@ -30,12 +34,16 @@ class RatioReporter : public benchmark::ConsoleReporter {
             for (auto const& [oursIndex, ours] : m_medians) {
                 if (ours.contender == "ours" && ours.group == other.group &&
                     oursIndex != otherIndex) {
+                    double const ratio = ours.time / other.time;
                     std::printf("%-26s %-18s %6.2f\n", other.group.c_str(), other.contender.c_str(),
-                                ours.time / other.time);
+                                ratio);
+                    m_ratios << other.group << '|' << other.contender << '|' << std::fixed
+                             << std::setprecision(2) << ratio << '\n';
                 }
             }
         }
     }
+    void WriteRatiosTo(std::string const& file) { m_ratios.open(file); }
 
   private:
     // Processor time, which other programs disturb least, unless the benchmark asks for the other.
@@ -50,16 +58,24 @@ class RatioReporter : public benchmark::ConsoleReporter {
         double time = 0;
     };
     std::map<std::int64_t, Median> m_medians; // in the order of registration
+    std::ofstream m_ratios;                   // open when they are wanted
 };
 
 } // namespace
 
 int main(int argc, char** argv) {
+    RatioReporter reporter;
+    std::string const option = "--ratios=";
+    if (argc > 1 && std::string(argv[1]).starts_with(option)) {
+        reporter.WriteRatiosTo(argv[1] + option.size());
+        argv[1] = argv[0];
+        ++argv;
+        --argc;
+    }
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 2;
     }
-    RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::Shutdown();
 }

@@ -1,15 +1,21 @@
-// Stations and offsets of points (Vagstv, mode 0) and back (Vag2xy) on winding lines, beside
-// Boost.Geometry and GEOS. The points lie all along the line, on both sides; before the time is
-// taken each contender must find where they were put.
+// Stations and offsets of points (Vagstv, mode 0) and back (Vag2xy) on winding lines, by the line
+// and by its index. The points lie all along the line, on both sides; before the time is taken each
+// contender must find where they were put. N vertices:
 //
-// Vagstv/N, Vag2xy/N  N vertices, straight segments: the same work for all
-// Vagstv/arcs/N       N - 1 arcs; the others get them as chords that stray 1 mm at most
-//
-// "Boost rtree" has an index over the segments, made before the time is taken; all the others
-// search the line from its start to its end.
+// Vagstv/N, Vagstv/arcs/N     one walk through all segments. Of arcs the peers get chords that
+// stray 1 mm
+//                             at most
+// Vagindex/Vagstv/...         the same with an index, made before the time is taken
+// Vagindex/made/...           making it from a line
+// Vag2xy/N, Vagindex/Vag2xy/random/N
+//                             stations anywhere, on straights
+// Vagindex/Vag2xy/sequence/N  every 7 m
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cmath>
+#include <memory>
+#include <optional>
 #include <random>
 #include <string>
 
@@ -103,19 +109,36 @@ struct Query {
     RoadPoint road;
 };
 
-std::vector<Query> Queries(SwayingLine const& line) {
-    constexpr int count = 1000;
+constexpr int queryCount = 1000;
+
+// Away from the vertices, so that the nearest segment is the one that is meant.
+std::vector<Query> RandomQueries(SwayingLine const& line) {
     std::mt19937 random(1);
     std::uniform_int_distribution<std::size_t> segment(0, line.Vertices().size() - 2);
-    // Away from the vertices, so that the nearest segment is the one that is meant.
     std::uniform_real_distribution<double> fraction(0.1, 0.9);
     std::uniform_real_distribution<double> offset(-25, 25);
     std::vector<Query> queries;
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < queryCount; ++i) {
         std::size_t const s = segment(random);
         double const f = fraction(random);
         double const o = offset(random);
         queries.push_back({line.PointIn(s, f, o), {line.StationIn(s, f), o}});
+    }
+    return queries;
+}
+
+std::vector<Query> QueriesInSequence(SwayingLine const& line) {
+    constexpr double step = 7;
+    std::vector<Query> queries;
+    std::size_t segment = line.Vertices().size() / 3;
+    double station = line.StationIn(segment, 0) + 0.5; // never at a vertex
+    for (int i = 0; i < queryCount; ++i, station += step) {
+        while (line.StationIn(segment, 1) <= station) {
+            ++segment;
+        }
+        double const from = line.StationIn(segment, 0);
+        double const fraction = (station - from) / (line.StationIn(segment, 1) - from);
+        queries.push_back({line.PointIn(segment, fraction, -3), {station, -3}});
     }
     return queries;
 }
@@ -125,73 +148,147 @@ struct Tolerance {
     double across;
 };
 
-void ToRoad(benchmark::State& state, RoadLine& line, std::vector<Query> const& queries,
-            Tolerance tolerance) {
-    for (Query const& query : queries) {
-        RoadPoint const road = line.ToRoad(query.point);
-        if (!(std::fabs(road.station - query.road.station) <= tolerance.along &&
-              std::fabs(road.offset - query.road.offset) <= tolerance.across)) {
-            state.SkipWithError("another station or offset was found");
-            return;
-        }
-    }
+// A contender and what it is asked, made and checked once for all repetitions.
+struct Prepared {
+    std::unique_ptr<RoadLine> line;
+    std::vector<Query> queries;
+    bool isRight = false;
+};
+
+bool FindsRoad(RoadLine& line, Query const& query, Tolerance tolerance) {
+    RoadPoint const road = line.ToRoad(query.point);
+    return std::fabs(road.station - query.road.station) <= tolerance.along &&
+           std::fabs(road.offset - query.road.offset) <= tolerance.across;
+}
+
+bool FindsPoint(RoadLine& line, Query const& query, Tolerance tolerance) {
+    Point const point = line.ToPlane(query.road);
+    return std::hypot(point.x - query.point.x, point.y - query.point.y) <= tolerance.across;
+}
+
+void ToRoad(benchmark::State& state, RoadLine& line, std::vector<Query> const& queries) {
     std::size_t next = 0;
     for (auto _ : state) {
         benchmark::DoNotOptimize(line.ToRoad(queries[next++ % queries.size()].point));
     }
 }
 
-void ToPlane(benchmark::State& state, RoadLine& line, std::vector<Query> const& queries,
-             Tolerance tolerance) {
-    for (Query const& query : queries) {
-        Point const point = line.ToPlane(query.road);
-        if (!(std::hypot(point.x - query.point.x, point.y - query.point.y) <= tolerance.across)) {
-            state.SkipWithError("another point was found");
-            return;
-        }
-    }
+void ToPlane(benchmark::State& state, RoadLine& line, std::vector<Query> const& queries) {
     std::size_t next = 0;
     for (auto _ : state) {
         benchmark::DoNotOptimize(line.ToPlane(queries[next++ % queries.size()].road));
     }
 }
 
-using Run = void(benchmark::State&, RoadLine&, std::vector<Query> const&, Tolerance);
+void MakeIndex(benchmark::State& state, IndexMaker& maker) {
+    for (auto _ : state) {
+        maker.Make();
+    }
+}
+
+using Run = void(benchmark::State&, RoadLine&, std::vector<Query> const&);
+using Finds = bool(RoadLine&, Query const&, Tolerance);
 using Make = std::unique_ptr<RoadLine>(RoadVertices const&);
+using Choose = std::vector<Query>(SwayingLine const&);
 
 constexpr Tolerance exact = {1e-6, 1e-6};
 // Beside a chord that strays 1 mm from its arc a foot 25 m away moves along.
-constexpr Tolerance chords = {0.15, 0.0015};
+constexpr Tolerance chordal = {0.15, 0.0015};
 
-void Register(std::string const& group, char const* name, Run* run, Make* make, int count,
-              bool arcs) {
-    bool const ours = make == OurLine;
-    benchmark::RegisterBenchmark((group + "/" + name).c_str(), [=](benchmark::State& state) {
-        SwayingLine const line(count, arcs);
-        auto const contender = make(ours ? line.Vertices() : line.Chords());
-        run(state, *contender, Queries(line), ours || !arcs ? exact : chords);
+enum class Geometry { straights, arcs, chordsOfArcs };
+
+struct Task {
+    std::string group;
+    Run* run;
+    Finds* finds;
+    Choose* choose;
+    int count;
+};
+
+Prepared Prepare(Task const& task, Make* make, Geometry geometry) {
+    SwayingLine const line(task.count, geometry != Geometry::straights);
+    bool const isChords = geometry == Geometry::chordsOfArcs;
+    Prepared prepared = {make(isChords ? line.Chords() : line.Vertices()), task.choose(line)};
+    prepared.isRight =
+        std::all_of(prepared.queries.begin(), prepared.queries.end(), [&](Query const& query) {
+            return task.finds(*prepared.line, query, isChords ? chordal : exact);
+        });
+    return prepared;
+}
+
+void Register(Task const& task, char const* name, Make* make,
+              Geometry geometry = Geometry::straights) {
+    auto const prepared = std::make_shared<std::optional<Prepared>>();
+    benchmark::RegisterBenchmark((task.group + "/" + name).c_str(), [=](benchmark::State& state) {
+        if (!*prepared) {
+            *prepared = Prepare(task, make, geometry);
+        }
+        if (!(*prepared)->isRight) {
+            state.SkipWithError("another place was found");
+            return;
+        }
+        task.run(state, *(*prepared)->line, (*prepared)->queries);
     })->Unit(benchmark::kMicrosecond);
 }
 
-void RegisterToRoad(std::string const& group, int count, bool arcs) {
-    Register(group, "ours", ToRoad, OurLine, count, arcs);
-    Register(group, "GEOS", ToRoad, GeosLine, count, arcs);
-    Register(group, "Boost.Geometry", ToRoad, BoostLine, count, arcs);
-    Register(group, "Boost rtree", ToRoad, BoostIndexedLine, count, arcs);
+void RegisterMaking(std::string const& group, char const* name,
+                    std::unique_ptr<IndexMaker> (*make)(RoadVertices const&), int count,
+                    Geometry geometry) {
+    benchmark::RegisterBenchmark((group + "/" + name).c_str(), [=](benchmark::State& state) {
+        SwayingLine const line(count, geometry != Geometry::straights);
+        MakeIndex(state,
+                  *make(geometry == Geometry::chordsOfArcs ? line.Chords() : line.Vertices()));
+    })->Unit(benchmark::kMicrosecond);
 }
 
-void RegisterToPlane(std::string const& group, int count) {
-    Register(group, "ours", ToPlane, OurLine, count, false);
-    Register(group, "GEOS", ToPlane, GeosLine, count, false);
-    Register(group, "Boost.Geometry", ToPlane, BoostLine, count, false);
+void RegisterToRoad(int count) {
+    std::string const n = std::to_string(count);
+    Task const straights = {"Vagstv/" + n, ToRoad, FindsRoad, RandomQueries, count};
+    Register(straights, "ours", OurLine);
+    if (count <= 10'000) { // it takes long
+        Register(straights, "GEOS", GeosLine);
+    }
+    Register(straights, "Boost.Geometry", BoostLine);
+    Register(straights, "limit", FlatStraights);
+    Task const arcs = {"Vagstv/arcs/" + n, ToRoad, FindsRoad, RandomQueries, count};
+    Register(arcs, "ours", OurLine, Geometry::arcs);
+    Register(arcs, "Boost.Geometry", BoostLine, Geometry::chordsOfArcs);
+    Register(arcs, "limit", FlatArcs, Geometry::arcs);
+    Task const indexed = {"Vagindex/Vagstv/" + n, ToRoad, FindsRoad, RandomQueries, count};
+    Register(indexed, "ours", OurIndex);
+    Register(indexed, "Boost R*-tree", BoostTree);
+    Task const indexedArcs = {"Vagindex/Vagstv/arcs/" + n, ToRoad, FindsRoad, RandomQueries, count};
+    Register(indexedArcs, "ours", OurIndex, Geometry::arcs);
+    Register(indexedArcs, "Boost R*-tree", BoostTree, Geometry::chordsOfArcs);
+    std::string const made = "Vagindex/made/" + n;
+    RegisterMaking(made, "ours", OurIndexMaker, count, Geometry::straights);
+    RegisterMaking(made, "Boost R*-tree", BoostTreeMaker, count, Geometry::straights);
+    std::string const madeArcs = "Vagindex/made/arcs/" + n;
+    RegisterMaking(madeArcs, "ours", OurIndexMaker, count, Geometry::arcs);
+    RegisterMaking(madeArcs, "Boost R*-tree", BoostTreeMaker, count, Geometry::chordsOfArcs);
+}
+
+void RegisterToPlane(int count) {
+    std::string const n = std::to_string(count);
+    Task const one = {"Vag2xy/" + n, ToPlane, FindsPoint, RandomQueries, count};
+    Register(one, "ours", OurLine);
+    Register(one, "std::map", MapOfStations);
+    Register(one, "limit", BisectedStations);
+    Task const random = {"Vagindex/Vag2xy/random/" + n, ToPlane, FindsPoint, RandomQueries, count};
+    Register(random, "ours", OurIndex);
+    Register(random, "std::map", MapOfStations);
+    Register(random, "limit", BisectedStations);
+    Task const sequence = {"Vagindex/Vag2xy/sequence/" + n, ToPlane, FindsPoint, QueriesInSequence,
+                           count};
+    Register(sequence, "ours", OurIndex);
+    Register(sequence, "array with cursor", StationsWithCursor);
 }
 
 bool const registered = [] {
-    for (int const count : {1'000, 10'000}) {
-        RegisterToRoad("Vagstv/" + std::to_string(count), count, false);
-        RegisterToPlane("Vag2xy/" + std::to_string(count), count);
+    for (int const count : {1'000, 10'000, 100'000}) {
+        RegisterToRoad(count);
+        RegisterToPlane(count);
     }
-    RegisterToRoad("Vagstv/arcs/1000", 1'000, true);
     return true;
 }();
 

@@ -25,6 +25,7 @@ struct Post {
     std::string namn;
     std::int32_t storlek = 0;
     std::string datum;
+    std::string tid{};
 
     bool operator==(Post const&) const = default;
 };
@@ -44,17 +45,28 @@ std::string Namn(Input& in) {
     return namn;
 }
 
-std::string Datum(std::int64_t andrad) {
-    std::time_t const time = andrad;
+std::tm Lokal(std::int64_t andrad) {
     std::tm t{};
-    char text[40] = "";
     std::time_t const now = std::time(nullptr);
     std::tm const zone = *std::localtime(&now);
-    std::time_t const local = time + zone.tm_gmtoff;
+    std::time_t const local = andrad + zone.tm_gmtoff;
     gmtime_r(&local, &t);
+    return t;
+}
+
+std::string Datum(std::int64_t andrad) {
+    std::tm const t = Lokal(andrad);
+    char text[40] = "";
     std::strftime(text, sizeof text, "%Y-%m-%d", &t);
     int const year = t.tm_year + 1900;
     return year < 1970 || year > 2037 ? "1970-01-01" : text;
+}
+
+std::string Tid(std::int64_t andrad) {
+    std::tm const t = Lokal(andrad);
+    char text[8] = "";
+    std::strftime(text, sizeof text, "%H.%M", &t);
+    return text;
 }
 
 class Mapp {
@@ -125,7 +137,7 @@ class Mapp {
                            mapp                         ? 0
                            : visad >= 1 && visad <= 999 ? 1000
                                                         : visad,
-                           Datum(andrad)};
+                           Datum(andrad), Tid(andrad)};
         if (namn.size() < sizeof dirsorttype::namn) {
             auto const plats =
                 std::find_if(m_innehall.begin(), m_innehall.end(),
@@ -194,7 +206,7 @@ Poster Lista(CDirSort& lista) {
         Check(kvarn::FieldText(post.kortNamn) == namn.substr(0, sizeof post.kortNamn - 1),
               "the long name, cut");
         Check(kvarn::FieldText(post.tid).size() == 5 && post.tid[2] == '.', "a time of day");
-        poster.push_back({namn, post.storlek, punkter ? "" : post.datum});
+        poster.push_back({namn, post.storlek, punkter ? "" : post.datum, punkter ? "" : post.tid});
     }
     return poster;
 }

@@ -276,7 +276,7 @@ void Jb23(std::string const& text, Input& in) {
     Check(place.line >= 1 && place.line <= kvarn::jb23Lines, "a line of the file");
     place.line = in.Number(1, kvarn::jb23Lines);
     place.isStep = in.Bool();
-    kvarn::CheckJb23(text, place.line);
+    kvarn::CheckJb23(text, {&place.line, 1});
 
     std::string const word = std::to_string(in.Number<std::uint8_t>());
     LineReader lines(text);

@@ -17,37 +17,16 @@
 
 namespace {
 
-using kvarnio::CommandLine;
-
 struct Command {
     char const* name;
-    void (*add)(CommandLine&);
     bool reads; // and never writes
 };
-constexpr Command commands[] = {
-    {"get", kvarnio::AddReadCommands, true},
-    {"list", kvarnio::AddReadCommands, true},
-    {"check", kvarnio::AddCheckCommand, true},
-    {"points", kvarnio::AddPointsCommand, true},
-    {"formats", kvarnio::AddFormatsCommand, true},
-    {"dir", kvarnio::AddDirCommand, true},
-    {"registry", kvarnio::AddRegistryCommand, true},
-    {"set", kvarnio::AddSetCommand, false},
-    {"codes", kvarnio::AddCodesCommand, false},
-    {"local", kvarnio::AddLocalCommand, false},
-    {"materials", kvarnio::AddMaterialsCommand, false},
-    {"project",
-     [](CommandLine& line) { kvarnio::AddProjectCreate(line, kvarnio::AddProjectCommands(line)); },
-     false},
-    {"road",
-     [](CommandLine& line) {
-         CLI::App& road = kvarnio::AddRoadCommands(line);
-         kvarnio::AddRoadQueries(line, road);
-         kvarnio::AddRoadCheck(line, road);
-         kvarnio::AddRoadPlot(line, road);
-     },
-     false},
-    {"", kvarnio::AddCommands, false}, // the first word is an input's own
+constexpr Command commands[] =
+    {
+        {"get", true},     {"list", true},   {"check", true},      {"points", true},
+        {"formats", true}, {"dir", true},    {"registry", true},   {"set", false},
+        {"codes", false},  {"local", false}, {"materials", false}, {"project", false},
+        {"road", false},   {"", false}, // the first word is an input's own
 };
 
 constexpr char const* words[] = {"--project",
@@ -185,20 +164,6 @@ bool IsUtf8(std::string_view text) {
     return true;
 }
 
-// As the tool's main does it.
-int Execute(Command const& command, std::vector<std::string> const& arguments) {
-    try {
-        CommandLine line;
-        command.add(line);
-        return line.Execute(arguments);
-    } catch (ListFel const& error) {
-        std::cerr << "kvarnio: " << kvarn::ToUtf8(error.what()) << '\n';
-    } catch (kvarnio::Failure const& error) {
-        std::cerr << "kvarnio: " << error.what() << '\n';
-    } // others are faults
-    return kvarnio::failed;
-}
-
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
@@ -223,8 +188,8 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     Tree const before = TreeOf(Site::Root());
     Caught const out(std::cout);
     Caught const err(std::cerr);
-    int const status = Execute(command, arguments);
-    Check(status >= kvarnio::done && status <= kvarnio::wrongUsage, "a stated exit status");
+    int const status = kvarnio::Execute(arguments);
+    Check(status >= kvarnio::done && status <= kvarnio::notDone, "a stated exit status");
     Check(!utf8 || (IsUtf8(out.Text()) && IsUtf8(err.Text())), "output in UTF-8");
     Check(status == kvarnio::done || !out.Text().empty() || !err.Text().empty(), "a reason");
     if (status == kvarnio::wrongUsage) {

@@ -111,9 +111,16 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
                                         kvarn::ValueOf(again, record.key).c_str(),
               "a key is found without a list");
     }
+    std::vector<kvarn::KeyChange> changes;
     for (Record const& key : keys) {
         CheckSetting(list, key);
+        changes.push_back({key.key, key.value});
     }
     CheckWriting(list);
+    if (std::all_of(changes.begin(), changes.end(), [](auto const& c) { return c.Fits(); })) {
+        kvarn::LineReader before{std::string_view(text)};
+        Check(kvarn::WithKeys(before, changes) == kvarn::KeyFileText(list),
+              "keys are written without a list as with one");
+    }
     return 0;
 }

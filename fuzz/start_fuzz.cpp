@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <sstream>
 
 #include "check.h"
 #include "folder.h"
@@ -18,7 +19,6 @@
 #include "text/scan.h"
 #include "text/text.h"
 #include "text/utf16.h"
-#include "textlines.h"
 #include "tree.h"
 
 namespace {
@@ -45,6 +45,9 @@ class Disk {
         setenv("XDG_CONFIG_HOME", (Root() + "/config").c_str(), 1);
         setenv("KVARNBOK", (Root() + "/Prog").c_str(), 1);
     }
+
+    // Every folder that the registry names is the one that is there.
+    bool NamesItsFolders() const { return m_namesItsFolders; }
 
     static std::string const& Root() {
         static Folder const folder("/dev/shm");
@@ -75,13 +78,14 @@ class Disk {
                     kvarn::ToUtf16((how == oddText ? in.Pick(others) : value) +
                                    (how == withoutZero ? "" : std::string(1, '\0'))));
             }
+            return how == whole || how == withoutZero || how > missing; // it is that value
         };
         auto const machine = [&](std::string const& key, char const* name,
                                  std::string const& value) {
-            set("HKEY_LOCAL_MACHINE", key, name, value);
+            return set("HKEY_LOCAL_MACHINE", key, name, value);
         };
-        set("HKEY_CURRENT_USER", shell, "Appdata", Path("Data"));
-        machine(shell, "Common Appdata", Path("Gemensam"));
+        bool const data = set("HKEY_CURRENT_USER", shell, "Appdata", Path("Data"));
+        bool const common = machine(shell, "Common Appdata", Path("Gemensam"));
         set("HKEY_CURRENT_USER", R"(SOFTWARE\Orsakor\Vallentra\Markvida\Samlaren)", "ACADVER",
             in.Pick(releases));
         for (char const* const group : {"DIST", "RELEASE", "R18", "R19", "R20"}) {
@@ -90,9 +94,11 @@ class Disk {
             machine(key, "InstallPath", Path("Prog") + (in.Bool() ? "" : "\\"));
             machine(key, "Package", in.Text(140).c_str());
         }
-        machine(R"(Software\Microsoft\Windows\CurrentVersion)", "ProgramFilesDir", Path("Bin"));
-        machine(R"(SOFTWARE\Orsakor\Vallentra\18.30\Kernel Services)", "Root Directory",
-                Path("Plats"));
+        bool const programs =
+            machine(R"(Software\Microsoft\Windows\CurrentVersion)", "ProgramFilesDir", Path("Bin"));
+        bool const platform = machine(R"(SOFTWARE\Orsakor\Vallentra\18.30\Kernel Services)",
+                                      "Root Directory", Path("Plats"));
+        m_namesItsFolders = data && common && programs && platform;
         WriteFile(Root() + "/store.reg", store.Bytes());
     }
 
@@ -138,6 +144,8 @@ class Disk {
         }
         return text;
     }
+
+    bool m_namesItsFolders = false;
 };
 
 // The command line, which a start may overwrite, as it was.
@@ -160,21 +168,35 @@ bool IsUsersIni(std::string const& path) {
     return path.starts_with("Data/Orsakor") && path.ends_with("/Markvida.ini");
 }
 
-// The lines of a settings file but for keys that a start may replace.
-Lines Kept(std::string const& text) {
-    Lines lines = LinesOf(text);
-    std::erase_if(lines, [](std::string const& line) {
+// The lines of a settings file but for keys that a start may replace. No character ends such a
+// file.
+std::vector<std::string> Kept(std::string const& text) {
+    std::vector<std::string> lines;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) {
         std::string const key(kvarn::Trimmed(line.substr(0, line.find('='))));
-        return kvarn::SameText(key, "MSG") || kvarn::SameText(key, "SCRIPTPATH");
-    });
+        if (!kvarn::SameText(key, "MSG") && !kvarn::SameText(key, "SCRIPTPATH")) {
+            lines.push_back(line);
+        }
+    }
     return lines;
+}
+
+// A first start, which finds no settings file in the user's folder, copies over what is there.
+bool IsFirstCopy(Tree const& before, std::string const& path, Entry const& now) {
+    std::size_t const separator = path.rfind('/');
+    return path.starts_with("Data/Orsakor") &&
+           !before.contains(path.substr(0, separator) + "/Markvida.ini") &&
+           std::any_of(before.begin(), before.end(), [&](auto const& each) {
+               return each.first.ends_with("AX" + path.substr(separator)) && each.second == now;
+           });
 }
 
 void CheckOnlyUsersFolder(Tree const& before, Tree const& after) {
     for (auto const& [path, entry] : before) {
         auto const now = after.find(path);
         Check(now != after.end(), "nothing is removed");
-        Check(now->second == entry ||
+        Check(now->second == entry || IsFirstCopy(before, path, now->second) ||
                   (IsUsersIni(path) && Kept(now->second.bytes) == Kept(entry.bytes)),
               "what was there stays, but for two keys of the user's");
     }
@@ -218,7 +240,9 @@ void CheckStart(Input& in) {
     Check(ver != 17 || result == -1, "a release that is none");
     CheckOnlyUsersFolder(before, after);
     if (result == -1 || result == -2) {
-        Check(after == before, "without settings nothing is made");
+        Tree made = after;
+        made.erase("config"); // the host makes it, being asked where it is
+        Check(made == before, "without settings nothing is made");
     }
     if (result == 0) {
         CheckMembers(ini);
@@ -249,13 +273,14 @@ bool IsConfiguration(std::string const& capitals) {
     return capitals == "KVARNBOK.PAR" || capitals == "KOD.DAT" || capitals == "PLAN.DAT.BAK";
 }
 
-void CheckRefresh(Input& in) {
-    bool const knows = !in.Bool();
+void CheckRefresh(Input& in, bool namesItsFolders) {
+    bool const hasPath = !in.Bool();
+    bool const knows = hasPath && namesItsFolders;
     std::string const release = in.Bool() ? "R20" : "R19";
     std::string const own = Disk::UserFolder(release);
     CAutoIni ini;
     ini.m_lage = 1;
-    ini.m_iniFil = knows ? Disk::Path(own + "/Markvida.ini").c_str() : in.Text(25).c_str();
+    ini.m_iniFil = hasPath ? Disk::Path(own + "/Markvida.ini").c_str() : in.Text(25).c_str();
     Tree model = TreeOf(Disk::Root());
     int const result = ini.AllUserFileCheck();
     if (knows && model.contains(own)) {
@@ -294,6 +319,6 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
         Check(ini.Init(mode) == 0 && ini.m_lage == mode, "a start with a mode");
         Check(TreeOf(Disk::Root()) == before, "which writes nothing");
     }
-    starts ? CheckStart(in) : CheckRefresh(in);
+    starts ? CheckStart(in) : CheckRefresh(in, disk.NamesItsFolders());
     return 0;
 }

@@ -15,7 +15,9 @@
 
 #include "check.h"
 #include "formats/vagfil.h"
+#include "geodata/vagindex.h"
 #include "input.h"
+#include "vaglista.h"
 #include "vagmodell.h"
 
 namespace {
@@ -38,60 +40,6 @@ bool Nearly(double a, double b) {
 bool Same(Svar const& a, Svar const& b) {
     return a.result == b.result && Nearly(a.first, b.first) && Nearly(a.second, b.second) &&
            Nearly(a.third, b.third);
-}
-
-// --- The line ------------------------------------------------------------------------------------
-
-class Line : public CVaglinje {
-  public:
-    std::vector<kovltype> Vertices() const {
-        std::vector<kovltype> vertices;
-        for (nod const* n = m_forsta; n != nullptr; n = n->nasta) {
-            vertices.push_back(n->post);
-        }
-        return vertices;
-    }
-
-    void CheckSound() const {
-        int forward = 0;
-        int current = 0;
-        bool marked = false;
-        for (nod const* n = m_forsta; n != nullptr; n = n->nasta) {
-            ++forward;
-            current = n == aktel ? forward : current;
-            marked = marked || n == mark;
-            Check(n->nasta != nullptr || n == m_sista, "the last vertex ends the list");
-        }
-        int backward = 0;
-        for (nod const* n = forward > 0 ? m_sista : nullptr; n != nullptr; n = n->forra) {
-            ++backward;
-        }
-        Check(forward == m_antal && backward == m_antal, "as many vertices either way");
-        Check(aktel == nullptr ||
-                  (current != 0 && current == m_position && m_aktpost == &aktel->post),
-              "the current vertex is in the line, at its position");
-        Check(mark == nullptr || (marked && m_markpost == &mark->post), "the mark is in the line");
-    }
-
-    int Index() const { return IndexOf(aktel); }
-    int MarkIndex() const { return IndexOf(mark); }
-
-  private:
-    int IndexOf(nod const* sought) const {
-        int index = 0;
-        for (nod const* n = m_forsta; n != nullptr; n = n->nasta, ++index) {
-            if (n == sought) {
-                return index;
-            }
-        }
-        return -1;
-    }
-};
-
-void CheckWalk(Line const& line, Gang const& gang) {
-    Check(line.MarkIndex() == static_cast<int>(gang.from) &&
-              line.Index() == static_cast<int>(gang.to),
-          "mark and current vertex are the segment that was found");
 }
 
 // --- Numbers, points and vertices ----------------------------------------------------------------
@@ -278,6 +226,13 @@ class Player {
         Check(false, operation);
     }
 
+    // The index of the line gives the same to the last digit.
+    void CompareIndex(char const* operation, Svar const& ours, Svar const& index) const {
+        Check(ours.result == index.result && Exactly(ours.first, index.first) &&
+                  Exactly(ours.second, index.second),
+              operation);
+    }
+
     // --- Operations ------------------------------------------------------------------------------
 
     void Operate() {
@@ -337,7 +292,10 @@ class Player {
         double const offset = Number();
         Svar ours = {0, untouched, untouched};
         Svar const model = m_model.Vag2xy(station, offset);
+        Svar index = ours;
         ours.result = m_line.Vag2xy(station, offset, &ours.first, &ours.second);
+        index.result = CVagindex(m_line).Vag2xy(station, offset, &index.first, &index.second);
+        CompareIndex("Vag2xy of the index", ours, index);
         Compare("Vag2xy", {station, offset}, ours, model);
         if (model.result == 0) {
             CheckWalk(m_line, m_model.Sok(station));
@@ -348,7 +306,10 @@ class Player {
         double const station = Number();
         Svar ours = {0, untouched};
         Svar const model = m_model.Vagprofz(station);
+        Svar index = ours;
         ours.result = m_line.Vagprofz(station, &ours.first);
+        index.result = CVagindex(m_line).Vagprofz(station, &index.first);
+        CompareIndex("Vagprofz of the index", ours, index);
         Compare("Vagprofz", {station}, ours, model);
         if (model.result == 0) {
             CheckWalk(m_line, m_model.SokHojd(station));
@@ -360,7 +321,12 @@ class Player {
         int const mode = Mode();
         Svar ours = {0, untouched, untouched};
         Svar const model = m_model.Vagstv(p.x, p.y, mode);
+        Svar index = ours;
         ours.result = m_line.Vagstv(p.x, p.y, &ours.first, &ours.second, mode);
+        if (mode == 0) {
+            index.result = CVagindex(m_line).Vagstv(p.x, p.y, &index.first, &index.second);
+            CompareIndex("Vagstv of the index", ours, index);
+        }
         Compare("Vagstv", {p.x, p.y, static_cast<double>(mode)}, ours, model);
     }
 
@@ -371,7 +337,14 @@ class Player {
         Svar model = m_model.PktIomr(p.x, p.y, mode, ours);
         double* const station = m_provider.Bool() ? &ours.first : nullptr;
         double* const offset = m_provider.Bool() ? &ours.second : nullptr;
+        Svar index = ours;
         ours.result = m_line.PktIomr(p.x, p.y, station, offset, mode);
+        if (mode == 0) {
+            index.result =
+                CVagindex(m_line).PktIomr(p.x, p.y, station != nullptr ? &index.first : nullptr,
+                                          offset != nullptr ? &index.second : nullptr);
+            CompareIndex("PktIomr of the index", ours, index);
+        }
         model.first = station != nullptr ? model.first : untouched;
         model.second = offset != nullptr ? model.second : untouched;
         Compare("PktIomr", {p.x, p.y, static_cast<double>(mode)}, ours, model);

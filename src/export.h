@@ -13,6 +13,13 @@
 #define KVARNPROG_API __declspec(dllimport)
 #endif
 
+// A member template of an exported class: every program makes its own, and exports none.
+#if defined(_WIN32)
+#define KVARNPROG_LOCAL
+#else
+#define KVARNPROG_LOCAL __attribute__((visibility("hidden")))
+#endif
+
 // Instantiations of list0: the header's `extern template` has KVARNPROG_LIST_DECLARE, its one
 // definition KVARNPROG_LIST_DEFINE. GCC and clang take the attribute from the declaration and warn
 // about it on the definition; MSVC exports from the definition alone.
@@ -21,5 +28,6 @@
 #define KVARNPROG_LIST_DEFINE KVARNPROG_API
 #else
 #define KVARNPROG_LIST_DECLARE KVARNPROG_API
+// Of the definition.
 #define KVARNPROG_LIST_DEFINE
 #endif

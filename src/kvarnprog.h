@@ -9,6 +9,7 @@
 #include "geodata/bergormatelista.h"
 #include "geodata/stodpunkt.h"
 #include "geodata/vag2.h"
+#include "geodata/vagindex.h"
 #include "geodata/vaglinje.h"
 #include "kvarnfiles/kvarncfg.h"
 #include "kvarnfiles/kvarninst.h"

@@ -24,44 +24,37 @@ int TakeWanted(void* user, char const*, char const* name, char const* value) {
     return goOn;
 }
 
-// It only reads: the lines come back as they were parsed, one of them changed.
+// It only reads: the lines come back as they were parsed, some of them changed.
 struct Rewriting {
-    std::string const& key;
-    std::string const& value;
+    Settings const& settings;
     std::string content;
 };
 
 int CopyLine(void* user, char const*, char const* name, char const* value) {
     auto& rewriting = *static_cast<Rewriting*>(user);
-    bool const wanted = strcasecmp(name, rewriting.key.c_str()) == 0;
-    rewriting.content.append(name).append("=");
-    rewriting.content.append(wanted ? rewriting.value.c_str() : value).append("\r\n");
+    for (Setting const& setting : rewriting.settings) {
+        value = strcasecmp(name, setting.key.c_str()) == 0 ? setting.value.c_str() : value;
+    }
+    rewriting.content.append(name).append("=").append(value).append("\r\n");
     return goOn;
 }
 
-class InihImpl : public Contender {
+class InihImpl : public FileContender {
   public:
-    InihImpl(std::string const& folder, Saving saving)
-        : m_path(folder + "/settings.ini"), m_saving(saving) {
-        Save(m_path, KeyLinesInSection(), Saving::inPlace);
-    }
+    InihImpl(Place const& place, Settings const& content)
+        : FileContender(place, "settings.ini", KeyLinesInSection(content)) {}
     std::string Read(std::string const& key) override {
         Wanted wanted{key.c_str(), {}};
         return ini_parse(m_path.c_str(), TakeWanted, &wanted) == 0 ? wanted.value : "";
     }
-    bool Write(std::string const& key, std::string const& value) override {
-        Rewriting rewriting{key, value, std::string("[") + sectionName + "]\r\n"};
-        return ini_parse(m_path.c_str(), CopyLine, &rewriting) == 0 &&
-               Save(m_path, rewriting.content, m_saving);
+    bool Write(Settings const& settings) override {
+        Rewriting rewriting{settings, std::string("[") + sectionName + "]\r\n"};
+        return ini_parse(m_path.c_str(), CopyLine, &rewriting) == 0 && SaveText(rewriting.content);
     }
-
-  private:
-    std::string m_path;
-    Saving m_saving;
 };
 
 } // namespace
 
-std::unique_ptr<Contender> Inih(std::string const& folder, Saving saving) {
-    return std::make_unique<InihImpl>(folder, saving);
+std::unique_ptr<Contender> Inih(Place const& place, Settings const& content) {
+    return std::make_unique<InihImpl>(place, content);
 }

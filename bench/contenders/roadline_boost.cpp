@@ -20,10 +20,6 @@ BoostPoint ToBoost(Point point) {
     return {point.x, point.y};
 }
 
-Point ToPoint(BoostPoint const& point) {
-    return {point.x(), point.y()};
-}
-
 // Station and offset of a point on the segment that was found to be nearest.
 RoadPoint OnSegment(RoadVertex const& from, RoadVertex const& to, Point point) {
     BoostPoint along = ToBoost(to.point);
@@ -59,49 +55,48 @@ class BoostLineImpl : public RoadLine {
         }
         return OnSegment(m_vertices[nearest], m_vertices[nearest + 1], point);
     }
-    Point ToPlane(RoadPoint point) override {
-        double rest = point.station;
-        for (std::size_t i = 0; i + 1 < m_line.size(); ++i) {
-            ReferringSegment const segment(m_line[i], m_line[i + 1]);
-            auto const length = static_cast<double>(bg::length(segment));
-            if (rest <= length) {
-                BoostPoint on(0, 0);
-                bg::line_interpolate(Segment(m_line[i], m_line[i + 1]), rest, on);
-                return Moved(ToPoint(segment.first), ToPoint(segment.second), ToPoint(on),
-                             point.offset);
-            }
-            rest -= length;
-        }
-        return {};
-    }
 
   private:
     RoadVertices m_vertices;
     bg::model::linestring<BoostPoint> m_line;
 };
 
-class BoostIndexedLineImpl : public RoadLine {
+using Entry = std::pair<Segment, std::size_t>;
+using Tree = bg::index::rtree<Entry, bg::index::rstar<16>>;
+
+// Made of all segments at once, which packs it.
+Tree TreeOf(RoadVertices const& vertices) {
+    std::vector<Entry> entries;
+    entries.reserve(vertices.size());
+    for (std::size_t i = 0; i + 1 < vertices.size(); ++i) {
+        entries.emplace_back(Segment(ToBoost(vertices[i].point), ToBoost(vertices[i + 1].point)),
+                             i);
+    }
+    return Tree(entries);
+}
+
+class BoostTreeImpl : public RoadLine {
   public:
-    explicit BoostIndexedLineImpl(RoadVertices const& vertices) : m_vertices(vertices) {
-        std::vector<Entry> entries;
-        for (std::size_t i = 0; i + 1 < vertices.size(); ++i) {
-            entries.emplace_back(
-                Segment(ToBoost(vertices[i].point), ToBoost(vertices[i + 1].point)), i);
-        }
-        m_tree = Tree(entries);
-    }
+    explicit BoostTreeImpl(RoadVertices const& vertices)
+        : m_vertices(vertices), m_tree(TreeOf(vertices)) {}
     RoadPoint ToRoad(Point point) override {
-        auto const found = m_tree.qbegin(bg::index::nearest(ToBoost(point), 1));
-        return OnSegment(m_vertices[found->second], m_vertices[found->second + 1], point);
+        Entry found;
+        m_tree.query(bg::index::nearest(ToBoost(point), 1), &found);
+        return OnSegment(m_vertices[found.second], m_vertices[found.second + 1], point);
     }
-    Point ToPlane(RoadPoint) override { return {}; }
 
   private:
-    using Entry = std::pair<Segment, std::size_t>;
-    using Tree = bg::index::rtree<Entry, bg::index::rstar<16>>;
-
     RoadVertices m_vertices;
     Tree m_tree;
+};
+
+class BoostTreeMakerImpl : public IndexMaker {
+  public:
+    explicit BoostTreeMakerImpl(RoadVertices const& vertices) : m_vertices(vertices) {}
+    void Make() override { Tree const tree = TreeOf(m_vertices); }
+
+  private:
+    RoadVertices m_vertices;
 };
 
 } // namespace
@@ -110,6 +105,10 @@ std::unique_ptr<RoadLine> BoostLine(RoadVertices const& vertices) {
     return std::make_unique<BoostLineImpl>(vertices);
 }
 
-std::unique_ptr<RoadLine> BoostIndexedLine(RoadVertices const& vertices) {
-    return std::make_unique<BoostIndexedLineImpl>(vertices);
+std::unique_ptr<RoadLine> BoostTree(RoadVertices const& vertices) {
+    return std::make_unique<BoostTreeImpl>(vertices);
+}
+
+std::unique_ptr<IndexMaker> BoostTreeMaker(RoadVertices const& vertices) {
+    return std::make_unique<BoostTreeMakerImpl>(vertices);
 }

@@ -1,13 +1,11 @@
-// GEOS by its linear referencing. To the road: the location of the nearest point and the stations
-// of the vertices from a table, which is quicker than its length index, since that would walk the
-// line a second time for the offset. To the plane: the length index, which moves a point sideways
-// itself.
+// GEOS by its linear referencing: the location of the nearest point, and the stations of the
+// vertices from a table, which is quicker than its length index, since that would walk the line a
+// second time for the offset.
 #include <geos/geom/CoordinateArraySequence.h>
 #include <geos/geom/GeometryFactory.h>
 #include <geos/geom/LineSegment.h>
 #include <geos/geom/LineString.h>
 #include <geos/linearref/ExtractLineByLocation.h> // LocationIndexedLine.h forgets it
-#include <geos/linearref/LengthIndexedLine.h>
 #include <geos/linearref/LinearLocation.h>
 #include <geos/linearref/LocationIndexedLine.h>
 
@@ -17,10 +15,6 @@ namespace {
 
 using geos::geom::Coordinate;
 using geos::geom::CoordinateArraySequence;
-
-Point ToPoint(Coordinate const& c) {
-    return {c.x, c.y};
-}
 
 std::unique_ptr<geos::geom::LineString> LineOf(RoadVertices const& vertices) {
     std::vector<Coordinate> coordinates;
@@ -34,8 +28,7 @@ std::unique_ptr<geos::geom::LineString> LineOf(RoadVertices const& vertices) {
 class GeosLineImpl : public RoadLine {
   public:
     explicit GeosLineImpl(RoadVertices const& vertices)
-        : m_vertices(vertices), m_line(LineOf(vertices)), m_byLocation(m_line.get()),
-          m_byLength(m_line.get()) {}
+        : m_vertices(vertices), m_line(LineOf(vertices)), m_byLocation(m_line.get()) {}
     RoadPoint ToRoad(Point point) override {
         Coordinate const p(point.x, point.y);
         geos::linearref::LinearLocation const foot = m_byLocation.project(p);
@@ -46,15 +39,11 @@ class GeosLineImpl : public RoadLine {
         return {from.station + foot.getSegmentFraction() * (to.station - from.station),
                 SignedOffset(from.point, to.point, point, distance)};
     }
-    Point ToPlane(RoadPoint point) override {
-        return ToPoint(m_byLength.extractPoint(point.station, point.offset));
-    }
 
   private:
     RoadVertices m_vertices;
     std::unique_ptr<geos::geom::LineString> m_line;
     geos::linearref::LocationIndexedLine m_byLocation;
-    geos::linearref::LengthIndexedLine m_byLength;
 };
 
 } // namespace

@@ -8,37 +8,45 @@
 
 namespace {
 
-class SimpleIniImpl : public Contender {
+class SimpleIniImpl : public FileContender {
   public:
-    SimpleIniImpl(std::string const& folder, Saving saving)
-        : m_path(folder + "/settings.ini"), m_saving(saving) {
-        Save(m_path, KeyLinesInSection(), Saving::inPlace);
-    }
+    SimpleIniImpl(Place const& place, Settings const& content)
+        : FileContender(place, "settings.ini", KeyLinesInSection(content)) {}
     std::string Read(std::string const& key) override {
         CSimpleIniA ini;
         return ini.LoadFile(m_path.c_str()) == SI_OK ? ini.GetValue(sectionName, key.c_str(), "")
                                                      : "";
     }
-    bool Write(std::string const& key, std::string const& value) override {
+    bool Write(Settings const& settings) override {
         CSimpleIniA ini;
-        if (ini.LoadFile(m_path.c_str()) != SI_OK ||
-            ini.SetValue(sectionName, key.c_str(), value.c_str()) < 0) {
+        if (ini.LoadFile(m_path.c_str()) != SI_OK) {
             return false;
+        }
+        for (Setting const& setting : settings) {
+            if (ini.SetValue(sectionName, setting.key.c_str(), setting.value.c_str()) < 0) {
+                return false;
+            }
         }
         if (m_saving == Saving::inPlace) {
             return ini.SaveFile(m_path.c_str()) == SI_OK;
         }
         std::string content;
-        return ini.Save(content) == SI_OK && Save(m_path, content, m_saving);
+        return ini.Save(content) == SI_OK && SaveText(content);
+    }
+    void Load() override {
+        m_loaded = std::make_unique<CSimpleIniA>();
+        m_loaded->LoadFile(m_path.c_str());
+    }
+    std::string Find(std::string const& key) override {
+        return m_loaded->GetValue(sectionName, key.c_str(), "");
     }
 
   private:
-    std::string m_path;
-    Saving m_saving;
+    std::unique_ptr<CSimpleIniA> m_loaded;
 };
 
 } // namespace
 
-std::unique_ptr<Contender> SimpleIni(std::string const& folder, Saving saving) {
-    return std::make_unique<SimpleIniImpl>(folder, saving);
+std::unique_ptr<Contender> SimpleIni(Place const& place, Settings const& content) {
+    return std::make_unique<SimpleIniImpl>(place, content);
 }

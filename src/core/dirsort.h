@@ -7,6 +7,7 @@
 #include "../host/host.h"
 #include "list0.h"
 
+// An entry of a folder, in code page 1252.
 struct dirsorttype {
     char namn[260];       // long name
     char kortNamn[13];    // short name; without one the long name's first 12 characters
@@ -17,8 +18,10 @@ struct dirsorttype {
 
 extern template class KVARNPROG_LIST_DECLARE list0<dirsorttype>;
 
+// A list of the entries of folders.
 class KVARNPROG_API CDirSort : public list0<dirsorttype> {
   public:
+    // An empty list.
     CDirSort();
     virtual ~CDirSort();
 
@@ -45,6 +48,7 @@ class KVARNPROG_API CDirSort : public list0<dirsorttype> {
     int Init(char const* pattern, int key, int clear, int mode, int folders);
 
   protected:
+    // As list0::Sortval, by the keys of Init.
     int Sortval(int nyckel) override;
 
     std::int32_t m_lage; // mode

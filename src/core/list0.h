@@ -15,8 +15,11 @@
 // Thrown by the lists: out of memory and internal errors. what() is the exact text to show.
 class KVARNPROG_API ListFel : public std::runtime_error {
   public:
+    // The text is copied.
     explicit ListFel(char const* text) : std::runtime_error(text) {}
+    // The same text.
     ListFel(ListFel const&) = default;
+    // Gets the same text.
     ListFel& operator=(ListFel const&) = default;
     ~ListFel() override;
 };
@@ -66,13 +69,15 @@ template <class T> class list0 {
     // the last. A mark on it is cleared. Returns 0, or -1 when the list is or became empty.
     int Delete();
 
-    // The current element becomes the first (position 1) or the last (position = count).
+    // The current element becomes the first (position 1).
     int Home();
+    // The current element becomes the last (position = count).
     int End();
 
-    // Moves the current element one step. Returns this list, or null when the list is empty or
-    // there is no element in that direction; nothing moves then.
+    // Moves the current element one step forward. Returns this list, or null when the list is empty
+    // or there is no element in that direction; nothing moves then.
     list0* operator++(int);
+    // The same backward.
     list0* operator--(int);
 
     // The current record, owned by the list and valid until it is deleted; null without a current
@@ -83,6 +88,10 @@ template <class T> class list0 {
     // elsewhere is not found. The position is not updated. After -1 the list has no current
     // element until it is positioned again, for example by Home.
     int Set_aktel(T* post);
+
+    // Makes current the first element whose record `matches` (T const&) -> bool answers with true.
+    // Returns 0, or -1 when there is none; the last element is then current.
+    template <class Matches> KVARNPROG_LOCAL int Find(Matches matches);
 
     // Puts the mark on the current element. Returns 0 always.
     int Set_mark();
@@ -118,10 +127,11 @@ template <class T> class list0 {
     static T m_noll;
 
   protected:
+    // An element: a record and its neighbours.
     struct nod {
-        nod* forra;
-        nod* nasta;
-        T post;
+        nod* forra; // the one before; null at the beginning
+        nod* nasta; // the next; null at the end
+        T post;     // the record
     };
 
     // Compares the current record (m_aktpost) with the mark record (m_markpost) under the key:
@@ -131,17 +141,20 @@ template <class T> class list0 {
     // Refreshes the mark record from the mark; -1 (and no record) without one.
     int Sort_mark();
 
-    nod* m_forsta = nullptr;
-    // Not cleared with the last record: the list is empty when m_forsta is null.
+    // Links the elements in the order of the table, which holds each of them once.
+    void Lanka(nod** nodes);
+
+    nod* m_forsta = nullptr; // the first element
+    // The last element. Not cleared with the last record: the list is empty when m_forsta is null.
     nod* m_sista = nullptr;
-    nod* aktel = nullptr;
-    nod* mark = nullptr;
-    std::int32_t m_nodstorlek = static_cast<std::int32_t>(sizeof(nod));
-    std::int32_t m_antal = 0;
-    std::int32_t m_position = 0;
-    CString m_text; // of the last sort failure
-    T* m_aktpost = nullptr;
-    T* m_markpost = nullptr;
+    nod* aktel = nullptr;                                               // the current element
+    nod* mark = nullptr;                                                // the marked element
+    std::int32_t m_nodstorlek = static_cast<std::int32_t>(sizeof(nod)); // bytes of an element
+    std::int32_t m_antal = 0;                                           // count
+    std::int32_t m_position = 0; // of the current element, counted from 1
+    CString m_text;              // of the last sort failure
+    T* m_aktpost = nullptr;      // the current record
+    T* m_markpost = nullptr;     // the mark record
 
   private:
     nod* NyNod(char const* memoryError) const;
@@ -155,7 +168,6 @@ template <class T> class list0 {
     void LankaFore(nod* added, nod* n);
     // Merges the two sorted runs [a, middle) and [middle, end) of the node table into `out`.
     void Sammanfoga(nod** a, nod** middle, nod** end, nod** out, int nyckel);
-    void Lanka(nod** nodes);
     [[noreturn]] void KastaSortfel(char const* format, std::int32_t first, std::int32_t second);
 
     // An array that is freed with its scope; null when memory is out.

@@ -165,6 +165,21 @@ template <class T> int list0<T>::Set_aktel(T* post) {
     return -1;
 }
 
+template <class T> template <class Matches> int list0<T>::Find(Matches matches) {
+    if (Home() != 0) {
+        return -1;
+    }
+    while (!matches(static_cast<T const&>(aktel->post))) {
+        if (aktel->nasta == nullptr) {
+            Set_pael();
+            return -1;
+        }
+        aktel = aktel->nasta;
+        ++m_position;
+    }
+    return Set_pael();
+}
+
 template <class T> int list0<T>::Set_mark() {
     mark = aktel;
     m_markpost = m_aktpost;

@@ -13,12 +13,13 @@ KVARNPROG_API void SetStatusBar(CStatusBar* bar);
 // A message box that the library wants to show. The texts are in code page 1252 and valid during
 // the call.
 struct MessageBoxRequest {
-    char const* text;
+    char const* text;    // what to show
     char const* caption; // null: the application title
     unsigned style;      // of MessageBox: buttons, icon and flags
     int owned;           // 1: over the main window, 0: owned by the desktop
 };
 
+// What a host shows messages with; the result is the button's id.
 using MessageBoxHandler = int (*)(MessageBoxRequest const&);
 
 // Shows every later message through the handler, which returns the button's id (IDOK is 1, IDYES 6,

@@ -36,13 +36,16 @@ class KVARNPROG_API CRegistry {
   public:
     // HKEY_CURRENT_USER and no path.
     CRegistry();
+    // A copy of the chosen root key and path.
     CRegistry(CRegistry const&);
+    // Becomes such a copy.
     CRegistry& operator=(CRegistry const&);
     ~CRegistry();
 
     // Takes HKEY_CLASSES_ROOT, HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE and HKEY_USERS; returns 0 for
     // any other key, and the root key stays.
     int SetRootKey(HKEY root);
+    // The root key that was last taken.
     HKEY GetRootKey();
 
     // Chooses the path, without a leading backslash. The key is opened once with the access mask,
@@ -58,55 +61,79 @@ class KVARNPROG_API CRegistry {
     // Whether the key below the parent (null: below the root key) can be opened for full access. A
     // restricted user gets 0 for the machine's keys even when they exist.
     int KeyExists(CString path, HKEY parent = nullptr);
-    int PathIsValid(); // 1 when a path is chosen
+    // 1 when a path is chosen, else 0.
+    int PathIsValid();
+    // The chosen path; empty without one.
     CString GetCurrentPath();
     // Restores the state after construction. Returns 1.
     int ClearKey();
 
-    // Opens the key for full access, as do the two counts.
+    // Whether the chosen key, which is opened for full access, has the value.
     int ValueExists(CString name);
+    // Deletes a value. 0 when it is missing.
     int DeleteValue(CString name);
     // In bytes; -1 when the value is missing.
     int GetDataSize(CString name);
     // A type such as REG_SZ; 0 when the value is missing.
     DWORD GetDataType(CString name);
-    // -1 on failure.
+    // How many keys are directly below the chosen one, which is opened for full access; -1 on
+    // failure.
     int GetSubKeyCount();
+    // How many values the chosen key has, in the same way.
     int GetValueCount();
     // Known quirk, kept on purpose: does nothing.
     void RenameValue(CString from, CString to);
 
-    // A text of at most 254 characters, and the default for other types. REG_EXPAND_SZ is not
-    // expanded.
+    // A text of at most 254 characters, and the default (standard, here and below) on failure and
+    // for other types. REG_EXPAND_SZ is not expanded.
     CString ReadString(CString name, CString standard);
     // Reads from an explicit path below the root key, and from the registry's 64-bit view when the
     // program's own view has no such key. Any type of value is read. The chosen path stays.
     CString ReadStringKey3264(CString path, CString name, CString standard);
+    // A whole number.
     int ReadInt(CString name, int standard);
+    // A truth value: the number that is stored.
     BOOL ReadBool(CString name, BOOL standard);
+    // A colour.
     COLORREF ReadColor(CString name, COLORREF standard);
+    // A number without a sign.
     DWORD ReadDword(CString name, DWORD standard);
+    // A number with decimals.
     double ReadFloat(CString name, double standard);
+    // A point in time, with its status.
     COleDateTime ReadDateTime(CString name, COleDateTime standard);
-    // These three fill the caller's object; after 0 its content is undefined.
+    // Fills the caller's object; after 0 its content is undefined. So do the two below.
     int ReadSize(CString name, CSize* size);
+    // As ReadSize.
     int ReadPoint(CString name, CPoint* point);
+    // As ReadSize.
     int ReadRect(CString name, CRect* rect);
     // Gives the object a new font; the old one is detached and not deleted. After 0 the object is
     // unchanged.
     int ReadFont(CString name, CFont* font);
 
-    // Texts of 255 characters or more are refused.
+    // Writes a text. 0, and nothing is written, for one of 255 characters or more. A value of that
+    // name is replaced whatever its type was, here and below.
     int WriteString(CString name, CString value);
+    // Writes a whole number.
     int WriteInt(CString name, int value);
+    // Writes a truth value, as the number that it is.
     int WriteBool(CString name, BOOL value);
+    // Writes a colour.
     int WriteColor(CString name, COLORREF value);
+    // Writes a number without a sign.
     int WriteDword(CString name, DWORD value);
+    // Writes a number with decimals.
     int WriteFloat(CString name, double value);
+    // Writes a point in time with its status.
     int WriteDateTime(CString name, COleDateTime value);
+    // Writes a size, which is not null.
     int WriteSize(CString name, CSize* size);
+    // Writes a point, which is not null.
     int WritePoint(CString name, CPoint* point);
+    // Writes a rectangle, which is not null.
     int WriteRect(CString name, CRect* rect);
+    // Writes the description of a font: zeros for an object without one.
     int WriteFont(CString name, CFont* font);
 
   private:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 #include "existence.h"
 #include "outfile.h"
@@ -13,6 +14,15 @@ InFile::InFile(char const* path)
     : m_file(CreateFileA(path, GENERIC_READ, shareAll, nullptr, OPEN_EXISTING,
                          FILE_ATTRIBUTE_NORMAL, nullptr)) {
     m_missing = !IsOpen() && MeansMissing(GetLastError());
+}
+
+InFile::InFile(InFile&& other) noexcept
+    : m_file(std::exchange(other.m_file, INVALID_HANDLE_VALUE)), m_missing(other.m_missing) {}
+
+InFile& InFile::operator=(InFile&& other) noexcept {
+    std::swap(m_file, other.m_file);
+    m_missing = other.m_missing;
+    return *this;
 }
 
 InFile::~InFile() {
@@ -54,14 +64,17 @@ std::optional<std::string> ReadAll(InFile& file) {
     constexpr std::size_t most = 1U << 30U; // ReadFile's count has 32 bits
     std::string text;
     std::size_t length = 0;
-    for (std::size_t room = file.Size() + 1;; room = text.size()) {
-        text.resize(length + std::clamp(room, leastRoom, most));
-        auto const part = file.Read(text.data() + length, text.size() - length);
-        if (!part || part->empty()) {
+    std::uint64_t const size = file.Size();
+    for (std::uint64_t room = size + 1;; room = text.size()) {
+        std::size_t const asked = std::clamp<std::uint64_t>(room, leastRoom, most);
+        text.resize(length + asked);
+        auto const part = file.Read(text.data() + length, asked);
+        length += part ? part->size() : 0;
+        bool const last = !part || part->empty() || (size > 0 && part->size() < asked);
+        if (last) {
             text.resize(length);
             return part ? std::optional(std::move(text)) : std::nullopt;
         }
-        length += part->size();
     }
 }
 

@@ -15,9 +15,11 @@ class InFile {
     // Nobody is kept from writing, replacing or deleting the file. GetLastError tells why it is not
     // open.
     explicit InFile(char const* path);
+    // None: it is missing.
+    InFile() = default;
+    InFile(InFile&& other) noexcept;
+    InFile& operator=(InFile&& other) noexcept;
     ~InFile();
-    InFile(InFile const&) = delete;
-    InFile& operator=(InFile const&) = delete;
 
     bool IsOpen() const { return m_file != INVALID_HANDLE_VALUE; }
     // True when there is no such file, or no such folder: it is not open then.
@@ -33,8 +35,8 @@ class InFile {
     std::optional<BY_HANDLE_FILE_INFORMATION> Status() const;
 
   private:
-    HANDLE m_file;
-    bool m_missing = false;
+    HANDLE m_file = INVALID_HANDLE_VALUE;
+    bool m_missing = true;
 };
 
 // A file's whole content. Nothing when it cannot be opened or read to its end, or memory is short.

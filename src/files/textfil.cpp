@@ -6,7 +6,11 @@
 
 namespace kvarn {
 
-TextReader::TextReader(char const* path) : m_file(path), m_ended(!m_file.IsOpen()) {}
+bool TextReader::Open(char const* path) {
+    m_file = InFile(path);
+    m_ended = !m_file.IsOpen();
+    return !m_ended;
+}
 
 std::string_view TextReader::Refill() {
     if (m_ended) {
@@ -35,6 +39,16 @@ void TextReader::MakeBuffer() {
     m_sizeIsKnown = size > 0;
     m_bufferSize = static_cast<std::size_t>(m_sizeIsKnown ? std::min(size + 1, most) : unknown);
     m_buffer.reset(new (std::nothrow) char[m_bufferSize]); // not cleared first
+}
+
+bool TextReader::ReadRest(std::string& text) {
+    constexpr std::uint64_t most = 1U << 30U;
+    try {
+        text.reserve(text.size() + static_cast<std::size_t>(std::min(m_file.Size(), most)));
+    } catch (std::bad_alloc const&) {
+        // The text may still fit: it may end before the file does.
+    }
+    return LineReader::ReadRest(text);
 }
 
 TextWriter::TextWriter(char const* path, Writes writes)

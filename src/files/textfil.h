@@ -13,19 +13,28 @@ namespace kvarn {
 // The lines of a file. One that is not open has none, and has not failed.
 class TextReader : public LineReader {
   public:
-    explicit TextReader(char const* path);
+    // Not open yet.
+    TextReader() = default;
+    explicit TextReader(char const* path) { Open(path); }
 
+    // Opens a file, in place of one that could not be opened.
+    bool Open(char const* path);
     bool IsOpen() const { return m_file.IsOpen(); }
     bool Missing() const { return m_file.Missing(); }
+    // It is there, and cannot be opened.
+    bool Refused() const { return !IsOpen() && !Missing(); }
+    // What was delivered is not all of the file; one that is missing has nothing in it.
+    bool Incomplete() const { return Refused() || Failed(); }
 
-    using LineReader::ReadRest;
+    // As LineReader's, with room for all of the file made at once.
+    bool ReadRest(std::string& text);
 
   private:
     std::string_view Refill() override;
     void MakeBuffer();
 
     InFile m_file;
-    bool m_ended;
+    bool m_ended = true;
     bool m_sizeIsKnown = false;
     std::size_t m_bufferSize = 0;
     std::unique_ptr<char[]> m_buffer;

@@ -1,9 +1,11 @@
 // Key files: lines of key=value, in code page 1252. Nothing is trimmed, and there are no comments.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
+#include "../text/codepage.h"
 #include "../text/lines.h"
 
 namespace kvarn {
@@ -33,10 +35,40 @@ struct KeyLine {
     std::string_view value;
 };
 
+// Tells most keys from one that is sought by their length and last letter: many begin alike.
+class SoughtKey {
+  public:
+    explicit SoughtKey(std::string_view key)
+        : m_length(key.size()), m_last(key.empty() ? '\0' : Lower1252(key.back())) {}
+
+    // Of a text with `end` after the key that has at least the letters of this one.
+    bool MayBe(char const* text, char end) const {
+        return text[m_length] == end && (m_length == 0 || Lower1252(text[m_length - 1]) == m_last);
+    }
+
+  private:
+    std::size_t m_length;
+    char m_last;
+};
+
 // The value of the first line with the key, in any case; empty without one. Makes no records.
 std::string ValueOf(LineReader& lines, std::string_view key);
 
 // Appends the line of a record, as it is in the file; a record without a value has none.
 void AppendKeyLine(std::string& out, std::string_view key, std::string_view value);
+
+// A key and the value that it is to have.
+struct KeyChange {
+    std::string_view key;
+    std::string_view value;
+
+    bool Fits() const { return key.size() <= longestKey && value.size() <= longestWrittenValue; }
+};
+
+bool AllFit(std::span<KeyChange const> changes);
+
+// The text with the new values, as a list of its records is written that has taken one after the
+// other: the first record of a key has its value, and new keys come last. Makes no list.
+std::string WithKeys(LineReader& lines, std::span<KeyChange const> changes);
 
 } // namespace kvarn

@@ -1,9 +1,11 @@
 #include "vagfil.h"
 
 #include <cmath>
+#include <initializer_list>
 
 #include "../text/format.h"
 #include "../text/letters.h"
+#include "../text/plainnumber.h"
 #include "../text/scan.h"
 
 namespace kvarn {
@@ -52,13 +54,33 @@ VagfilHeader::VagfilHeader(std::string_view line) {
 }
 
 std::string VagfilHeader::Name() const {
-    std::string converted(name);
+    std::string converted(name.substr(0, longestVagnamn));
     OemToAnsiNordic(converted.data());
     return converted;
 }
 
 bool ReadVertex(std::string_view line, kovltype& vertex) {
     return Scan(line, vertex.x, vertex.y, vertex.bulge, vertex.sektion) == vertexValues;
+}
+
+bool TakeVertex(std::string_view& text, kovltype& vertex) {
+    char const* next = text.data();
+    char const* const end = next + text.size();
+    auto const take = [&](char c) {
+        bool const found = next != end && *next == c;
+        next += found ? 1 : 0;
+        return found;
+    };
+    kovltype v{};
+    bool const taken = TakePlainNumber(next, end, v.x) && take(' ') &&
+                       TakePlainNumber(next, end, v.y) && take(' ') &&
+                       TakePlainNumber(next, end, v.bulge) && take(' ') &&
+                       TakePlainNumber(next, end, v.sektion) && take('\r') && take('\n');
+    if (taken) {
+        vertex = v;
+        text.remove_prefix(static_cast<std::size_t>(next - text.data()));
+    }
+    return taken;
 }
 
 VagfilReader::VagfilReader(std::string_view text)
@@ -115,8 +137,18 @@ void VagfilReader::ReadProfileLine(VagfilLine& line) {
 
 namespace {
 
+constexpr int vertexDecimals = 4;
+
+void AppendNumbers(std::string& out, std::initializer_list<double> numbers) {
+    for (char const* separator = ""; double const number : numbers) {
+        out += separator;
+        AppendFixed(out, number, vertexDecimals);
+        separator = " ";
+    }
+}
+
 void AppendNumbers(std::string& out, kovltype const& v) {
-    out += Format("%.4lf %.4lf %.4lf %.4lf", v.x, v.y, v.bulge, v.sektion);
+    AppendNumbers(out, {v.x, v.y, v.bulge, v.sektion});
 }
 
 } // namespace
@@ -133,7 +165,8 @@ void AppendVertex(std::string& out, kovltype const& vertex, std::int32_t type,
 }
 
 void AppendProfileVertex(std::string& out, kovltype const& vertex) {
-    AppendTextMode(out, Format("%.4lf %.4lf %.4lf\n", vertex.x, vertex.y, vertex.bulge));
+    AppendNumbers(out, {vertex.x, vertex.y, vertex.bulge});
+    out += "\r\n";
 }
 
 } // namespace kvarn

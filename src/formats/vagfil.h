@@ -23,7 +23,7 @@ struct VagfilHeader {
     explicit VagfilHeader(std::string_view line);
 
     bool HasType() const { return count > vertexValues; }
-    // As programs see it: letters of the DOS code page converted.
+    // As programs see it: letters of the DOS code page converted, and cut to its length.
     std::string Name() const;
 
     int count; // numbers that were read: the vertex and the type
@@ -35,6 +35,9 @@ struct VagfilHeader {
 
 // False for a line without its four numbers.
 bool ReadVertex(std::string_view line, kovltype& vertex);
+// Takes the next line off the text when it has the form of AppendVertex, as nearly all lines of
+// nearly all files have; false when it has another, and may still be a vertex.
+bool TakeVertex(std::string_view& text, kovltype& vertex);
 
 // A line of a file that may hold both a plan and a profile.
 struct VagfilLine {

@@ -9,14 +9,15 @@
 #include "../project/projpath.h"
 #include "../settings/autoini.h"
 
+// A material.
 struct bergmattype {
     std::int16_t nr;      // negative: a user's own
     std::int16_t monster; // pattern, 1 to 256
     std::int16_t flagga;  // of a user's own alone
     double skala;         // at least 0.01
     double vinkel;        // radians
-    char namn[31];
-    char text[17]; // empty: none
+    char namn[31];        // cut at 30 characters
+    char text[17];        // empty: none
 };
 
 extern template class KVARNPROG_LIST_DECLARE list0<bergmattype>;
@@ -76,10 +77,10 @@ class KVARNPROG_API CBergOrMateLista : public list0<bergmattype> {
     static char const* const FILNAMN;           // "Stenkod.dat"
     static char const* const FILNAMNN;          // "StenkodN.dat"
 
-    std::int32_t m_slag;
-    std::int32_t m_norsk;
-    CAutoIni* m_ini;   // not owned
-    CProjPath* m_proj; // not owned
+    std::int32_t m_slag;  // as constructed
+    std::int32_t m_norsk; // as constructed
+    CAutoIni* m_ini;      // not owned
+    CProjPath* m_proj;    // not owned
 
   private:
     CString m_notRead; // a file that is there and could not be opened or not be read to its end

@@ -1,5 +1,7 @@
 #include "roadfile.h"
 
+#include <new>
+
 #include "../core/messageout.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
@@ -31,9 +33,13 @@ int WriteRoadFile(char const* path, std::string_view text, CString const& notRea
     return result == Rewritten::done ? 0 : -1;
 }
 
-void ReportBadLine(std::string_view line) {
+void ReportBadLine(std::string_view line) try {
     SetLastMessage(Format("Fel rad : %s", line));
     StatusText(std::string(line).c_str()); // a line ends in the middle of its text
+} catch (std::bad_alloc const&) {
+    if (line.size() > messageBufferSize) { // nobody reads one that is nearly as long as the memory
+        ReportBadLine(line.substr(0, messageBufferSize));
+    }
 }
 
 } // namespace kvarn

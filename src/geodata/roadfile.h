@@ -31,6 +31,10 @@ template <std::size_t N> void KeepFileName(char (&name)[N], char const* path) {
 // Appends the lines of the vertices, the first with the line's type and this name. Walks the line
 // to its end.
 template <class Line> void AppendLine(std::string& out, Line& line, std::string_view name) {
+    constexpr std::size_t usualLength = 64; // of a vertex, and more than most
+    int count = 0;
+    line.Where(&count);
+    out.reserve(out.size() + usualLength * static_cast<std::size_t>(count));
     if (line.Home() == 0) {
         AppendVertex(out, *line.Get_aktel(), line.typ, name);
         while (line++ != nullptr) {

@@ -24,7 +24,7 @@ double LineFoot::Distance() const {
     Point const across = {m_p.x * (m_d.y * m_d.y) - dxdy * m_p.y,
                           m_p.y * (m_d.x * m_d.x) - dxdy * m_p.x};
     double const distance = Length(across) / m_length2;
-    return m_d.x * m_p.y - m_d.y * m_p.x > 0 ? -distance : distance;
+    return Cross() > 0 ? -distance : distance;
 }
 
 // With t = tan(a), a being the angle within the quadrant, (sqrt(t * t + 1) - 1) / t = tan(a / 2):
@@ -51,30 +51,33 @@ bool IsBetween(double first, double last, double measure) {
 
 } // namespace
 
+Arc::Arc(Point from, Point to, double bulge)
+    : m_bulge(bulge), m_circle(CircleThrough(from, to, bulge)),
+      m_towardsFrom(from - m_circle.centre), m_towardsTo(to - m_circle.centre) {}
+
+// A positive bulge turns clockwise where x points right and y up.
+bool Arc::IsWithin(double measure) const {
+    return m_bulge > 0 ? IsBetween(m_towardsFrom.Measure(), m_towardsTo.Measure(), measure)
+                       : IsBetween(m_towardsTo.Measure(), m_towardsFrom.Measure(), measure);
+}
+
 // The foot is where the ray from the centre to p meets the arc. Its distance along is the angle
 // from the arc's start times the radius, and the offset is how far p is outside the circle.
-Foot FootOnArc(Point from, Point to, double bulge, Point p) {
-    Circle const circle = CircleThrough(from, to, bulge);
-    Direction const towardsP(p - circle.centre);
-    Direction const towardsFrom(from - circle.centre);
-    Direction const towardsTo(to - circle.centre);
-    bool const isClockwise = bulge > 0; // where x points right and y up
-    bool const isWithin =
-        isClockwise ? IsBetween(towardsFrom.Measure(), towardsTo.Measure(), towardsP.Measure())
-                    : IsBetween(towardsTo.Measure(), towardsFrom.Measure(), towardsP.Measure());
-    if (!isWithin) {
+Foot Arc::FootOf(Point p) const {
+    Direction const towardsP(p - m_circle.centre);
+    if (!IsWithin(towardsP.Measure())) {
         return {};
     }
     double angleP = towardsP.Angle();
-    double angleFrom = towardsFrom.Angle();
-    if (isClockwise && angleFrom > angleP) {
+    double angleFrom = m_towardsFrom.Angle();
+    if (m_bulge > 0 && angleFrom > angleP) {
         angleFrom -= twoPi;
-    } else if (bulge < 0 && angleP > angleFrom) {
+    } else if (m_bulge < 0 && angleP > angleFrom) {
         angleP -= twoPi;
     }
     return {.isWithin = true,
-            .along = std::fabs((angleP - angleFrom) * circle.radius),
-            .offset = (Length(p - circle.centre) - circle.radius) * (isClockwise ? 1 : -1)};
+            .along = std::fabs((angleP - angleFrom) * m_circle.radius),
+            .offset = (Length(p - m_circle.centre) - m_circle.radius) * (m_bulge > 0 ? 1 : -1)};
 }
 
 } // namespace kvarn

@@ -54,8 +54,18 @@ class LineFoot {
     double Distance() const; // signed: negative on the left where x points right and y up
     double Along() const { return Fraction() * std::sqrt(m_length2); }
 
+    // False where Distance is not smaller than the root of a square for sure: the cross product is
+    // the distance times the length, and both ways to the distance err by less than 1e-10 |p|, or
+    // 1e-150 where squares come to nothing.
+    bool MayBeNearerThan(double square) const {
+        double const rounding = 1e-20 * (m_p.x * m_p.x + m_p.y * m_p.y) + 1e-300;
+        return !(Cross() * Cross() > (1.001 * square + rounding) * m_length2);
+    }
+
   private:
-    double Fraction() const { return (m_p.x * m_d.x + m_p.y * m_d.y) / m_length2; }
+    double Dot() const { return m_p.x * m_d.x + m_p.y * m_d.y; }
+    double Cross() const { return m_d.x * m_p.y - m_d.y * m_p.x; }
+    double Fraction() const { return Dot() / m_length2; }
 
     Point m_d;
     Point m_p;
@@ -74,6 +84,8 @@ class Direction {
 
     // From 0 up to 4, growing with the angle: what directions are compared by.
     double Measure() const { return m_measure; }
+    // Known to the quadrant alone; also of a direction that is no number.
+    bool IsAtQuadrantsStart() const { return !(m_measure > m_quadrant); }
     double Angle() const {
         constexpr std::array<double, 4> beginnings = {0, halfPi, pi, threeHalfPi};
         return 2 * std::atan(m_measure - m_quadrant) +
@@ -93,7 +105,24 @@ struct Foot {
     double offset;
 };
 
-// The foot of a point on the arc from one point to another.
-Foot FootOnArc(Point from, Point to, double bulge, Point p);
+// An arc from one point to another, with what can be told before a point is known.
+class Arc {
+  public:
+    Arc(Point from, Point to, double bulge);
+
+    Foot FootOf(Point p) const;
+
+    Circle const& OnCircle() const { return m_circle; }
+    Direction TowardsFrom() const { return m_towardsFrom; }
+    Direction TowardsTo() const { return m_towardsTo; }
+
+  private:
+    bool IsWithin(double measure) const;
+
+    double m_bulge;
+    Circle m_circle;
+    Direction m_towardsFrom;
+    Direction m_towardsTo;
+};
 
 } // namespace kvarn

@@ -7,21 +7,23 @@
 #include "../export.h"
 #include "../host/host.h"
 
+// A support point.
 struct stdpkttype {
-    char namn[12]; // at most 11 characters
-    float niva;
-    float varden[6];
+    char namn[12];   // at most 11 characters
+    float niva;      // level
+    float varden[6]; // its values, see CStodPunkt's constructor
 };
 
 // What the six numbers mean is the business of the programs.
 struct stdhuvudtype {
-    double varden[5];
-    float varde6; // see CStodPunkt's constructor
-    unsigned char ovrigt[4];
+    double varden[5];        // the first five
+    float varde6;            // see CStodPunkt's constructor
+    unsigned char ovrigt[4]; // the rest of the sixth
 };
 
 extern template class KVARNPROG_LIST_DECLARE list0<stdpkttype>;
 
+// The support points of a file, with what stands in its header.
 class KVARNPROG_API CStodPunkt : public list0<stdpkttype> {
   public:
     // Reads a file; null makes an object without points, with the header m_standardhuvud.
@@ -50,13 +52,14 @@ class KVARNPROG_API CStodPunkt : public list0<stdpkttype> {
     // is the file that could not be read, which is not overwritten while it is there; a write that
     // fails is not. Moves the current element.
     int Uppdat(char const* path);
+    // The same.
     int Uppdat(CString path);
 
     static stdhuvudtype m_standardhuvud; // all zero until a host sets it
 
-    stdhuvudtype m_huvud;
-    float m_gvy;       // level; 0: none
-    CString m_filnamn; // path of the file that was read
+    stdhuvudtype m_huvud; // the header
+    float m_gvy;          // level; 0: none
+    CString m_filnamn;    // path of the file that was read
     // Of that path without its last four characters: as many characters from the right as there are
     // up to its last "$". Empty without one.
     CString m_namn;

@@ -1,5 +1,7 @@
 #include "vag2.h"
 
+#include <new>
+
 #include "../core/message.h"
 #include "../text/text.h"
 #include "roadfile.h"
@@ -61,7 +63,7 @@ int CVag2::Init(CString path) {
     return Init(path.GetString());
 }
 
-int CVag2::Uppdat(char const* path) {
+int CVag2::Uppdat(char const* path) try {
     bool const isProfileAlone = plan.Home() != 0 && profil.Home() == 0;
     std::string text;
     if (isProfileAlone) {
@@ -72,6 +74,8 @@ int CVag2::Uppdat(char const* path) {
         AppendProfilePart(text, profil);
     }
     return kvarn::WriteRoadFile(path, text, m_notRead);
+} catch (std::bad_alloc const&) {
+    return -1;
 }
 
 int CVag2::Uppdat(CString path) {

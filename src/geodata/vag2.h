@@ -29,6 +29,7 @@ class KVARNPROG_API CVag2 {
     // -1 for a file that cannot be opened or not be read to its end, with the message of
     // CVaglinje::Init; nothing else has changed then.
     int Init(char const* path);
+    // The same.
     int Init(CString path);
 
     // Writes the road file, with the road's name and the plan's type in its header (plan.namn is
@@ -36,6 +37,7 @@ class KVARNPROG_API CVag2 {
     // name was copied to profil.namn. The file holds the old content or the new, never a half.
     // Results and messages are those of CVaglinje::Uppdat.
     int Uppdat(char const* path);
+    // The same.
     int Uppdat(CString path);
 
     // Reads the project's area file, project->m_kvarnVl, and then, by Init, the road file that it
@@ -70,14 +72,14 @@ class KVARNPROG_API CVag2 {
     // old content. Two programs at once need no lock: the last one's content wins, whole.
     int SaveOmr(CProjPath* project);
 
-    CVaglinje plan;
-    CVaglinje profil;
+    CVaglinje plan;    // the road's alignment
+    CVaglinje profil;  // its heights
     char filnamn[256]; // of the road file, without its folder
-    double omrSekFran; // the area to be drawn: stations from and to,
-    double omrSekTill;
-    double omrAvstMin; // and offsets
-    double omrAvstMax;
-    char namn[256]; // in the road file's header
+    double omrSekFran; // the area to be drawn: stations from
+    double omrSekTill; // to
+    double omrAvstMin; // and offsets from
+    double omrAvstMax; // to
+    char namn[256];    // in the road file's header
 
   private:
     CString m_notRead; // a file that is there and could not be opened or not be read to its end

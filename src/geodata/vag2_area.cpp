@@ -1,4 +1,6 @@
 // CVag2: the project's area file, which names the road and how much of it is drawn.
+#include <new>
+
 #include "../files/filerewrite.h"
 #include "../files/pathparts.h"
 #include "../files/textfil.h"
@@ -37,7 +39,7 @@ int CVag2::ReadOmr(CProjPath* project) {
     return Init(kvarn::PathOf(project->m_kvarnDbf.GetString(), filnamn).c_str());
 }
 
-int CVag2::SaveOmr(CProjPath* project) {
+int CVag2::SaveOmr(CProjPath* project) try {
     if (project == nullptr) {
         return -1;
     }
@@ -53,4 +55,6 @@ int CVag2::SaveOmr(CProjPath* project) {
     text += AreaOf(*this).Text();
     std::string const temporary = kvarn::PathOf(project->m_kvarnDbf.GetString(), "vl.tmp");
     return kvarn::RewriteFile(path, text, temporary.c_str()) == kvarn::Rewritten::done ? 0 : -1;
+} catch (std::bad_alloc const&) {
+    return -1;
 }

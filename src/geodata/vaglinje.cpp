@@ -1,5 +1,7 @@
 #include "vaglinje.h"
 
+#include <new>
+
 #include "../text/text.h"
 #include "roadfile.h"
 
@@ -33,30 +35,39 @@ int CVaglinje::Init(char const* path) {
     kvarn::KeepFileName(filnamn, path);
     kvarn::LineReader lines{std::string_view(text)};
     std::string_view line;
-    for (bool isFirst = true; lines.ReadLine(line); isFirst = false) {
+    kovltype vertex{};
+    for (bool isFirst = true;; isFirst = false) {
+        if (!isFirst &&
+            lines.TakeLine([&](auto& rest) { return kvarn::TakeVertex(rest, vertex); })) {
+            Ny(1, &vertex);
+            continue;
+        }
+        if (!lines.ReadLine(line)) {
+            return 0;
+        }
         if (isFirst) {
             kvarn::VagfilHeader const header(line);
             typ = header.HasType() ? header.type : typ;
             kvarn::CopyText(namn, sizeof namn, header.Name());
         }
-        kovltype vertex{};
         if (kvarn::ReadVertex(line, vertex)) {
             Ny(1, &vertex);
         } else {
             kvarn::ReportBadLine(line);
         }
     }
-    return 0;
 }
 
 int CVaglinje::Init(CString path) {
     return Init(path.GetString());
 }
 
-int CVaglinje::Uppdat(char const* path) {
+int CVaglinje::Uppdat(char const* path) try {
     std::string text;
     kvarn::AppendLine(text, *this, kvarn::FieldText(namn));
     return kvarn::WriteRoadFile(path, text, m_notRead);
+} catch (std::bad_alloc const&) {
+    return -1;
 }
 
 int CVaglinje::Uppdat(CString path) {

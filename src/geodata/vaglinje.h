@@ -43,6 +43,8 @@ extern template class KVARNPROG_LIST_DECLARE list0<kovltype>;
 // Nothing is guarded in the arithmetic: equal stations of neighbouring vertices, coincident
 // vertices of an arc and values that are not numbers give what the arithmetic gives (inf, nan),
 // never a trap.
+//
+// Every question walks the line; vagindex.h has an index for many of them.
 class KVARNPROG_API CVaglinje : public list0<kovltype> {
   public:
     // An empty line of type 0, without name and area.
@@ -70,6 +72,7 @@ class KVARNPROG_API CVaglinje : public list0<kovltype> {
     // "Kan ej oppna vaglinje : %s" (o and a with two dots) in a box and in MessageBuffer; the
     // records are then gone.
     int Init(char const* path);
+    // The same.
     int Init(CString path);
 
     // Writes the line in the form that Init reads, four decimals each, code page 1252 (letters are
@@ -82,6 +85,7 @@ class KVARNPROG_API CVaglinje : public list0<kovltype> {
     // not overwritten from that until another Init. -1 without a message when a write fails, on a
     // full disk for one; the file then keeps its old content.
     int Uppdat(char const* path);
+    // The same.
     int Uppdat(CString path);
 
     // Sets the area from the records: from the first station to the last, 30 m to either side. -1
@@ -191,18 +195,18 @@ class KVARNPROG_API CVaglinje : public list0<kovltype> {
     static double Seknoll; // 9999999.9: no station; what a search for a station writes first
     static double Sekkoll; // 9999999.0: stations below it count as found
 
-    // The area: stations from and to, and the offsets that limit it on either side.
-    double omrSekFran;
-    double omrSekTill;
-    double omrAvstMin;
-    double omrAvstMax;
+    double omrSekFran; // the area: stations from
+    double omrSekTill; // to
+    double omrAvstMin; // and offsets from
+    double omrAvstMax; // to
     std::int32_t typ;  // 0 not stated, 1 plan, 10 profile
     char namn[256];    // from the header
     char filnamn[256]; // of the file last read, without its folder
     CStdioFile fil;    // never open between calls
 
   private:
-    struct Hit;
+    friend class CVagindex; // copies the vertices
+    struct Fynd;
 
     // These are exported with the class, and keep their names for that.
     void Tom();           // deletes all vertices
@@ -214,9 +218,8 @@ class KVARNPROG_API CVaglinje : public list0<kovltype> {
     int SokSegment(double sektion);
     // Makes the first vertex that a narrowed search looks at current.
     nod* SokStart(double x, double y);
-    // Look from a vertex, the current one for a foot, to the end of the line.
-    Hit SokFot(nod* from, double x, double y, int mode);
-    Hit SokHorn(nod* from, double x, double y);
+    // Looks for feet and vertices from the current vertex to the end of the line.
+    Fynd Sok(nod* from, double x, double y, int mode);
     // Adds a vertex beyond an end, where Ny takes it; inwards is 1 where stations grow inwards, and
     // -1 where they fall.
     int Forlang(kovltype const& end, double inwards, double length, int where);

@@ -1,64 +1,8 @@
 // CVaglinje: straights, arcs and vertical curves, and the points on them.
 #include "../core/messageout.h"
 #include "../text/format.h"
-#include "segments.h"
+#include "roadsegment.h"
 #include "vaglinje.h"
-
-namespace {
-
-constexpr double noCoordinate = 999999.9; // what clients compare with
-
-// The value at a station between two that are known at the ends of a segment.
-double Interpolate(double from, double to, double sektion, kovltype const& p, kovltype const& q) {
-    return from + (sektion - p.sektion) * (to - from) / (q.sektion - p.sektion);
-}
-
-// The bearing of a vector, from the y axis towards the x axis, in [0, 2 pi).
-double Bearing(kvarn::Point vector) {
-    double const angle = std::atan2(vector.x, vector.y);
-    return angle < 0 ? angle + kvarn::twoPi : angle;
-}
-
-kvarn::Point PointOnArc(kovltype const& p, kovltype const& q, double sektion, double offset) {
-    kvarn::Circle const circle = kvarn::CircleThrough({p.x, p.y}, {q.x, q.y}, p.bulge);
-    double from = Bearing(kvarn::Point{p.x, p.y} - circle.centre);
-    double to = Bearing(kvarn::Point{q.x, q.y} - circle.centre);
-    // Of the two arcs through both points the shorter one is followed. Its bearings grow from p to
-    // q when it turns clockwise; where it crosses bearing 0 they grow after a turn is taken off
-    // one.
-    bool isClockwise = from <= to;
-    if (!(std::fabs(to - from) < kvarn::pi)) {
-        isClockwise = from > to;
-        (isClockwise ? from : to) -= kvarn::twoPi;
-    }
-    double const radius = circle.radius + (isClockwise ? offset : -offset);
-    double const angle = Interpolate(from, to, sektion, p, q);
-    return {circle.centre.x + radius * std::sin(angle), circle.centre.y + radius * std::cos(angle)};
-}
-
-kvarn::Point PointOnStraight(kovltype const& p, kovltype const& q, double sektion, double offset) {
-    // The bearing of the segment; (sin, -cos) of it is the unit vector across, to positive offsets.
-    double const angle = std::atan2(p.x - q.x, q.y - p.y) - kvarn::halfPi;
-    return {Interpolate(p.x, q.x, sektion, p, q) + std::sin(angle) * offset,
-            Interpolate(p.y, q.y, sektion, p, q) - std::cos(angle) * offset};
-}
-
-// The height is a vertex's x here, and the station its y. The angle on the circle is interpolated
-// by station, which is exact at the ends alone.
-double HeightOnCurve(kovltype const& p, kovltype const& q, double sektion) {
-    kvarn::Point const from = {p.x, p.y};
-    kvarn::Point const to = {q.x, q.y};
-    kvarn::Circle const circle = kvarn::Length(to - from) <= 0
-                                     ? kvarn::Circle{from, 0}
-                                     : kvarn::CircleThrough(from, to, p.bulge);
-    kvarn::Point const towardsP = from - circle.centre;
-    kvarn::Point const towardsQ = to - circle.centre;
-    double const angle = Interpolate(std::atan2(towardsP.x, towardsP.y),
-                                     std::atan2(towardsQ.x, towardsQ.y), sektion, p, q);
-    return circle.centre.x + circle.radius * std::sin(angle);
-}
-
-} // namespace
 
 int CVaglinje::Bulge_r(kokotype* p1, kokotype* p2, double* radius, double* centreA, double* centreB,
                        int mode) {
@@ -106,7 +50,7 @@ int CVaglinje::Padist(kovltype* p1, kovltype* p2, double px, double py, double* 
     if (typ == kvarn::vagtypProfil) {
         return -1;
     }
-    kvarn::Foot const foot = kvarn::FootOnArc({p1->x, p1->y}, {p2->x, p2->y}, p1->bulge, {px, py});
+    kvarn::Foot const foot = kvarn::Arc({p1->x, p1->y}, {p2->x, p2->y}, p1->bulge).FootOf({px, py});
     if (!foot.isWithin) {
         return 2;
     }
@@ -116,22 +60,19 @@ int CVaglinje::Padist(kovltype* p1, kovltype* p2, double px, double py, double* 
 }
 
 int CVaglinje::Vag2xy(double sektion, double offset, double* x, double* y) {
-    *x = noCoordinate;
-    *y = noCoordinate;
+    *x = kvarn::noCoordinate;
+    *y = kvarn::noCoordinate;
     if (typ == kvarn::vagtypProfil || SokSegment(sektion) != 0) {
         return -1;
     }
-    kovltype const& p = *m_markpost;
-    kovltype const& q = *m_aktpost;
-    kvarn::Point const point = kvarn::IsArc(p.bulge) ? PointOnArc(p, q, sektion, offset)
-                                                     : PointOnStraight(p, q, sektion, offset);
+    kvarn::Point const point = kvarn::PlanSegment(*m_markpost, *m_aktpost).At(sektion, offset);
     *x = point.x;
     *y = point.y;
     return 0;
 }
 
 int CVaglinje::Vagprofz(double sektion, double* z) {
-    *z = noCoordinate;
+    *z = kvarn::noCoordinate;
     if (typ == kvarn::vagtypPlan || Home() != 0 || m_forsta->post.y > sektion) {
         return -1;
     }
@@ -146,9 +87,6 @@ int CVaglinje::Vagprofz(double sektion, double* z) {
         return -1;
     }
     StallSegment(from, to, position);
-    kovltype const& p = from->post;
-    kovltype const& q = to->post;
-    *z =
-        kvarn::IsArc(p.bulge) ? HeightOnCurve(p, q, sektion) : Interpolate(p.x, q.x, sektion, p, q);
+    *z = kvarn::ProfileSegment(from->post, to->post).HeightAt(sektion);
     return 0;
 }

@@ -12,7 +12,7 @@ constexpr double inside = 0.5; // metres inside the line, from where it is lengt
 double LengthTo(kovltype const& previous, kovltype const& vertex) {
     kvarn::Point const from = {vertex.x, vertex.y};
     kvarn::Point const to = {previous.x, previous.y};
-    return kvarn::IsArc(vertex.bulge) ? kvarn::FootOnArc(from, to, vertex.bulge, to).along
+    return kvarn::IsArc(vertex.bulge) ? kvarn::Arc(from, to, vertex.bulge).FootOf(to).along
                                       : kvarn::Length(from - to);
 }
 

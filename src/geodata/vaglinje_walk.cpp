@@ -1,11 +1,6 @@
 // CVaglinje: the walk along the line, for the queries and the search.
+#include "roadsegment.h"
 #include "vaglinje.h"
-
-namespace {
-
-constexpr double tolerance = 0.0001; // metres along the line; files have four decimals
-
-} // namespace
 
 bool CVaglinje::Vaxande() const {
     return m_forsta->nasta == nullptr || !(m_forsta->nasta->post.sektion < m_forsta->post.sektion);
@@ -26,14 +21,14 @@ int CVaglinje::SokSegment(double sektion) {
     // A line whose stations decrease is walked by the stations' negatives.
     double const sign = Vaxande() ? 1 : -1;
     double const wanted = sign * sektion;
-    if (wanted <= sign * m_forsta->post.sektion - tolerance) {
+    if (wanted <= sign * m_forsta->post.sektion - kvarn::stationTolerance) {
         return -1;
     }
     nod* from = m_forsta;
     int position = 1;
     for (nod* to = from->nasta; to != nullptr; from = to, to = to->nasta) {
         ++position;
-        if (sign * to->post.sektion + tolerance > wanted) {
+        if (sign * to->post.sektion + kvarn::stationTolerance > wanted) {
             StallSegment(from, to, position);
             return 0;
         }

@@ -1,13 +1,22 @@
 // The file of the Jb2/Jb3 scales.
 #pragma once
 
+#include <span>
+
+#include "../formats/keyfile.h"
 #include "../project/projpath.h"
 #include "../settings/autoini.h"
 
 namespace kvarn {
 
-// Writes a key: see CKvarnInst::Jb23WriteKey. -1 when the file exists and cannot be opened, or
-// not be read to its end; it then stays as it is. Else 0, also when it cannot be written.
-int WriteJb23(CProjPath const* projekt, CAutoIni const* ini, char const* nyckel, char const* varde);
+enum class Jb23Written {
+    done,   // also where no folder is known for a new file: nothing is written
+    unread, // the file exists and cannot be opened, or not be read to its end
+    failed  // it cannot be written, and stays as it is
+};
+
+// Writes keys, one after the other (see CKvarnInst::Jb23WriteKey), in one rewriting of the file.
+Jb23Written WriteJb23(CProjPath const* projekt, CAutoIni const* ini,
+                      std::span<KeyChange const> changes);
 
 } // namespace kvarn

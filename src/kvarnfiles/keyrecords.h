@@ -5,15 +5,12 @@
 #include <string>
 #include <string_view>
 
-#include "../files/filerewrite.h"
-#include "../files/textfil.h"
 #include "../formats/keyfile.h"
 #include "../host/host.h"
 #include "../text/text.h"
+#include "keychanges.h"
 
 namespace kvarn {
-
-enum class KeyFileRead { whole, notOpened, incomplete };
 
 // Appends a record for each line that makes one.
 template <class List> void ReadKeys(List& list, LineReader& lines) {
@@ -30,34 +27,12 @@ template <class List> void ReadKeys(List& list, LineReader& lines) {
     }
 }
 
-enum class Presence {
-    expected, // a look has not found that it is missing
-    optional  // a missing file is read whole: there is nothing in it
-};
-
-// Of a path; an empty one has no file, which is read whole.
-template <class List> KeyFileRead ReadKeyFile(List& list, char const* path, Presence presence) {
-    if (*path == '\0') {
-        return KeyFileRead::whole;
-    }
-    TextReader file(path);
-    if (!file.IsOpen() && !(file.Missing() && presence == Presence::optional)) {
-        return KeyFileRead::notOpened;
-    }
-    ReadKeys(list, file);
-    return file.Failed() ? KeyFileRead::incomplete : KeyFileRead::whole;
-}
-
 template <class List> int FindKeyRecord(List& list, std::string_view key) {
-    if (list.Home() != 0) {
-        return -1;
-    }
-    do {
-        if (SameText(list.Get_aktel()->nyckel, key)) {
-            return 0;
-        }
-    } while (list++ != nullptr);
-    return -1;
+    SoughtKey const sought(key);
+    return list.Find([&](auto const& record) {
+        return key.size() <= longestKey && sought.MayBe(record.nyckel, '\0') &&
+               SameText(record.nyckel, key);
+    });
 }
 
 template <class List> CString ReadKeyRecord(List& list, std::string_view key) {
@@ -81,6 +56,23 @@ template <class List> int SetKeyRecord(List& list, std::string_view key, std::st
     return 0;
 }
 
+// Sets several keys, or none where one is too long, and rewrites the file (0, or -1 when that
+// failed).
+template <class List, class Rewrite>
+int WriteKeyRecords(List& list, ClientKeys keys, Rewrite rewrite) {
+    if (keys.empty()) {
+        return 0;
+    }
+    auto const changes = ChangesOf(keys);
+    if (!AllFit(changes)) {
+        return TellEach(keys, -1);
+    }
+    for (KeyChange const& change : changes) {
+        SetKeyRecord(list, change.key, change.value);
+    }
+    return TellEach(keys, rewrite());
+}
+
 // The file's content, in list order.
 template <class List> std::string KeyFileText(List& list) {
     constexpr std::size_t usualLine = 32; // room for most, made once
@@ -92,18 +84,6 @@ template <class List> std::string KeyFileText(List& list) {
         AppendKeyLine(text, list.Get_aktel()->nyckel, list.Get_aktel()->varde);
     }
     return text;
-}
-
-// Rewrites the file from the list; an empty path leaves the change in memory and is done. A file
-// that was not read to its end stays as it is.
-template <class List> Rewritten WriteKeyFile(List& list, char const* path, bool incomplete) {
-    if (*path == '\0') {
-        return Rewritten::done;
-    }
-    if (incomplete) {
-        return OpensForWriting(path) ? Rewritten::failed : Rewritten::cannotOpen;
-    }
-    return RewriteFile(path, KeyFileText(list));
 }
 
 } // namespace kvarn

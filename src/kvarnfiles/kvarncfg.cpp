@@ -1,6 +1,7 @@
 #include "kvarncfg.h"
 
 #include "../core/messageout.h"
+#include "../files/textfil.h"
 #include "../text/codepage.h"
 #include "../text/format.h"
 #include "keyrecords.h"
@@ -20,10 +21,10 @@ CKvarnCFG::~CKvarnCFG() = default;
 
 int CKvarnCFG::Init(char const* program, char const* path) {
     m_filnamn = path;
-    kvarn::KeyFileRead const result =
-        kvarn::ReadKeyFile(*this, m_filnamn, kvarn::Presence::optional);
-    m_incomplete = result != kvarn::KeyFileRead::whole;
-    if (result == kvarn::KeyFileRead::notOpened) {
+    kvarn::TextReader file(m_filnamn);
+    kvarn::ReadKeys(*this, file);
+    m_incomplete = file.Incomplete();
+    if (file.Refused()) {
         kvarn::DesktopMessage(kvarn::Format("Kan inte öppna CFG-filen\n%s\nAvbryter läsning!"_1252,
                                             m_filnamn.GetString())
                                   .c_str(),
@@ -50,9 +51,20 @@ int CKvarnCFG::WriteKey(CString key, CString value) {
     if (kvarn::SetKeyRecord(*this, key.GetString(), value.GetString()) != 0) {
         return -1;
     }
-    return kvarn::WriteKeyFile(*this, m_filnamn, m_incomplete) == kvarn::Rewritten::done ? 0 : -1;
+    return Skriv();
 }
 
 int CKvarnCFG::WriteKey(char const* key, char const* value) {
     return WriteKey(CString(key), CString(value));
+}
+
+int CKvarnCFG::WriteKeys(nyckelvarde* nycklar, int antal) {
+    return kvarn::WriteKeyRecords(*this, kvarn::ClientKeysOf(nycklar, antal),
+                                  [this] { return Skriv(); });
+}
+
+int CKvarnCFG::Skriv() {
+    kvarn::Rewritten const result =
+        kvarn::RewriteKeyFile(m_filnamn, m_incomplete, kvarn::KeyFileText(*this));
+    return result == kvarn::Rewritten::done ? 0 : -1;
 }

@@ -5,7 +5,9 @@
 #include "../export.h"
 #include "../host/host.h"
 #include "../settings/autoini.h"
+#include "nyckelvarde.h"
 
+// A key and its value. A line that is too long makes a record of two empty texts.
 struct cfgtype {
     char nyckel[40]; // left of the first "=", at most 39 characters
     char varde[260]; // right of it
@@ -42,10 +44,12 @@ class KVARNPROG_API CKvarnCFG : public list0<cfgtype> {
     // Makes the first record of that key current. Returns 0, or -1 when there is none; the last
     // record is then current.
     int FindKey(CString key);
+    // The same.
     int FindKey(char const* key);
 
     // The value of a key; empty when it is missing.
     CString ReadKey(CString key);
+    // The same.
     CString ReadKey(char const* key);
 
     // Sets a key and rewrites the file. An empty value removes the key from the file. Returns 0,
@@ -57,7 +61,11 @@ class KVARNPROG_API CKvarnCFG : public list0<cfgtype> {
     // - for a file that exists but could not be read to its end: it is never overwritten from what
     //   was read.
     int WriteKey(CString key, CString value);
+    // The same.
     int WriteKey(char const* key, char const* value);
+    // Several keys in one rewriting, all or none, with the results of CKvarnInst::WriteKeys and no
+    // message. The list changes only when all of them fit.
+    int WriteKeys(nyckelvarde* nycklar, int antal);
 
     CString m_filnamn; // full path, or empty
     CStdioFile m_fil;  // never open between calls
@@ -67,5 +75,7 @@ class KVARNPROG_API CKvarnCFG : public list0<cfgtype> {
     int Init(char const* program, char const* path);
 
   private:
+    int Skriv();
+
     bool m_incomplete = false; // the file exists but was not read to its end
 };

@@ -12,16 +12,21 @@
 #include "codepass.h"
 #include "defaults.h"
 #include "jb23write.h"
+#include "keychanges.h"
 #include "kvarninst.h"
-#include "kvarnpar.h"
 #include "parfile.h"
 
 namespace {
 
-constexpr int stenprogram = 1;
-
 bool Named(char const* file, char const* name) {
     return kvarn::SameText(file, name);
+}
+
+// Null for any other file.
+kvarn::ParKind const* ParKindOf(char const* file) {
+    return Named(file, CProjPath::KvarnParNamn)  ? &kvarn::kvarnPar
+           : Named(file, CProjPath::StenParNamn) ? &kvarn::stenPar
+                                                 : nullptr;
 }
 
 bool DecimalIsPoint() {
@@ -78,10 +83,8 @@ CString CKvarnInst::Default(char const* file, CString key) {
 
 CString CKvarnInst::ReadKey(char const* file, CString key) {
     CString value;
-    if (Named(file, CProjPath::KvarnParNamn)) {
-        value = kvarn::kvarnPar.InForce(m_ini, m_proj).ReadKey(key.GetString());
-    } else if (Named(file, CProjPath::StenParNamn)) {
-        value = kvarn::stenPar.InForce(m_ini, m_proj).ReadKey(key.GetString());
+    if (kvarn::ParKind const* const kind = ParKindOf(file)) {
+        value = kind->ReadKey(m_ini, m_proj, key.GetString());
     } else if (Named(file, CProjPath::Jb23ParNamn)) {
         value = Jb23ReadKey(key);
     }
@@ -111,16 +114,27 @@ double CKvarnInst::ReadKeyDouble(char const* file, char const* key, int defaultO
 }
 
 int CKvarnInst::WriteKey(char const* file, CString key, CString value) {
-    if (Named(file, CProjPath::KvarnParNamn)) {
-        return CKvarnPAR(m_ini, m_proj).WriteKey(key, value);
+    kvarn::KeyChange const change = {key.GetString(), value.GetString()};
+    if (kvarn::ParKind const* const kind = ParKindOf(file)) {
+        return kind->WriteKeys(m_ini, m_proj, {&change, 1});
     }
-    if (Named(file, CProjPath::StenParNamn)) {
-        return CKvarnPAR(m_ini, m_proj, stenprogram).WriteKey(key, value);
+    bool const unread = Named(file, CProjPath::Jb23ParNamn) &&
+                        kvarn::WriteJb23(m_proj, m_ini, {&change, 1}) == kvarn::Jb23Written::unread;
+    return unread ? -1 : 0;
+}
+
+int CKvarnInst::WriteKeys(char const* file, nyckelvarde* nycklar, int antal) {
+    kvarn::ClientKeys const keys = kvarn::ClientKeysOf(nycklar, antal);
+    if (keys.empty()) {
+        return 0;
     }
-    if (Named(file, CProjPath::Jb23ParNamn)) {
-        return kvarn::WriteJb23(m_proj, m_ini, key.GetString(), value.GetString());
+    auto const changes = kvarn::ChangesOf(keys);
+    if (kvarn::ParKind const* const kind = ParKindOf(file)) {
+        return kvarn::TellEach(keys, kind->WriteKeys(m_ini, m_proj, changes));
     }
-    return 0;
+    bool const failed = Named(file, CProjPath::Jb23ParNamn) &&
+                        kvarn::WriteJb23(m_proj, m_ini, changes) != kvarn::Jb23Written::done;
+    return kvarn::TellEach(keys, failed ? -1 : 0, [](kvarn::KeyChange const&) { return true; });
 }
 
 int CKvarnInst::WriteKey(char const* file, CString key, int value) {

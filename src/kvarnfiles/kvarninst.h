@@ -8,6 +8,7 @@
 #include "../host/host.h"
 #include "../project/projpath.h"
 #include "../settings/autoini.h"
+#include "nyckelvarde.h"
 
 namespace kvarn {
 class CodePass;
@@ -48,18 +49,23 @@ class CodePass;
 // its next record, and when it is finished it is for both.
 class KVARNPROG_API CKvarnInst {
   public:
+    // Without settings object, project and pass: Init comes first.
     CKvarnInst();
+    // Shares the pointers and the pass, see above.
     CKvarnInst(CKvarnInst const&);
+    // Lets its own pass go, as the destructor does, and shares those of the other object.
     CKvarnInst& operator=(CKvarnInst const&);
     // A pass that is under way keeps its file open, where one that writes keeps other writers out:
-    // finish it first. So too when another object is assigned over it.
+    // finish it first.
     virtual ~CKvarnInst();
 
     // Takes the settings object and the project's paths, which stay the caller's and must outlive
     // this object. Returns 0.
     int Init(CAutoIni* ini, CProjPath* projekt);
 
+    // The settings object that Init was given; null before that.
     CAutoIni* AiniPtr() const;
+    // Stores both of Init's objects, or null before that. Neither pointer may be null.
     void GetAiniProjPath(CAutoIni** ini, CProjPath** projekt) const;
 
     // The built-in default of a key; empty for a key or a file that has none.
@@ -68,6 +74,7 @@ class KVARNPROG_API CKvarnInst {
     // The value of a key as the file has it, or its default when the value is missing or empty.
     // Empty for any other file.
     CString ReadKey(char const* file, CString key);
+    // The same.
     CString ReadKey(char const* file, char const* key);
 
     // The value, or its default alone when defaultOnly is not 0, as a number: the whole number
@@ -82,11 +89,22 @@ class KVARNPROG_API CKvarnInst {
     // nothing, for any other file.
     int WriteKey(char const* file, CString key, CString value);
 
-    // Writes a whole number; -1 as "MAX" when the key contains "SKALA" (in capitals).
+    // Writes a whole number; -1 as "MAX" when the key contains "SKALA" (in capitals). Results and
+    // messages are those of the text form.
     int WriteKey(char const* file, CString key, int value);
 
-    // Writes a number with so many decimals (negative: 6).
+    // Writes a number with so many decimals (negative: 6) and a decimal point, whatever locale the
+    // process has. Results and messages are those of the text form.
     int WriteKey(char const* file, CString key, double value, int decimals);
+
+    // Writes several keys of one file as so many calls of WriteKey would, but rewrites the file
+    // once, with all of them or none. Sets the result of each: 0 when it is written; -1 when the
+    // key has 40 characters or more, or the value more than 259; -2 when nothing is written because
+    // of another, or because the file cannot be read to its end or written. Returns 0 when all
+    // results are 0, else -1. Messages are those of WriteKey, each shown once. Of equal keys the
+    // last counts (scales: their place). Null keys or a count below 1: returns 0, and nothing is
+    // done.
+    int WriteKeys(char const* file, nyckelvarde* nycklar, int antal);
 
     // A double without its decimals would be cut to a whole number.
     template <class T, class = typename std::enable_if<std::is_floating_point<T>::value>::type>
@@ -123,6 +141,7 @@ class KVARNPROG_API CKvarnInst {
     // Deletes the project's copies, and closes a pass that is under way on one of them;
     // "KLIPPBOK.PAR" is left to the second, which deletes it alone. They return 0.
     int RemoveLokalaFiler();
+    // As above.
     int RemoveLokalStenFil();
 
     // --- Jb2/Jb3 scales --------------------------------------------------------------------------

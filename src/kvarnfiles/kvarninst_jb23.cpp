@@ -1,3 +1,5 @@
+#include <new>
+
 #include "../files/filerewrite.h"
 #include "../files/pathparts.h"
 #include "../files/textfil.h"
@@ -21,41 +23,49 @@ CString NewPath(CAutoIni const* ini) {
 
 } // namespace
 
-int kvarn::WriteJb23(CProjPath const* projekt, CAutoIni const* ini, char const* nyckel,
-                     char const* varde) {
-    ScalePlace const place(nyckel);
+kvarn::Jb23Written kvarn::WriteJb23(CProjPath const* projekt, CAutoIni const* ini,
+                                    std::span<KeyChange const> changes) try {
     CString const found = FirstFound(projekt, ini, CProjPath::Jb23ParNamn);
     CString const path = found.IsEmpty() ? NewPath(ini) : found;
     if (path.IsEmpty()) {
-        return 0;
+        return Jb23Written::done;
     }
     std::string text;
     { // closed again before it is replaced
         TextReader file(path);
-        text = file.IsOpen() ? WithScale(file, place, varde) : NewScales(place, varde);
         bool const isNew = found.IsEmpty() && file.Missing();
-        if (file.Failed() || (!file.IsOpen() && !isNew)) {
-            return -1;
+        if (!isNew && (!file.IsOpen() || !file.ReadRest(text))) {
+            return Jb23Written::unread;
+        }
+        if (isNew) {
+            ScalePlace const place(changes.front().key);
+            text = NewScales(place, changes.front().value);
+            changes = changes.subspan(1);
         }
     }
-    RewriteFile(path, text, TemporaryOf(path.GetString()).c_str());
-    return 0;
+    for (KeyChange const& change : changes) {
+        LineReader lines{std::string_view(text)};
+        text = WithScale(lines, ScalePlace(change.key), change.value);
+    }
+    bool const written =
+        RewriteFile(path, text, TemporaryOf(path.GetString()).c_str()) == Rewritten::done;
+    return written ? Jb23Written::done : Jb23Written::failed;
+} catch (std::bad_alloc const&) {
+    return Jb23Written::failed;
 }
 
 CString CKvarnInst::Jb23ReadKey(CString key) {
-    CString const path = kvarn::FirstFound(m_proj, m_ini, CProjPath::Jb23ParNamn);
-    if (path.IsEmpty()) {
-        return {};
-    }
-    kvarn::TextReader file(path);
-    if (!file.IsOpen()) {
+    char const* const name = CProjPath::Jb23ParNamn;
+    kvarn::TextReader file;
+    CString const path = kvarn::OpenFirst(file, kvarn::ProjectCopy(m_proj, name), m_ini, name);
+    if (file.Refused()) {
         kvarn::CannotRead(path, "Läsning av Kvarnbok - jb2/3 inställningar"_1252);
-        return {};
     }
     return kvarn::ToCString(kvarn::ScaleAt(file, kvarn::ScalePlace(key.GetString())));
 }
 
 CString CKvarnInst::Jb23WriteKey(CString key, CString value) {
-    kvarn::WriteJb23(m_proj, m_ini, key.GetString(), value.GetString());
+    kvarn::KeyChange const change = {key.GetString(), value.GetString()};
+    kvarn::WriteJb23(m_proj, m_ini, {&change, 1});
     return value;
 }

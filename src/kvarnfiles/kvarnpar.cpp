@@ -1,24 +1,19 @@
 #include "kvarnpar.h"
 
-#include "../core/messageout.h"
-#include "../project/searchorder.h"
-#include "../text/format.h"
 #include "keyrecords.h"
 #include "parfile.h"
 
 template class KVARNPROG_LIST_DEFINE list0<partype>;
 
 CKvarnPAR::CKvarnPAR(CAutoIni* ini, CProjPath* projekt) {
-    kvarn::ParKind const& kind = kvarn::kvarnPar;
-    Las(kind.OwnFile(projekt), ini, *kind.name, kind.program);
+    Las(kvarn::kvarnPar, ini, projekt);
 }
 
 CKvarnPAR::CKvarnPAR(CAutoIni* ini, CProjPath* projekt, int program) {
     constexpr int ritprogram = 0;
     constexpr int stenprogram = 1;
     if (program == stenprogram) {
-        kvarn::ParKind const& kind = kvarn::stenPar;
-        Las(kind.OwnFile(projekt), ini, *kind.name, kind.program);
+        Las(kvarn::stenPar, ini, projekt);
     } else if (program == ritprogram) {
         CKvarnPAR const readAndForgotten(ini, projekt);
     }
@@ -26,16 +21,11 @@ CKvarnPAR::CKvarnPAR(CAutoIni* ini, CProjPath* projekt, int program) {
 
 CKvarnPAR::~CKvarnPAR() = default;
 
-void CKvarnPAR::Las(CString const& projektfil, CAutoIni const* ini, char const* namn,
-                    char const* program) {
-    kvarn::ParFile const file = {kvarn::FirstFound(projektfil, ini, namn), program};
-    m_filnamn = file.path;
-    kvarn::KeyFileRead const result =
-        kvarn::ReadKeyFile(*this, m_filnamn, kvarn::Presence::expected);
-    m_incomplete = result != kvarn::KeyFileRead::whole;
-    if (result == kvarn::KeyFileRead::notOpened) {
-        file.TellCannotRead();
-    }
+void CKvarnPAR::Las(kvarn::ParKind const& kind, CAutoIni const* ini, CProjPath const* projekt) {
+    kvarn::TextReader file;
+    m_filnamn = kind.Open(file, ini, projekt);
+    kvarn::ReadKeys(*this, file);
+    m_incomplete = file.Incomplete();
 }
 
 CString CKvarnPAR::GetParFilNamn() {
@@ -60,15 +50,18 @@ int CKvarnPAR::WriteKey(CString key, CString value) {
     if (kvarn::SetKeyRecord(*this, key.GetString(), value.GetString()) != 0) {
         return -1;
     }
-    kvarn::Rewritten const result = kvarn::WriteKeyFile(*this, m_filnamn, m_incomplete);
-    if (result == kvarn::Rewritten::cannotOpen) {
-        kvarn::DesktopMessage(
-            kvarn::Format("Could not open file for write\n%s", m_filnamn.GetString()).c_str(),
-            "Update Markvida Settings");
-    }
-    return result == kvarn::Rewritten::done ? 0 : -1;
+    return Skriv();
 }
 
 int CKvarnPAR::WriteKey(char const* key, char const* value) {
     return WriteKey(CString(key), CString(value));
+}
+
+int CKvarnPAR::WriteKeys(nyckelvarde* nycklar, int antal) {
+    return kvarn::WriteKeyRecords(*this, kvarn::ClientKeysOf(nycklar, antal),
+                                  [this] { return Skriv(); });
+}
+
+int CKvarnPAR::Skriv() {
+    return kvarn::RewriteParFile(m_filnamn, m_incomplete, kvarn::KeyFileText(*this));
 }

@@ -7,7 +7,13 @@
 #include "../host/host.h"
 #include "../project/projpath.h"
 #include "../settings/autoini.h"
+#include "nyckelvarde.h"
 
+namespace kvarn {
+struct ParKind;
+}
+
+// A key and its value. A line that is too long makes a record of two empty texts.
 struct partype {
     char nyckel[40]; // left of the first "=", at most 39 characters
     char varde[260]; // right of it
@@ -39,22 +45,30 @@ class KVARNPROG_API CKvarnPAR : public list0<partype> {
     // The path of the file that was taken, the one that WriteKey writes; empty when there is none.
     CString GetParFilNamn();
 
-    // As CKvarnCFG.
+    // As CKvarnCFG::FindKey.
     int FindKey(CString key);
+    // The same.
     int FindKey(char const* key);
+    // As CKvarnCFG::ReadKey.
     CString ReadKey(CString key);
+    // The same.
     CString ReadKey(char const* key);
 
-    // As CKvarnCFG, but a file that cannot be opened for writing is shown in a box of the
+    // As CKvarnCFG::WriteKey, but a file that cannot be opened for writing is shown in a box of the
     // desktop's: "Could not open file for write\n%s".
     int WriteKey(CString key, CString value);
+    // The same.
     int WriteKey(char const* key, char const* value);
+    // Several keys in one rewriting, all or none, as CKvarnInst::WriteKeys. The list changes only
+    // when all of them fit.
+    int WriteKeys(nyckelvarde* nycklar, int antal);
 
     CString m_filnamn; // full path, or empty
     CStdioFile m_fil;  // never open between calls
 
   private:
-    void Las(CString const& projektfil, CAutoIni const* ini, char const* namn, char const* program);
+    void Las(kvarn::ParKind const& kind, CAutoIni const* ini, CProjPath const* projekt);
+    int Skriv();
 
     bool m_incomplete = false; // the file exists but was not read to its end
 };

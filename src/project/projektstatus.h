@@ -7,9 +7,10 @@
 #include "../export.h"
 #include "../host/host.h"
 
+// A state of a project.
 struct projektstatustype {
-    std::int32_t kod;
-    char text[80];
+    std::int32_t kod; // its code
+    char text[80];    // what users see, cut at 79 characters
 };
 
 extern template class KVARNPROG_LIST_DECLARE list0<projektstatustype>;

@@ -6,11 +6,14 @@
 
 class CAutoIni;
 
+// Names and full paths of a project's files and folders.
 class KVARNPROG_API CProjPath {
   public:
     // All paths empty.
     CProjPath();
+    // A copy of all paths.
     CProjPath(CProjPath const&);
+    // Becomes such a copy.
     CProjPath& operator=(CProjPath const&);
     virtual ~CProjPath();
 
@@ -71,28 +74,28 @@ class KVARNPROG_API CProjPath {
     static char* UtvDbkNamn;      // its companion
     static char* KvarnDbfKat;     // drawing program's data folder
     static char* PostDbfKat;      // post-processing program's data folder
-    static char* StackKat;
-    static char* StabRitKat;     // stability program's drawing folder
-    static char* KvarnRitKat;    // drawing program's drawing folder
-    static char* StenRitKat;     // rock-drilling program's drawing folder
-    static char* StenDbfKat;     // rock-drilling program's data folder
-    static char* PostRitKat;     // post-processing program's drawing folder
-    static char* FaltverkRitKat; // construction program's drawing folder
-    static char* FaltverkDbfKat; // construction program's data folder
-    static char* Pictures;       // picture folder
-    static char* KvarnZipNamn;   // project archive
-    static char* KvarnAvpNamn;   // in the data folder
-    static char* KvarnVlNamn;    // area file of the road set, in the data folder
-    static char* KvarnParNamn;   // drawing program's parameter file
-    static char* KvarnCfgNamn;   // drawing program's configuration file
-    static char* RamvalNamn;     // frame choice
-    static char* StenVlNamn;     // rock-drilling program's road-line file
-    static char* Jb23ParNamn;    // Jb2/Jb3 scales
-    static char* Kodfil;         // code file
-    static char* Miljkod;        // environmental code file
-    static char* Linkod;         // line code file
-    static char* Gvrref;         // reference file
-    static char* StenParNamn;    // rock-drilling program's parameter file
+    static char* StackKat;        // stack folder
+    static char* StabRitKat;      // stability program's drawing folder
+    static char* KvarnRitKat;     // drawing program's drawing folder
+    static char* StenRitKat;      // rock-drilling program's drawing folder
+    static char* StenDbfKat;      // rock-drilling program's data folder
+    static char* PostRitKat;      // post-processing program's drawing folder
+    static char* FaltverkRitKat;  // construction program's drawing folder
+    static char* FaltverkDbfKat;  // construction program's data folder
+    static char* Pictures;        // picture folder
+    static char* KvarnZipNamn;    // project archive
+    static char* KvarnAvpNamn;    // in the data folder
+    static char* KvarnVlNamn;     // area file of the road set, in the data folder
+    static char* KvarnParNamn;    // drawing program's parameter file
+    static char* KvarnCfgNamn;    // drawing program's configuration file
+    static char* RamvalNamn;      // frame choice
+    static char* StenVlNamn;      // rock-drilling program's road-line file
+    static char* Jb23ParNamn;     // Jb2/Jb3 scales
+    static char* Kodfil;          // code file
+    static char* Miljkod;         // environmental code file
+    static char* Linkod;          // line code file
+    static char* Gvrref;          // reference file
+    static char* StenParNamn;     // rock-drilling program's parameter file
 
     // Full paths, filled by SetPath.
     CString m_projKat;     // project folder, as given

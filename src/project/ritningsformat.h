@@ -5,15 +5,15 @@
 
 #include "../export.h"
 
-// Sizes in millimetres.
+// A format of sheets. Sizes in millimetres.
 struct ritningsformattype {
-    char const* namn;
-    double inreBredd; // what can be drawn on
-    double inreHojd;
-    double ramBredd; // the border
-    double ramHojd;
-    double arkBredd; // the sheet
-    double arkHojd;
+    char const* namn; // as "A3L"
+    double inreBredd; // what can be drawn on: width
+    double inreHojd;  // and height
+    double ramBredd;  // the border: width
+    double ramHojd;   // and height
+    double arkBredd;  // the sheet: width
+    double arkHojd;   // and height
 };
 
 // The table of formats: A0 to A4 and their long variants, all but A4 in landscape. Every object has
@@ -21,8 +21,11 @@ struct ritningsformattype {
 // 840 mm wide, one of A2L 841 mm.
 class KVARNPROG_API CRitningsFormat {
   public:
+    // With the table below.
     CRitningsFormat();
+    // A copy of the table.
     CRitningsFormat(CRitningsFormat const&);
+    // Becomes such a copy.
     CRitningsFormat& operator=(CRitningsFormat const&);
     virtual ~CRitningsFormat();
 
@@ -30,6 +33,6 @@ class KVARNPROG_API CRitningsFormat {
     // for any other name, for null and for a table without entries.
     int Format2Index(char const* namn);
 
-    ritningsformattype m_format[9];
-    std::int32_t m_antal; // of entries: 9
+    ritningsformattype m_format[9]; // the table
+    std::int32_t m_antal;           // of entries: 9
 };

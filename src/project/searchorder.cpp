@@ -25,8 +25,33 @@ std::vector<SearchPlace> SearchPlaces(CProjPath const* projekt, CAutoIni const* 
     return places;
 }
 
+namespace {
+
+// The first path, in the order of the search, of which something holds; empty without one.
+template <class Holds> CString FirstShared(CAutoIni const* ini, char const* name, Holds holds) {
+    for (SearchPlace const& place : SearchPlaces(nullptr, ini, name)) {
+        if (holds(place.path)) {
+            return place.path;
+        }
+    }
+    return {};
+}
+template <class Holds>
+CString First(CString const& projectFile, CAutoIni const* ini, char const* name, Holds holds) {
+    return holds(projectFile) ? projectFile : FirstShared(ini, name, holds);
+}
+
+} // namespace
+
 CString FirstFound(CString const& projectFile, CAutoIni const* ini, char const* name) {
-    return FileExists(projectFile) ? projectFile : SharedCopy(ini, name);
+    return First(projectFile, ini, name, FileExists);
+}
+
+// Opening tells at once whether the file is there.
+CString OpenFirst(TextReader& file, CString const& projectFile, CAutoIni const* ini,
+                  char const* name) {
+    return First(projectFile, ini, name,
+                 [&](char const* path) { return file.Open(path) || !file.Missing(); });
 }
 
 CString FirstFound(CProjPath const* projekt, CAutoIni const* ini, char const* name) {
@@ -39,12 +64,7 @@ CString ProjectCopy(CProjPath const* projekt, char const* name) {
 }
 
 CString SharedCopy(CAutoIni const* ini, char const* name) {
-    for (SearchPlace const& place : SearchPlaces(nullptr, ini, name)) {
-        if (FileExists(place.path)) {
-            return place.path;
-        }
-    }
-    return {};
+    return FirstShared(ini, name, FileExists);
 }
 
 } // namespace kvarn

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "../files/textfil.h"
 #include "../settings/autoini.h"
 #include "projpath.h"
 
@@ -25,6 +26,11 @@ std::vector<SearchPlace> SearchPlaces(CProjPath const* projekt, CAutoIni const* 
 // when neither exists.
 CString FirstFound(CString const& projectFile, CAutoIni const* ini, char const* name);
 CString FirstFound(CProjPath const* projekt, CAutoIni const* ini, char const* name);
+
+// The same path, of the file that is now open for reading. It is not open when it is there and
+// cannot be opened.
+CString OpenFirst(TextReader& file, CString const& projectFile, CAutoIni const* ini,
+                  char const* name);
 
 // The path that a file of that name has in the project folder; empty without a project.
 CString ProjectCopy(CProjPath const* projekt, char const* name);

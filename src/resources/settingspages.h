@@ -7,6 +7,9 @@
 //
 // A value that no entry of a combo box holds is shown as it is: the boxes take any text. A check
 // box stands for "JA" and "NEJ"; a program keeps any other value until the user clicks the box.
+// The combo boxes hold values as the files have them; settingsWords says what some of them stand
+// for, to be shown beside them: the value that is written is the code alone. A field whose default
+// is a number takes numbers, with a decimal point, and the codes of its list.
 //
 // JB23.PAR has its values on numbered lines, and a file that is too short grows by one line a
 // write: save all of its page, in the order of the table. An empty text, or one with a blank, is no
@@ -46,7 +49,24 @@ struct SettingsControl {
     SettingsKind kind;
 };
 
-// clang-format off: one a line
+// What a code of the combo boxes stands for, in code page 1252.
+struct SettingsWords {
+    char const* code;
+    char const* swedish;
+    char const* norwegian;
+};
+
+// A quantity that the files have in different units, and the unit that all of them can be shown in:
+// the number shown is the file's times 10 to the power. The page has the file's unit, in a text
+// that follows the control in tab order (a step has none).
+struct SettingsUnit {
+    int control;
+    int power;
+    char const* unit;
+};
+
+// One a line.
+// clang-format off
 constexpr SettingsPage settingsPages[] = {
     {IDD_KVARN_TEXTER_SV, IDD_KVARN_TEXTER_NO, SettingsFile::kvarnPar},
     {IDD_KVARN_PLAN_SEKTION_SV, IDD_KVARN_PLAN_SEKTION_NO, SettingsFile::kvarnPar},
@@ -71,13 +91,11 @@ constexpr SettingsControl settingsControls[] = {
     {0, IDC_KVARNBOK_FONT, "FONT", SettingsKind::combo},
     {0, IDC_KVARNBOK_TXTVIDD, "TXTVIDD", SettingsKind::combo},
     {0, IDC_KVARNBOK_DECIMAL, "DECIMAL", SettingsKind::combo},
-    {0, IDC_KVARNBOK_LINJEBREDD, "LINJEBREDD", SettingsKind::combo},
     {0, IDC_KVARNBOK_LTSCALE, "LTSCALE", SettingsKind::combo},
-    {0, IDC_KVARNBOK_STAMPVAL, "STAMPVAL", SettingsKind::edit},
-    {0, IDC_KVARNBOK_KODTYP, "KODTYP", SettingsKind::combo},
-    {0, IDC_KVARNBOK_MTRLKOD, "MTRLKOD", SettingsKind::combo},
     {0, IDC_KVARNBOK_IDSORT, "IDSORT", SettingsKind::edit},
     {0, IDC_KVARNBOK_FILTER, "FILTER", SettingsKind::edit},
+    {0, IDC_KVARNBOK_LINJEBREDD, "LINJEBREDD", SettingsKind::combo},
+    {0, IDC_KVARNBOK_STAMPVAL, "STAMPVAL", SettingsKind::edit},
     {1, IDC_KVARNBOK_PLSCALE, "PLSCALE", SettingsKind::combo},
     {1, IDC_KVARNBOK_PLSYMBFAC, "PLSYMBFAC", SettingsKind::combo},
     {1, IDC_KVARNBOK_PLANZ, "PLANZ", SettingsKind::check},
@@ -110,6 +128,8 @@ constexpr SettingsControl settingsControls[] = {
     {3, IDC_KVARNBOK_DENSSTEG, "DENSSTEG", SettingsKind::edit},
     {3, IDC_KVARNBOK_LABTEXT, "LABTEXT", SettingsKind::edit},
     {3, IDC_KVARNBOK_SGFLAB, "SGFLAB", SettingsKind::check},
+    {3, IDC_KVARNBOK_KODTYP, "KODTYP", SettingsKind::combo},
+    {3, IDC_KVARNBOK_MTRLKOD, "MTRLKOD", SettingsKind::combo},
     {4, IDC_KVARNBOK_QTSKALA, "QTSKALA", SettingsKind::combo},
     {4, IDC_KVARNBOK_QTSTEG, "QTSTEG", SettingsKind::edit},
     {4, IDC_KVARNBOK_FTSKALA, "FTSKALA", SettingsKind::combo},
@@ -124,21 +144,21 @@ constexpr SettingsControl settingsControls[] = {
     {4, IDC_KVARNBOK_TOTSPYLE, "TOTSPYLE", SettingsKind::edit},
     {4, IDC_KVARNBOK_ARSPYLE, "ARSPYLE", SettingsKind::edit},
     {5, IDC_KVARNBOK_DREIESKALA, "DREIESKALA", SettingsKind::combo},
-    {5, IDC_KVARNBOK_DREIETEGNING, "DREIETEGNING", SettingsKind::edit},
+    {5, IDC_KVARNBOK_DREIETEGNING, "DREIETEGNING", SettingsKind::combo},
     {5, IDC_KVARNBOK_DTRYKKSKALA, "DTRYKKSKALA", SettingsKind::combo},
-    {5, IDC_KVARNBOK_DTRYKKTEGNING, "DTRYKKTEGNING", SettingsKind::edit},
+    {5, IDC_KVARNBOK_DTRYKKTEGNING, "DTRYKKTEGNING", SettingsKind::combo},
     {5, IDC_KVARNBOK_FJELLSKALA, "FJELLSKALA", SettingsKind::combo},
-    {5, IDC_KVARNBOK_FJELLTEGNING, "FJELLTEGNING", SettingsKind::edit},
+    {5, IDC_KVARNBOK_FJELLTEGNING, "FJELLTEGNING", SettingsKind::combo},
     {5, IDC_KVARNBOK_PORESKALA, "PORESKALA", SettingsKind::combo},
-    {5, IDC_KVARNBOK_PORETEGNING, "PORETEGNING", SettingsKind::edit},
+    {5, IDC_KVARNBOK_PORETEGNING, "PORETEGNING", SettingsKind::combo},
     {5, IDC_KVARNBOK_P1SKALA, "P1SKALA", SettingsKind::combo},
-    {5, IDC_KVARNBOK_P1TEGNING, "P1TEGNING", SettingsKind::edit},
+    {5, IDC_KVARNBOK_P1TEGNING, "P1TEGNING", SettingsKind::combo},
     {5, IDC_KVARNBOK_P2SKALA, "P2SKALA", SettingsKind::combo},
-    {5, IDC_KVARNBOK_P2TEGNING, "P2TEGNING", SettingsKind::edit},
+    {5, IDC_KVARNBOK_P2TEGNING, "P2TEGNING", SettingsKind::combo},
     {5, IDC_KVARNBOK_ENKELSKALA, "ENKELSKALA", SettingsKind::combo},
-    {5, IDC_KVARNBOK_ENKELTEGNING, "ENKELTEGNING", SettingsKind::edit},
+    {5, IDC_KVARNBOK_ENKELTEGNING, "ENKELTEGNING", SettingsKind::combo},
     {5, IDC_KVARNBOK_VBSKALA, "VBSKALA", SettingsKind::combo},
-    {5, IDC_KVARNBOK_VBTEGNING, "VBTEGNING", SettingsKind::edit},
+    {5, IDC_KVARNBOK_VBTEGNING, "VBTEGNING", SettingsKind::combo},
     {5, IDC_KVARNBOK_DREIESEKT, "DREIESEKT", SettingsKind::combo},
     {6, IDC_JB23_SJUNKSKALA, "SJUNKSKALA", SettingsKind::combo},
     {6, IDC_JB23_SJUNKSTEG, "SJUNKSTEG", SettingsKind::edit},
@@ -172,11 +192,11 @@ constexpr SettingsControl settingsControls[] = {
     {7, IDC_KLIPPBOK_FONT, "FONT", SettingsKind::combo},
     {7, IDC_KLIPPBOK_TXTVIDD, "TXTVIDD", SettingsKind::combo},
     {7, IDC_KLIPPBOK_DECIMAL, "DECIMAL", SettingsKind::combo},
-    {7, IDC_KLIPPBOK_LINJEBREDD, "LINJEBREDD", SettingsKind::combo},
     {7, IDC_KLIPPBOK_HSKALA, "HSKALA", SettingsKind::combo},
     {7, IDC_KLIPPBOK_LSKALA, "LSKALA", SettingsKind::combo},
     {7, IDC_KLIPPBOK_DSKALA, "DSKALA", SettingsKind::combo},
     {7, IDC_KLIPPBOK_BREDDLSP, "BREDDLSP", SettingsKind::combo},
+    {7, IDC_KLIPPBOK_LINJEBREDD, "LINJEBREDD", SettingsKind::combo},
     {8, IDC_KLIPPBOK_JBMAX, "JBMAX", SettingsKind::edit},
     {8, IDC_KLIPPBOK_VFMAX, "VFMAX", SettingsKind::edit},
     {8, IDC_KLIPPBOK_VFSTEG, "VFSTEG", SettingsKind::edit},
@@ -214,6 +234,23 @@ constexpr SettingsControl settingsControls[] = {
     {9, IDC_KLIPPBOK_SEISL1, "SEISL1", SettingsKind::edit},
     {9, IDC_KLIPPBOK_TUNPXYTOL, "TUNPXYTOL", SettingsKind::edit},
     {9, IDC_KLIPPBOK_PROJICERAD, "PROJICERAD", SettingsKind::check},
+};
+
+constexpr SettingsWords settingsWords[] = {
+    {"MAX", "\366ppen", "\345pen"},
+    {"-1", "\366ppen", "\345pen"},
+    {"NEJ", "ingen", "ingen"},
+    {"F\304RG", "efter f\344rg", "etter farge"},
+    {"SGF", "SGF:s koder", "SGFs koder"},
+    {"STANDARD", "standardkoder", "standardkoder"},
+};
+
+constexpr SettingsUnit settingsUnits[] = {
+    {IDC_KVARNBOK_FTSKALA, 3, "kPa"},
+    {IDC_KVARNBOK_FTSTEG, 3, "kPa"},
+    {IDC_KVARNBOK_USKALA, 3, "kPa"},
+    {IDC_KVARNBOK_USTEG, 3, "kPa"},
+    {IDC_KVARNBOK_U0, 3, "kPa"},
 };
 // clang-format on
 

@@ -14,7 +14,9 @@ class KVARNPROG_API CAutoIni {
   public:
     // Defaults as given at each member.
     CAutoIni();
+    // A copy of all members.
     CAutoIni(CAutoIni const&);
+    // Becomes such a copy.
     CAutoIni& operator=(CAutoIni const&);
     virtual ~CAutoIni();
 
@@ -51,7 +53,7 @@ class KVARNPROG_API CAutoIni {
     int WriteKey(CString section, CString key, CString value);
 
     // Finds the installation and the user's own settings folder, which is made and filled at the
-    // first start: in the user's application data, Orsakor\Vallentra\Markvida, R18, R19 or R20 by
+    // first start: in the user's application data, "Orsakor\Vallentra\Markvida", R18, R19 or R20 by
     // the release, then the program's name. Called after Init.
     //
     //     ver           release                           found by

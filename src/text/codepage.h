@@ -35,7 +35,7 @@ constexpr std::optional<char> Byte1252(char32_t codePoint) {
 }
 
 // The letters of the code page fold to the other case; every other byte stays.
-constexpr char Lower1252(char c) {
+constexpr char LowerByRule1252(char c) {
     auto const byte = static_cast<unsigned char>(c);
     if ((byte >= 'A' && byte <= 'Z') || (byte >= 0xC0 && byte <= 0xDE && byte != 0xD7)) {
         return static_cast<char>(byte + 0x20);
@@ -50,6 +50,19 @@ constexpr char Lower1252(char c) {
     default:
         return c;
     }
+}
+
+// The same by a table, for the many letters of keys and names that are compared.
+constexpr std::array<char, 256> SmallLetters() {
+    std::array<char, 256> letters{};
+    for (unsigned i = 0; i < letters.size(); ++i) {
+        letters[i] = LowerByRule1252(static_cast<char>(i));
+    }
+    return letters;
+}
+inline constexpr std::array<char, 256> smallLetters = SmallLetters();
+constexpr char Lower1252(char c) {
+    return smallLetters[static_cast<unsigned char>(c)];
 }
 
 constexpr char Upper1252(char c) {
@@ -101,6 +114,12 @@ constexpr std::optional<char32_t> TakeCodePoint(std::string_view& utf8) {
             return std::nullopt;
         }
         codePoint = codePoint << 6U | (next & 0x3FU);
+    }
+    // Each has one form, the shortest; halves of pairs of UTF-16 have none.
+    constexpr char32_t shortest[] = {0, 0, 0x80, 0x800, 0x10000};
+    bool const isHalf = codePoint >= 0xD800 && codePoint <= 0xDFFF;
+    if (codePoint < shortest[length] || isHalf || codePoint > 0x10FFFF) {
+        return std::nullopt;
     }
     utf8.remove_prefix(length);
     return codePoint;

@@ -1,7 +1,11 @@
 #include "format.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
+#include <cmath>
+#include <cstring>
+#include <optional>
 
 namespace kvarn {
 namespace {
@@ -45,20 +49,100 @@ void AppendInteger(std::string& out, std::int32_t value, Conversion const& c) {
     Pad(out, digits, c, c.zeros && c.precision < 0);
 }
 
+// Five to the decimals, as many as most numbers are printed with.
+constexpr std::array<std::uint64_t, 5> fives = {1, 5, 25, 125, 625};
+
+// The value times ten to the decimals, rounded to a whole number, exact halves to even. Nothing for
+// a number that is too large, infinite or none.
+//
+// The value is m * 2^e, the product m * 5^d * 2^(e + d). m is below 2^53 and 5^d at most 625, so
+// that m * 5^d is exact in 64 bits, and what a shift drops of it decides the rounding.
+std::optional<std::uint64_t> Scaled(double value, std::size_t decimals) {
+    constexpr int mantissaBits = 52;
+    constexpr std::uint64_t one = 1;
+    auto const bits = std::bit_cast<std::uint64_t>(value);
+    auto const exponent = static_cast<int>(bits >> mantissaBits & 0x7FF);
+    int const shift = 1075 - exponent - static_cast<int>(decimals);
+    if (shift > 63) {
+        return 0; // m * 5^d is below 2^63, the product below a half
+    }
+    if (shift < 1) {
+        return std::nullopt;
+    }
+    std::uint64_t const m = (bits & ((one << mantissaBits) - 1)) | one << mantissaBits;
+    std::uint64_t const product = m * fives[decimals];
+    std::uint64_t const whole = product >> shift;
+    std::uint64_t const dropped = product & ((one << shift) - 1);
+    std::uint64_t const half = one << (shift - 1);
+    std::uint64_t const odd = whole & 1;
+    return whole + (dropped + odd > half ? 1 : 0);
+}
+
+constexpr std::array<std::array<char, 2>, 100> DigitPairs() {
+    std::array<std::array<char, 2>, 100> pairs{};
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+        pairs[i] = {static_cast<char>('0' + i / 10), static_cast<char>('0' + i % 10)};
+    }
+    return pairs;
+}
+constexpr auto digitPairs = DigitPairs();
+
+// Takes so many of a number's last digits, or all of them, and puts them before the end. Returns
+// the first.
+char* PutDigits(char* end, std::uint64_t& number, std::size_t count) {
+    for (; count >= 2; count -= 2, number /= 100) {
+        end -= 2;
+        std::memcpy(end, digitPairs[number % 100].data(), 2);
+    }
+    if (count > 0) {
+        *--end = static_cast<char>('0' + number % 10);
+        number /= 10;
+    }
+    return end;
+}
+char* PutAllDigits(char* end, std::uint64_t number) {
+    while (number >= 100) {
+        end = PutDigits(end, number, 2);
+    }
+    return PutDigits(end, number, number >= 10 ? 2 : 1);
+}
+
+using NumberBuffer = std::array<char, mostCharacters>;
+
+// As "%.*lf"; the text lies in the buffer.
+std::string_view Fixed(NumberBuffer& buffer, double value, int decimals) {
+    char* begin = buffer.data();
+    char* end = begin + buffer.size();
+    auto const count = static_cast<std::size_t>(decimals);
+    if (auto scaled = count < fives.size() ? Scaled(value, count) : std::nullopt) {
+        begin = PutDigits(end, *scaled, count);
+        if (count > 0) {
+            *--begin = '.';
+        }
+        begin = PutAllDigits(begin, *scaled);
+        if (std::signbit(value)) {
+            *--begin = '-';
+        }
+    } else {
+        end = std::to_chars(begin, end, value, std::chars_format::fixed, decimals).ptr;
+    }
+    return {begin, static_cast<std::size_t>(end - begin)};
+}
+
 void AppendNumber(std::string& out, double value, Conversion const& c) {
     constexpr int standardDecimals = 6;
     int const decimals = c.precision < 0 ? standardDecimals : std::min(c.precision, mostDecimals);
-    std::array<char, mostCharacters> buffer{};
-    auto const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                   std::chars_format::fixed, decimals)
-                         .ptr;
-    std::string_view const text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+    NumberBuffer buffer; // not cleared: it is large, and most numbers are short
     // printf pads infinities and NaNs with blanks, also when zeros are asked for.
-    bool const finite = text.find_first_of("in") == std::string_view::npos; // "inf", "nan"
-    Pad(out, text, c, c.zeros && finite);
+    Pad(out, Fixed(buffer, value, decimals), c, c.zeros && std::isfinite(value));
 }
 
 } // namespace
+
+void AppendFixed(std::string& out, double value, int decimals) {
+    NumberBuffer buffer;
+    out += Fixed(buffer, value, decimals);
+}
 
 void TheFormatDoesNotFitItsArguments() {}
 

@@ -171,6 +171,9 @@ template <class T> FormatArgument ToFormatArgument(T const& value) {
     }
 }
 
+// Appends a number as "%.*lf" prints it.
+void AppendFixed(std::string& out, double value, int decimals);
+
 std::string FormatText(std::string_view format, std::span<FormatArgument const> arguments);
 
 template <class... T>

@@ -10,6 +10,7 @@ namespace kvarn {
 bool LineReader::More() {
     if (m_window.empty() && !m_whole && !m_failed) {
         m_window = Refill();
+        m_hasZeros = m_hasZeros || HasZero(m_window);
     }
     return !m_window.empty();
 }
@@ -25,27 +26,31 @@ bool LineReader::Keep(std::string& text, std::string_view part) {
     return !m_failed;
 }
 
+// Takes the text up to the next LF off the window; without one, all of it.
+std::string_view LineReader::TakePart() {
+    std::size_t const feed = m_window.find('\n');
+    std::string_view const part = m_window.substr(0, feed);
+    m_lineEnd = feed != std::string_view::npos;
+    m_window.remove_prefix(m_lineEnd ? feed + 1 : m_window.size());
+    return part;
+}
+
 // The next line up to its LF, or the last one without; the CR before the LF is taken off.
 bool LineReader::RawLine(std::string_view& line) {
-    m_long.clear();
-    m_lineEnd = false;
-    while (More()) {
-        std::size_t const feed = m_window.find('\n');
-        std::string_view const part = m_window.substr(0, feed);
-        m_lineEnd = feed != std::string_view::npos;
-        bool const complete = m_lineEnd || m_whole;
-        if ((!complete || !m_long.empty()) && !Keep(m_long, part)) {
-            break;
-        }
-        m_window.remove_prefix(m_lineEnd ? feed + 1 : m_window.size());
-        if (complete) {
-            line = m_long.empty() ? part : m_long;
-            line.remove_suffix(m_lineEnd && line.ends_with('\r') ? 1 : 0);
-            return true;
-        }
+    if (!More()) {
+        return false;
     }
-    line = m_long;
-    return !m_long.empty() && !m_failed;
+    line = TakePart();
+    if (!m_lineEnd && !m_whole) { // it spans windows
+        m_long.clear();
+        bool kept = Keep(m_long, line);
+        while (kept && !m_lineEnd && More()) {
+            kept = Keep(m_long, TakePart());
+        }
+        line = m_long;
+    }
+    line.remove_suffix(m_lineEnd && line.ends_with('\r') ? 1 : 0);
+    return !m_failed;
 }
 
 bool LineReader::ReadLine(std::string_view& line) {
@@ -58,7 +63,7 @@ bool LineReader::ReadLine(std::string_view& line) {
         return false;
     }
     ++m_number;
-    std::size_t const zero = line.find('\0');
+    std::size_t const zero = m_hasZeros ? line.find('\0') : std::string_view::npos;
     bool const cut = zero != std::string_view::npos;
     m_afterZero = cut ? std::optional(line.substr(zero + 1)) : std::nullopt;
     line = line.substr(0, zero);

@@ -24,7 +24,8 @@ class LineReader {
   public:
     // Of a text in memory, which the caller keeps.
     explicit LineReader(std::string_view text)
-        : m_window(text.substr(0, text.find(endOfText))), m_whole(true) {}
+        : m_window(text.substr(0, text.find(endOfText))), m_whole(true),
+          m_hasZeros(HasZero(m_window)) {}
     virtual ~LineReader() = default;
     LineReader(LineReader const&) = delete;
     LineReader& operator=(LineReader const&) = delete;
@@ -42,6 +43,13 @@ class LineReader {
     // that is full a line that ends there is followed by an empty piece, as the runtime library's
     // reading has it.
     bool ReadLine(char* line, std::size_t size);
+    // The next line by its form, without a search for its end. `take` takes it off the front of a
+    // text, line end and all, or returns false and leaves the text: the line is then not read.
+    template <class Take> bool TakeLine(Take take) {
+        bool const taken = !m_more && take(m_window);
+        m_number += taken ? 1 : 0;
+        return taken;
+    }
 
   protected:
     LineReader() = default;
@@ -55,12 +63,15 @@ class LineReader {
     bool ReadRest(std::string& text);
 
   private:
+    static bool HasZero(std::string_view text) { return text.find('\0') != text.npos; }
     bool More();
     bool Keep(std::string& text, std::string_view part);
+    std::string_view TakePart();
     bool RawLine(std::string_view& line);
 
     std::string_view m_window; // read and not yet delivered
     bool m_whole = false;      // it is the rest of the text
+    bool m_hasZeros = false;   // in what has been read; most texts have none
     std::string m_long;        // a line that spans windows
     std::string_view m_rest;   // of a line that was longer than the caller's buffer
     std::size_t m_number = 0;

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <limits>
 
+#include "plainnumber.h"
 #include "text.h"
 
 namespace kvarn {
@@ -100,7 +101,11 @@ template <class T> T Saturated(std::int64_t value) {
 } // namespace
 
 bool Scanner::SkipBlanks() {
-    m_rest.remove_prefix(std::min(m_rest.find_first_not_of(whiteSpace), m_rest.size()));
+    std::size_t blanks = 0;
+    while (blanks < m_rest.size() && IsWhiteSpace(m_rest[blanks])) {
+        ++blanks;
+    }
+    m_rest.remove_prefix(blanks);
     return !m_rest.empty();
 }
 
@@ -170,6 +175,14 @@ Scanner::Result Scanner::Read(float& value) {
     return ReadNumber(value);
 }
 Scanner::Result Scanner::Read(double& value) {
+    if (!SkipBlanks()) {
+        return Result::end;
+    }
+    char const* next = m_rest.data();
+    if (TakePlainNumber(next, next + m_rest.size(), value)) {
+        m_rest.remove_prefix(static_cast<std::size_t>(next - m_rest.data()));
+        return Result::read;
+    }
     return ReadNumber(value);
 }
 
@@ -177,7 +190,11 @@ Scanner::Result Scanner::Read(std::string_view& word) {
     if (!SkipBlanks()) {
         return Result::end;
     }
-    word = m_rest.substr(0, m_rest.find_first_of(whiteSpace));
+    std::size_t length = 1; // it begins with no blank
+    while (length < m_rest.size() && !IsWhiteSpace(m_rest[length])) {
+        ++length;
+    }
+    word = m_rest.substr(0, length);
     m_rest.remove_prefix(word.size());
     return Result::read;
 }

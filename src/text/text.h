@@ -8,6 +8,10 @@
 namespace kvarn {
 
 inline constexpr std::string_view whiteSpace = "\t\n\v\f\r ";
+// The same, asked of one character.
+constexpr bool IsWhiteSpace(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
 
 // The text without white space, or the characters of the set, at both ends.
 std::string_view Trimmed(std::string_view text, std::string_view set = whiteSpace);

@@ -1,9 +1,6 @@
 // Windows paths on a host that is not Windows.
 #include "compat/win32/paths.h"
 
-#include <chrono>
-#include <thread>
-
 #include <gtest/gtest.h>
 
 #include "compat/calls.h"
@@ -46,25 +43,23 @@ TEST_F(PathsTest, NamesAreFoundWithoutRegardToCase) {
     EXPECT_EQ(HostPath("C:\\kvarnbok\\fil\\x"), Below("c/Kvarnbok/fil/x"));
 }
 
-// A folder that was read is remembered, and read again when it has changed.
+// A folder that was read is remembered, and read again when it has changed, however soon.
 TEST_F(PathsTest, NamesThatComeAndGoAreSeen) {
-    auto const anotherProgram = [](auto change) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(20)); // a step of the file times
-        change();
-    };
     m_folder.Write("c/k/fil", "");
-    EXPECT_EQ(HostPath("C:\\K\\NY"), Below("c/k/NY"));
-    EXPECT_NE(CreateDirectoryA("C:\\k\\Ny", nullptr), FALSE);
-    EXPECT_EQ(HostPath("C:\\K\\NY"), Below("c/k/Ny"));
-    EXPECT_EQ(CreateDirectoryA("C:\\K\\nY", nullptr), FALSE); // it is there
-    anotherProgram([&] { m_folder.Write("c/k/Annan", ""); });
-    EXPECT_EQ(HostPath("C:\\K\\ANNAN"), Below("c/k/Annan"));
-    anotherProgram([&] { std::filesystem::remove(m_folder / "c/k/Annan"); });
-    EXPECT_EQ(HostPath("C:\\K\\ANNAN"), Below("c/k/ANNAN"));
-    anotherProgram([&] {
-        std::filesystem::rename(m_folder / "c/k", m_folder / "c/gammal");
-        m_folder.Write("c/k/NY", "");
-    });
+    for (int round = 0; round < 100; ++round) { // many of them within one step of the file times
+        EXPECT_EQ(HostPath("C:\\K\\NY"), Below("c/k/NY"));
+        EXPECT_NE(CreateDirectoryA("C:\\k\\Ny", nullptr), FALSE);
+        EXPECT_EQ(HostPath("C:\\K\\NY"), Below("c/k/Ny"));
+        EXPECT_EQ(CreateDirectoryA("C:\\K\\nY", nullptr), FALSE); // it is there
+        m_folder.Write("c/k/Annan", "");
+        EXPECT_EQ(HostPath("C:\\K\\ANNAN"), Below("c/k/Annan"));
+        std::filesystem::remove(m_folder / "c/k/Annan");
+        EXPECT_EQ(HostPath("C:\\K\\ANNAN"), Below("c/k/ANNAN"));
+        std::filesystem::remove(m_folder / "c/k/Ny");
+    }
+    HostPath("C:\\k\\X");
+    std::filesystem::rename(m_folder / "c/k", m_folder / "c/gammal");
+    m_folder.Write("c/k/NY", "");
     EXPECT_EQ(HostPath("C:\\K\\ny"), Below("c/k/NY"));
 }
 

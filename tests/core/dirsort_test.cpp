@@ -1,5 +1,6 @@
 // The sorted listing of real folders.
 #include <chrono>
+#include <random>
 
 #include <gtest/gtest.h>
 
@@ -68,6 +69,41 @@ TEST_F(DirSortTest, TheModeIsTheCallersDuringTheCallAlone) {
     EXPECT_EQ(list.Init(m_folder.Api("*").c_str(), 1, 1, 3, 0), 0);
     EXPECT_EQ(list.during, 3);
     EXPECT_EQ(list.m_lage, 7);
+}
+
+// A list of a deriving class is sorted by Sortval, record by record.
+TEST_F(DirSortTest, TakenKeysGiveTheOrderOfSortval) {
+    struct Deriving : CDirSort {};
+    auto const names = [](CDirSort& list) {
+        Names all;
+        for (bool there = list.Home() == 0; there; there = list++ != nullptr) {
+            all.emplace_back(list.Get_aktel()->namn);
+        }
+        return all;
+    };
+    std::mt19937 random(5);
+    for (unsigned i = 0; i < 300; ++i) {
+        std::string name;
+        for (unsigned rest = i; rest > 0 || name.empty(); rest /= 7) {
+            constexpr char const* parts[] = {"1", "0", "a", "_", "A", "+", "-"};
+            name += parts[rest % 7];
+        }
+        File("f/" + name + "x", random() % 4 * 1000, 1968 + static_cast<int>(random() % 4),
+             2 + static_cast<int>(random() % 2));
+    }
+    std::string const pattern = m_folder.Api("f\\*");
+    for (int key = -4; key <= 4; ++key) {
+        Deriving plain;
+        CDirSort taken;
+        for (int clear : {1, 0}) { // the second time every record is there twice
+            plain.Init(pattern.c_str(), key, clear, 0, 0);
+            taken.Init(pattern.c_str(), key, clear, 0, 0);
+            ASSERT_EQ(names(taken), names(plain)) << key;
+            taken.End();
+            EXPECT_EQ(taken++, nullptr);
+            EXPECT_NE(taken--, nullptr);
+        }
+    }
 }
 
 TEST_F(DirSortTest, SizesAndDates) {

@@ -28,6 +28,15 @@ TEST(Message, WithoutAMainWindowTheDesktopOwnsTheBox) {
                                                      {"text", "<title>", exclamation, 0}}));
 }
 
+#if !defined(_WIN32)
+TEST(Message, TheStandInForABoxHasWindowsCaptionWithoutOne) {
+    testing::internal::CaptureStderr();
+    CWnd window;
+    EXPECT_EQ(window.MessageBox("text", nullptr, MB_YESNO), IDYES);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Error: text\n");
+}
+#endif
+
 TEST(Message, OverTheMainWindowTheBoxComesToTheForeground) {
     Boxes const boxes;
     TestWindow window;

@@ -13,8 +13,9 @@ import time
 from collections import Counter, defaultdict
 
 SOURCE = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-FAULTOPS, KVARNIO, SHORT_WRITES = (f"{SOURCE}/build/linux/{each}" for each in (
-    "bin/faultops", "bin/kvarnio", "tests/faults/libshortwrites.so"))
+FAULTOPS, KVARNIO, SHORT_WRITES, STILL_CLOCK = (f"{SOURCE}/build/linux/{each}" for each in (
+    "bin/faultops", "bin/kvarnio", "tests/faults/libshortwrites.so",
+    "tests/faults/libstillclock.so"))
 NOBODY = 65534
 
 CHANGING = set("""write pwrite64 writev ftruncate fallocate fsync fdatasync rename renameat renameat2
@@ -47,7 +48,9 @@ TOOL = {
     "local-create": ("told", f"{OWN}/*.PAR {OWN}/*.DAT", ["local", "create", *VAG27]),
     "local-overwrite": ("told", "", ["local", "create", "--overwrite", *VAG27]),
     "local-rock": ("told", f"{OWN}/KLIPPBOK.PAR", ["local", "create", "--rock", *VAG27]),
-    "local-remove": ("told", "", ["local", "remove", *VAG27]),
+    "local-remove": ("told", "", ["local", "remove", "--yes", *VAG27]),
+    "undo": ("told", "", ["undo", f"TREE/{OWN}/KODFIL.DAT", *VAG27]),
+    "undo-removal": ("told", "", ["undo", f"TREE/{OWN}", *VAG27]),
     "project-create": ("steps", "", ["project", "create", r"C:\Projekt\Ny", "--construction",
                                      "--folders", "--yes", *HOME]),
     "env-first-start": ("silent", "c/Data/*", ["env", "--bootstrap", "0", "AX", "--refresh",
@@ -77,6 +80,8 @@ MORE_FILES = {
     f"{EVERYBODY}/Plan.dat": b"new", "c/Program/Orsakor/Binaries/x.dll": b"new",
     "c/Plattform/Binaries/x.dll": b"old", "c/Prog/x": b"", "c/Konf/Plan.dat": b"older",
     "c/Kvarnbok/Cfg/MILJKOD.DAT": b"*\r\n*\r\nXRF R\r\n*\r\nKM K\r\n*\r\nAS A max=6 steg=1\r\n*\r\n",
+    f"{OWN}/KODFIL.DAT.bak": b"*\r\nLe Ler\r\n*\r\n",
+    f"{OWN}/kvarnio-removed-2026-01-01-000000/Plan.dat": b"removed",
     "hem/.config/x": b""}
 TIMES = {"c/Gemensam": 2 * 10**9, "c/Program/": 2 * 10**9, "c/Konf": 5 * 10**8}  # else 10**9
 
@@ -101,7 +106,8 @@ def make_tree(folder):
 
 def environment(tree):
     return {"KVARNPROG_DRIVES": tree, "KVARNPROG_REGISTRY": f"{tree}/registry.reg",
-            "HOME": f"{tree}/hem", "PATH": "/usr/bin:/bin", "LC_ALL": "C.UTF-8"}
+            "HOME": f"{tree}/hem", "PATH": "/usr/bin:/bin", "LC_ALL": "C.UTF-8",
+            "LD_PRELOAD": STILL_CLOCK}
 
 
 def look(folder, below=""):
@@ -189,8 +195,6 @@ class Operation:
         self.touched = sorted({path.rstrip("/") for path in touched} & self.old.keys())
 
     def run(self, before=(), values=(), **how):
-        if os.path.exists(f"{self.tree}/registry.reg"):
-            os.chmod(f"{self.tree}/registry.reg", 0o644)  # just changed: it is always read anew
         command = [word.replace("TREE", self.tree) for word in [*before, *self.command, *values]]
         how = {"env": environment(self.tree), "capture_output": True, "timeout": 60, **how}
         try:
@@ -229,7 +233,8 @@ class Operation:
             done = self.run(preexec_fn=lambda: resource.setrlimit(
                 resource.RLIMIT_FSIZE, (int(number), int(number))), restore_signals=fault == "KILL")
         elif fault == "short":
-            done = self.run(env=dict(environment(self.tree), LD_PRELOAD=SHORT_WRITES))
+            both = f"{STILL_CLOCK} {SHORT_WRITES}"
+            done = self.run(env=dict(environment(self.tree), LD_PRELOAD=both))
         elif call == "rights":
             done = self.run_without_rights(number, fault)
         else:
@@ -306,7 +311,9 @@ class Operation:
         for path in sorted(self.old.keys() | self.new.keys()):
             if now[path] in (old[path], new[path]):
                 backup = path + ".bak"
-                if backup in self.new and old[path] != now[path] and now[backup] != new[backup]:
+                if backup in self.new and old[path] != now[path] and \
+                        now[backup] != new[backup] and \
+                        self.old[path][1] not in (each[1] for each in after.values()):
                     broken["lost"] = f"{path} is written without {backup}"
             elif path in self.changed and self.may_be_between(path, now[path], result, done):
                 between = True
@@ -351,6 +358,8 @@ class Operation:
     def judge_next_run(self, after, mended, broken):
         """The next, undisturbed run leaves nothing of this one's, and what this one did not do."""
         for path in sorted(self.new.keys() | after.keys()):
+            if "kvarnio-removed-" in path:
+                continue  # what is kept for the user
             if path not in self.new.keys() | self.newer.keys():
                 name = re.sub(r"\d+-\d+", "N", path)
                 broken.setdefault("leftover", f"{name} stays")

@@ -121,6 +121,19 @@ TEST_F(ProfileTest, AFileThatCannotBeReadIsNotOverwritten) {
     EXPECT_EQ(Bytes(), "[S]\r\nA=1\r\n");
 }
 
+TEST_F(ProfileTest, AChangeByAnyHandIsSeenByTheNextRead) {
+    File("[S]\r\nA=0\r\n");
+    constexpr DWORD untilKept = 50; // milliseconds
+    for (char const* const value : {"1", "2"}) {
+        m_folder.Write(m_name, "[S]\r\nA="s + value + "\r\n"); // the same file, as long as before
+        EXPECT_EQ(Value("S", "A"), value);
+        Sleep(untilKept);
+        EXPECT_EQ(Value("S", "A"), value);
+    }
+    std::filesystem::remove(m_folder / m_name);
+    EXPECT_EQ(Value("S", "A"), "<none>");
+}
+
 // From here on what Wine does otherwise.
 
 // By a process of its own: each of many counts up a key of its own.

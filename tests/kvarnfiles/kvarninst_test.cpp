@@ -1,4 +1,8 @@
+#include <random>
+
+#include "kvarnfiles/kvarnpar.h"
 #include "support/commalocale.h"
+#include "support/hostcalls.h"
 #include "support/projekt.h"
 #include "text/codepage.h"
 
@@ -81,6 +85,96 @@ TEST_F(KvarnInstTest, NumbersAreWrittenWithAPointAndOpenScalesAsMax) {
     Block("KVARNBOK.PAR");
     EXPECT_EQ(m_inst.WriteKey("KVARNBOK.PAR", "HSKALA", "200"), -1);
     EXPECT_EQ(Boxes::Shown().size(), 2U); // reading, then writing
+}
+
+// Both the facade, which makes no list, and the object write what one list gives that takes the
+// keys one after the other.
+TEST_F(KvarnInstTest, SeveralKeysAreWrittenAsOneAfterTheOther) {
+    std::mt19937 random(1);
+    auto const any = [&](auto const& values) -> std::string const& {
+        return values[random() % std::size(values)];
+    };
+    std::string const keys[] = {"A", "a", "B", "\xC4", "\xE4", "", std::string(39, 'k')};
+    std::string const values[] = {"", "1", "2\n3", "=", std::string(258, 'v')};
+    std::string const lines[] = {"A=1\r\n",
+                                 "b=2\n",
+                                 "a=3\r\n",
+                                 "\xE4=\r\n",
+                                 "=4\r\n",
+                                 "ord\r\n",
+                                 std::string(40, 'k') + "=5\r\n",
+                                 "B=6\r7\r\n",
+                                 "a=8"};
+    for (int round = 0; round < 200; ++round) {
+        std::string before;
+        for (auto i = random() % 6; i > 0; --i) {
+            before += any(lines);
+        }
+        SCOPED_TRACE(before);
+        std::vector<nyckelvarde> all(1 + random() % 4);
+        for (nyckelvarde& key : all) {
+            key = {any(keys).c_str(), any(values).c_str(), 7};
+        }
+        auto const written = [&](auto write) {
+            Write("KVARNBOK.PAR", before);
+            CKvarnPAR par(&m_ini, &m_projekt);
+            write(par);
+            return Read("KVARNBOK.PAR");
+        };
+        std::string const expected = written([&](CKvarnPAR& par) {
+            for (nyckelvarde const& key : all) {
+                EXPECT_EQ(par.WriteKey(key.nyckel, key.varde), 0);
+            }
+        });
+        int const count = static_cast<int>(all.size());
+        EXPECT_EQ(expected, written([&](CKvarnPAR& par) { par.WriteKeys(all.data(), count); }));
+        EXPECT_EQ(expected, written([&](CKvarnPAR&) {
+                      EXPECT_EQ(m_inst.WriteKeys("KVARNBOK.PAR", all.data(), count), 0);
+                  }));
+        EXPECT_EQ(all.back().resultat, 0);
+    }
+}
+
+TEST_F(KvarnInstTest, SeveralKeysAreWrittenAllOrNone) {
+    std::string const tooLong(260, 'v');
+    nyckelvarde keys[] = {{"A", "2", 7}, {"B", tooLong.c_str(), 7}, {nullptr, nullptr, 7}};
+    auto const results = [&](int all) {
+        std::string text = std::to_string(all) + ":";
+        for (nyckelvarde const& key : keys) {
+            text += ' ' + std::to_string(key.resultat);
+        }
+        return text;
+    };
+    Boxes const boxes;
+    Write("KLIPPBOK.PAR", "A=1\r\n");
+    EXPECT_EQ(results(m_inst.WriteKeys("KLIPPBOK.PAR", keys, 3)), "-1: -2 -1 -2");
+    CKvarnPAR par(&m_ini, &m_projekt, 1);
+    EXPECT_EQ(results(par.WriteKeys(keys, 3)), "-1: -2 -1 -2");
+    EXPECT_EQ(par.ReadKey("A"), "1");
+    EXPECT_EQ(Read("KLIPPBOK.PAR"), "A=1\r\n");
+    EXPECT_EQ(m_inst.WriteKeys("KLIPPBOK.PAR", keys, 0), 0);
+    EXPECT_EQ(m_inst.WriteKeys("KLIPPBOK.PAR", nullptr, 3), 0);
+
+    keys[1].varde = "3";
+    EXPECT_EQ(results(m_inst.WriteKeys("KLIPPBOK.PAR", keys, 3)), "0: 0 0 0");
+    EXPECT_EQ(Read("KLIPPBOK.PAR"), "A=2\r\nB=3\r\n");
+    EXPECT_TRUE(Boxes::Shown().empty());
+    Block("KVARNBOK.PAR");
+    EXPECT_EQ(results(m_inst.WriteKeys("KVARNBOK.PAR", keys, 3)), "-1: -2 -2 -2");
+    EXPECT_EQ(Boxes::Shown().size(), 2U); // it cannot be read, nor written
+    Block("JB23.PAR");
+    EXPECT_EQ(results(m_inst.WriteKeys("JB23.PAR", keys, 3)), "-1: -2 -2 -2");
+}
+
+TEST_F(KvarnInstTest, SeveralScalesAreWrittenInOneStep) {
+    nyckelvarde keys[] = {{"SJUNKSKALA", "10", 7}, {"HASTSTEG", "20", 7}, {"SJUNKSTEG", "30", 7}};
+    EXPECT_EQ(m_inst.WriteKeys("JB23.PAR", keys, 3), 0);
+    EXPECT_EQ(m_folder.Read("cfg/JB23.PAR"), "10   30\r\n0   20\r\n");
+#if !defined(_WIN32)
+    HostCalls const calls;
+    EXPECT_EQ(m_inst.WriteKeys("JB23.PAR", keys, 3), 0);
+    EXPECT_EQ(calls.Made({"rename"}), "rename JB23.tmp\nrename JB23.PAR\n");
+#endif
 }
 
 TEST_F(KvarnInstTest, CopiesSharePointers) {

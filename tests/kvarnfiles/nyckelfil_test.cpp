@@ -106,6 +106,23 @@ TYPED_TEST(NyckelfilTest, WritingKeepsOrderAndDropsWhatIsNoKey) {
     EXPECT_EQ(this->m_folder.Names(), std::vector<std::string>{"fil"});
 }
 
+TYPED_TEST(NyckelfilTest, SeveralKeysAreWrittenAllOrNone) {
+    this->Bytes("A=1\r\n");
+    auto const fil = this->Open();
+    std::string const tooLong = Value(260);
+    nyckelvarde keys[] = {{"NY", "2", 7}, {"A", tooLong.c_str(), 7}, {"a", "3", 7}};
+    EXPECT_EQ(fil->WriteKeys(keys, 3), -1);
+    EXPECT_EQ(keys[0].resultat, -2);
+    EXPECT_EQ(keys[1].resultat, -1);
+    EXPECT_EQ(fil->FindKey("NY"), -1);
+    EXPECT_EQ(this->Bytes(), "A=1\r\n");
+    keys[1].varde = "";
+    EXPECT_EQ(fil->WriteKeys(keys, 3), 0);
+    EXPECT_EQ(keys[2].resultat, 0);
+    EXPECT_EQ(this->Bytes(), "A=3\r\nNY=2\r\n");
+    EXPECT_EQ(fil->WriteKeys(nullptr, 3), 0);
+}
+
 TYPED_TEST(NyckelfilTest, AFolderInItsPlaceIsShownAndWhatWasNotReadIsNeverWritten) {
     std::filesystem::create_directory(this->m_folder / "fil");
     auto const fil = this->Open();

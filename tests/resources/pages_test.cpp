@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include "onebox.h"
 #include "picture.h"
+#include "shownvalue.h"
 #include "support/pagewindow.h"
 #include "support/projekt.h"
 #include "support/window.h"
@@ -105,16 +107,23 @@ void ExpectOrderOfAll(HWND page, std::vector<PagePart> const& parts) {
     ExpectOrder(whole, boxes);
 }
 
-void ExpectOwnAccelerators(std::vector<PagePart> const& parts) {
-    std::map<int, std::string> seen;
-    for (PagePart const& part : parts) {
-        std::size_t const mark = part.prefix ? part.text.find('&') : std::string::npos;
-        if (mark != std::string::npos) {
-            auto const [other, first] = seen.try_emplace(toupper(part.text[mark + 1]), part.text);
-            EXPECT_TRUE(first) << part.text << " and " << other->second;
+// Where the first line of a box's own text begins, in the page.
+LONG TextTop(PagePart const& box) {
+    HWND const inner = GetWindow(box.window, GW_CHILD);
+    HWND const edit = inner != nullptr ? inner : box.window; // of a combo box
+    RECT format;
+    SendMessageA(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&format));
+    MapWindowPoints(edit, GetParent(box.window), reinterpret_cast<POINT*>(&format), 2);
+    return format.top;
+}
+
+// Labels stand on the line of their fields' texts, in the same font.
+void ExpectOneLine(std::vector<PagePart> const& parts) {
+    for (std::size_t i = 1; i < parts.size(); ++i) {
+        if (parts[i].kind == PartKind::box) {
+            EXPECT_NEAR(parts[i - 1].area.top, TextTop(parts[i]), 1) << parts[i - 1].text;
         }
     }
-    EXPECT_GE(seen.size(), 5U);
 }
 
 void ExpectControlsOf(std::size_t page, std::vector<PagePart> const& parts) {
@@ -133,15 +142,15 @@ void ExpectControlsOf(std::size_t page, std::vector<PagePart> const& parts) {
     EXPECT_EQ(found, expected);
 }
 
-// What the list holds comes up in the box as it stands in the files.
-void ExpectEntries(HWND page, int resource) {
+// What the list holds comes up in the box, with words and in the users' unit.
+void ExpectEntries(HWND page, int resource, PageLanguage language) {
     std::map<int, int> count;
     for (InitialEntry const& entry : InitialEntries(LibraryModule(), resource)) {
         char text[64] = "";
         SendDlgItemMessageA(page, entry.control, CB_GETLBTEXT,
                             static_cast<WPARAM>(count[entry.control]++),
                             reinterpret_cast<LPARAM>(text));
-        EXPECT_EQ(text, entry.text) << entry.control;
+        EXPECT_EQ(text, WithWords(InUsersUnit(entry.control, entry.text), language));
         EXPECT_FALSE(entry.text.empty()) << entry.control;
     }
     for (SettingsControl const& control : kvarn::settingsControls) {
@@ -158,6 +167,9 @@ class Pages : public ProjektTest, public testing::WithParamInterface<bool> {
     static int Resource(std::size_t page) {
         return GetParam() ? kvarn::settingsPages[page].norwegian
                           : kvarn::settingsPages[page].swedish;
+    }
+    static PageLanguage Language() {
+        return GetParam() ? PageLanguage::norwegian : PageLanguage::swedish;
     }
     static std::string Picture(std::size_t page) {
         std::filesystem::create_directories(PICTURES);
@@ -181,11 +193,11 @@ TEST_P(Pages, LookAsTheyShould) {
         ExpectControlsOf(page, parts);
         ExpectTextsFit(parts);
         ExpectOrderOfAll(window.Handle(), parts);
-        ExpectOwnAccelerators(parts);
-        ExpectEntries(window.Handle(), Resource(page));
+        ExpectOneLine(parts);
+        ExpectEntries(window.Handle(), Resource(page), Language());
         ShowSettings(window.Handle(), page, m_inst); // the defaults
         window.Paint();
-        EXPECT_TRUE(SavePicture(window.Frame(), Picture(page).c_str()));
+        EXPECT_TRUE(SavePicture({window.Frame()}, Picture(page).c_str()));
     }
 }
 
@@ -249,6 +261,7 @@ TEST_P(Pages, EveryKeyGoesThroughUnchanged) {
 }
 
 constexpr std::size_t planPage = 1;
+constexpr std::size_t cptPage = 4;
 constexpr std::size_t jb23Page = 6;
 
 TEST_P(Pages, AnotherWordThanJaAndNejIsKeptUntilTheUserChooses) {
@@ -264,6 +277,103 @@ TEST_P(Pages, AnotherWordThanJaAndNejIsKeptUntilTheUserChooses) {
     CheckDlgButton(window.Handle(), IDC_KVARNBOK_PLANZ, BST_CHECKED);
     EXPECT_TRUE(SaveSettings(window.Handle(), planPage, m_inst));
     EXPECT_EQ(Read("KVARNBOK.PAR"), "PLANZ=JA\r\n" + others);
+}
+
+TEST_P(Pages, WordsAndTheUsersUnitAreWrittenAsTheFileHasThem) {
+    Write("KVARNBOK.PAR", "LINJEBREDD=NEJ\r\nFTSKALA=0.10\r\nUSKALA=MAX\r\nFTSTEG=0.0200\r\n");
+    PageWindow const texts(LibraryModule(), Resource(0));
+    ShowSettings(texts.Handle(), 0, m_inst);
+    SendDlgItemMessageA(texts.Handle(), IDC_KVARNBOK_LINJEBREDD, CB_SETCURSEL, 1, 0);
+    EXPECT_EQ(WindowText(GetDlgItem(texts.Handle(), IDC_KVARNBOK_LINJEBREDD)),
+              WithWords("F\xC4RG", Language()));
+    EXPECT_TRUE(SaveSettings(texts.Handle(), 0, m_inst));
+
+    PageWindow const cpt(LibraryModule(), Resource(cptPage));
+    ShowSettings(cpt.Handle(), cptPage, m_inst);
+    EXPECT_EQ(WindowText(GetDlgItem(cpt.Handle(), IDC_KVARNBOK_FTSTEG)), "20");
+    EXPECT_EQ(WindowText(GetDlgItem(cpt.Handle(), IDC_KVARNBOK_USKALA)),
+              WithWords("MAX", Language()));
+    SetDlgItemTextA(cpt.Handle(), IDC_KVARNBOK_FTSKALA, "150");
+    EXPECT_TRUE(SaveSettings(cpt.Handle(), cptPage, m_inst));
+    EXPECT_EQ(Read("KVARNBOK.PAR"),
+              "LINJEBREDD=F\xC4RG\r\nFTSKALA=0.15\r\nUSKALA=MAX\r\nFTSTEG=0.0200\r\n");
+}
+
+// In both languages the units of the two pages agree.
+TEST_P(Pages, FrictionAndPorePressureHaveOneUnit) {
+    std::multiset<std::string> units;
+    for (std::size_t const page : {cptPage, jb23Page}) {
+        PageWindow const window(LibraryModule(), Resource(page));
+        for (PagePart const& part : window.Parts()) {
+            if (part.text.ends_with("Pa") && part.text[0] == 'k') {
+                units.insert(part.text);
+            }
+        }
+    }
+    EXPECT_EQ(units.count("kPa"), 5U);
+}
+
+TEST_P(Pages, AFieldForNumbersTakesNumbersItsCodesAndWhatTheFileHas) {
+    struct {
+        std::size_t page;
+        int control;
+        char const* text;
+        bool taken;
+    } const rows[] = {{planPage, IDC_KVARNBOK_HSKALA, "m\xE5nga", true}, // the file's
+                      {planPage, IDC_KVARNBOK_HSKALA, "1,5", false},
+                      {planPage, IDC_KVARNBOK_HSKALA, "MAX", false},
+                      {planPage, IDC_KVARNBOK_HSKALA, "250", true},
+                      {planPage, IDC_KVARNBOK_SEKTDIST, "", true},
+                      {planPage, IDC_KVARNBOK_SEKTDIST, "fem", false},
+                      {cptPage, IDC_KVARNBOK_QTSKALA, "MAX", true},
+                      {cptPage, IDC_KVARNBOK_CPTSEKT, "vad som helst", true},
+                      {0, IDC_KVARNBOK_FONT, "ROMANS", true}};
+    Write("KVARNBOK.PAR", "HSKALA=m\xE5nga\r\n");
+    for (auto const& row : rows) {
+        PageWindow const window(LibraryModule(), Resource(row.page));
+        ShowSettings(window.Handle(), row.page, m_inst);
+        SetDlgItemTextA(window.Handle(), row.control, row.text);
+        BadNumber const bad = FindBadNumber(window.Handle(), row.page, m_inst);
+        EXPECT_EQ(bad.control, row.taken ? 0 : row.control) << row.text;
+        EXPECT_EQ(FindBadNumber(window.Handle(), row.page, m_inst, IDC_KVARNBOK_LSKALA).control, 0);
+        EXPECT_EQ(bad.text, row.taken ? "" : row.text);
+        EXPECT_EQ(bad.field.empty() || bad.example.empty(), row.taken);
+        EXPECT_EQ(bad.field.find_first_of("&:"), std::string::npos) << bad.field;
+    }
+}
+
+TEST(Messages, APathIsBrokenBehindAFolderOnly) {
+    struct {
+        char const* text;
+        char const* lines;
+    } const rows[] = {
+        {"Ingen s\xF6kv\xE4g", "Ingen s\xF6kv\xE4g"},
+        {"Kan ej \xF6ppna v\xE4glinje : C:\\A\\B.VL", "Kan ej \xF6ppna v\xE4glinje :\nC:\\A\\B.VL"},
+        {"Fel\nC:\\Projekt\\Den nya v\xE4gen till Lund\\Etapp 2\\VAG.VL\nAvbryter!",
+         "Fel\nC:\\Projekt\\Den nya v\xE4gen till Lund\\Etapp 2\\\nVAG.VL\nAvbryter!"},
+        {"C:\\ett namn som \xE4r l\xE4ngre \xE4n en hel rad i rutan\\VAG.VL",
+         "C:\\ett namn som \xE4r l\xE4ngre \xE4n en hel rad i rutan\\\nVAG.VL"},
+        {"\\\\server\\mapp", "\\\\server\\mapp"},
+        {"", ""},
+    };
+    for (auto const& row : rows) {
+        EXPECT_EQ(WithPathLines(row.text), row.lines);
+    }
+}
+
+TEST_P(Pages, APageIsSavedWholeOrNotAtAll) {
+    std::string const before = "PLANDJUP=JA\r\nPLANZ=NEJ\r\n";
+    Write("KVARNBOK.PAR", before);
+    PageWindow const window(LibraryModule(), Resource(planPage));
+    ShowSettings(window.Handle(), planPage, m_inst);
+    CheckDlgButton(window.Handle(), IDC_KVARNBOK_PLANZ, BST_CHECKED);
+    CheckDlgButton(window.Handle(), IDC_KVARNBOK_PLANDJUP, BST_UNCHECKED);
+    SetDlgItemTextA(window.Handle(), IDC_KVARNBOK_SEKTDIST, std::string(260, '1').c_str());
+    EXPECT_FALSE(SaveSettings(window.Handle(), planPage, m_inst));
+    EXPECT_EQ(Read("KVARNBOK.PAR"), before);
+    SetDlgItemTextA(window.Handle(), IDC_KVARNBOK_SEKTDIST, "2.0");
+    EXPECT_TRUE(SaveSettings(window.Handle(), planPage, m_inst));
+    EXPECT_EQ(Read("KVARNBOK.PAR"), "PLANDJUP=NEJ\r\nPLANZ=JA\r\nSEKTDIST=2.0\r\n");
 }
 
 TEST_P(Pages, AShortFileOfScalesIsSavedWhole) {

@@ -6,10 +6,17 @@
 
 namespace {
 
-TEST_F(ProjektTest, TheSampleProgramShowsAndSavesAProjectsSettings) {
+class SettingsClient : public ProjektTest, public testing::WithParamInterface<char const*> {};
+
+INSTANTIATE_TEST_SUITE_P(Language, SettingsClient, testing::Values("sv", "no"),
+                         [](auto const& language) { return std::string(language.param); });
+
+TEST_P(SettingsClient, ShowsChecksAndSavesAProjectsSettings) {
+    std::string const begin = PICTURES "/client-" + std::string(GetParam()) + "-";
     std::vector<std::filesystem::path> pictures;
-    for (char const* const name : {"main", "settings", "saved", "box", "settings-box"}) {
-        pictures.emplace_back(PICTURES "/client-" + std::string(name) + ".png");
+    for (char const* const name :
+         {"main", "words", "number", "settings", "saved", "box", "settings-box"}) {
+        pictures.emplace_back(begin + name + ".png");
         std::filesystem::remove(pictures.back()); // of an earlier run
     }
     std::filesystem::create_directories(PICTURES);
@@ -25,8 +32,8 @@ TEST_F(ProjektTest, TheSampleProgramShowsAndSavesAProjectsSettings) {
 
     Variable const main("KVARNBOK", m_folder.Api("huvud"));
     std::string line = SETTINGS_CLIENT;
-    for (std::string const& argument : {m_folder.Api("projekt"), std::string("sv"),
-                                        std::string(PICTURES), m_folder.Api("annat")}) {
+    for (std::string const& argument :
+         {m_folder.Api("projekt"), std::string(GetParam()), begin, m_folder.Api("annat")}) {
         line += " \"" + argument + '"';
     }
     EXPECT_EQ(Child(line, 0).Wait(), 0);

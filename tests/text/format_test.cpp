@@ -1,6 +1,9 @@
 #include "text/format.h"
 
+#include <bit>
+#include <charconv>
 #include <clocale>
+#include <cmath>
 #include <cstdio>
 #include <limits>
 #include <random>
@@ -50,6 +53,31 @@ TEST(Format, NumbersAgreeWithTheRuntimeLibrary) {
     }
     EXPECT_EQ(Format("%.1100lf", 1.0).size(), 1102U);
     EXPECT_EQ(Format("%.*lf", 2000000000, 1.0).size(), 1102U); // only zeros are left out
+}
+
+// With up to four decimals another way is gone than with more.
+TEST(Format, FewDecimalsAreExactToo) {
+    std::mt19937_64 random(7);
+    char expected[512];
+    for (int i = 0; i < 100'000; ++i) {
+        std::uint64_t const bits = random();
+        auto const number = static_cast<double>(bits >> 24U);
+        double const values[] = {
+            std::bit_cast<double>(bits),
+            number / 1048576,                                                    // halves
+            std::nextafter(static_cast<double>(bits % 2'000'001) / 2e4, number), // beside a half
+            std::ldexp(number, static_cast<int>(bits % 140) - 110),
+        };
+        double const value = std::copysign(values[i % 4], static_cast<double>(random() % 2) - 0.5);
+        for (int decimals = 0; decimals < 6; ++decimals) {
+            auto const end = std::to_chars(expected, std::end(expected), value,
+                                           std::chars_format::fixed, decimals)
+                                 .ptr;
+            std::string text;
+            kvarn::AppendFixed(text, value, decimals);
+            ASSERT_EQ(text, std::string(expected, end)) << decimals;
+        }
+    }
 }
 
 TEST(Format, TheLocaleOfTheProcessDoesNotMatter) {

@@ -1,7 +1,10 @@
 #include "text/scan.h"
 
+#include <algorithm>
+#include <bit>
 #include <cmath>
 #include <limits>
+#include <random>
 
 #include <gtest/gtest.h>
 
@@ -42,6 +45,28 @@ TEST(Scan, DoublesAsTheRuntimeLibraryReadsThem) {
     double nan = 0;
     EXPECT_EQ(Scan("-nan(7)", nan), 1);
     EXPECT_TRUE(std::isnan(nan) && std::signbit(nan));
+}
+
+// An exponent sends the same number another way.
+TEST(Scan, PlainNumbersAreReadAsAllOthers) {
+    std::mt19937_64 random(3);
+    auto const digits = [&](std::size_t count) {
+        std::string text(count, '0');
+        std::generate(text.begin(), text.end(), [&] { return "0123456789"[random() % 10]; });
+        return text;
+    };
+    for (int i = 0; i < 200'000; ++i) {
+        std::string text(random() % 3 == 0 ? 1 : 0, '-');
+        text.append(digits(1 + random() % 12));
+        if (random() % 8 != 0) {
+            text.append(1, '.').append(digits(random() % 9));
+        }
+        double plain = 7;
+        double other = 7;
+        int const count = Scan(text + " 1", plain);
+        ASSERT_EQ(count, Scan(text + "e0", other)) << text;
+        ASSERT_EQ(std::bit_cast<std::uint64_t>(plain), std::bit_cast<std::uint64_t>(other)) << text;
+    }
 }
 
 TEST(Scan, WhatIsNoNumberChangesNothing) {

@@ -68,7 +68,8 @@ TEST(Text, CodePageConversionGoesThereAndBack) {
         EXPECT_EQ(kvarn::FromUtf8(kvarn::ToUtf8(text)), text) << byte;
     }
     EXPECT_EQ(kvarn::ToUtf8("\x80\xE5"), "€å");
-    for (char const* bad : {"\xCE\xB1", "\xC3", "\xFF", "\xC0\x80", "\xE2\x82", "a\x80"}) {
+    for (char const* bad : {"\xCE\xB1", "\xC3", "\xFF", "\xC0\x80", "\xE2\x82", "a\x80",
+                            "\xE0\x81\x81", "\xF0\x80\x81\x81"}) { // A, in too many bytes
         EXPECT_EQ(kvarn::FromUtf8(bad), std::nullopt);
     }
 }

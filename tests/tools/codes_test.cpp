@@ -94,7 +94,7 @@ TEST_F(CodesTest, AChangeKeepsHeaderOrderAndTheOtherRecords) {
         EXPECT_EQ(m_folder.Read(name), before);
         EXPECT_EQ(Run("codes remove " + which).status, notThere);
         EXPECT_EQ(Run("codes set " + which + row.set).status, notThere);
-        EXPECT_FALSE(HasCopy(name)); // nothing was lost
+        EXPECT_TRUE(HasCopy(name));
     }
 }
 
@@ -161,7 +161,7 @@ TEST_F(CodesTest, WhatCannotBeDoneIsRefusedAndNothingIsWritten) {
             {"codes add linkod A " + longWord + " 2", wrongUsage, "have 51 characters"},
             {"codes add linkod VAGK b 2", notThere, "VAGK stands in "},
             {"codes set linkod vagk b 2", notThere, "vagk does not stand in "},
-            {"codes list stamp finns-ej.par", notThere, "finns-ej.par cannot be read"},
+            {"codes list stamp finns-ej.par", notThere, "there is no file "},
             {"codes list stamp", wrongUsage, "FILE is required"},
             {"codes add stamp " + stampel + " A b 1", wrongUsage, "NUM2 is required"},
             {"codes list bergkod", wrongUsage, "there is no subcommand \"bergkod\""},

@@ -103,6 +103,16 @@ TEST_F(EnvTest, RegistryShowsEveryFormThatFits) {
     EXPECT_EQ(forms("color")["int"], 0x030201);
     EXPECT_EQ(forms("float")["float"], 2.5);
     EXPECT_EQ(forms("float")["point"]["x"], 0);
+    registry.WriteString("", "first");
+    Result const all = RunBare("registry 'hkcu\\software\\kvarnio test'");
+    for (char const* row : {"\ntext ", "\ncolor ", "\nfloat ", "\n@ "}) {
+        ExpectPart(all.out, row);
+    }
+    ExpectPart(all.out, " 197121\n"); // the colour
+    Json const values = RunJson("registry 'hkcu\\software\\kvarnio test'")["values"];
+    ASSERT_EQ(values.size(), 4U);
+    Json const text = {{"name", "text"}, {"type", "REG_SZ"}, {"as", {{"text", "å"}}}};
+    EXPECT_EQ(std::count(values.begin(), values.end(), text), 1) << values;
     EXPECT_EQ(RunBare("registry 'HKCU\\SOFTWARE\\Kvarnio test' no").status, notThere);
     EXPECT_EQ(RunBare("registry 'HKCU\\no such key'").status, notThere);
     EXPECT_EQ(RunBare("registry 'HKXX\\a'").status, wrongUsage);

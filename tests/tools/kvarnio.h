@@ -35,6 +35,7 @@ struct Refusal {
 };
 constexpr int notThere = 1;
 constexpr int wrongUsage = 2;
+constexpr int notDone = 3; // something could not be read or written
 
 inline void ExpectPart(std::string const& text, std::string const& part) {
     EXPECT_TRUE(text.find(part) != std::string::npos) << part << "\nis not in\n" << text;

@@ -40,16 +40,17 @@ TEST_F(LocalTest, CreateAndRemoveTellWhatTheyDid) {
     EXPECT_EQ(Run("local create --rock", "p").out, Path("p/KLIPPBOK.PAR") +
                                                        ": created, a copy of " +
                                                        Path("c/Kvarnbok/Cfg/KLIPPBOK.PAR") + "\n");
-    EXPECT_EQ(Run("local remove", "p").status, 0);
-    ExpectRefused({{"local remove", notThere, "nothing to remove"}}, "p");
-    EXPECT_EQ(Run("local remove --rock", "p").status, 0); // kept apart
-    EXPECT_TRUE(std::filesystem::is_empty(m_folder / "p"));
-    EXPECT_EQ(Run("local create").status, wrongUsage); // in which project?
+    ExpectRefused({{"local remove", wrongUsage, "--yes removes 6 files"}}, "p");
+    EXPECT_EQ(Said("result", "remove --dry-run", "p"), Words(6, "removed"));
+    EXPECT_EQ(Run("local remove --yes", "p").status, 0);
+    ExpectRefused({{"local remove --yes", notThere, "nothing to remove"}}, "p");
+    EXPECT_EQ(Run("local remove --rock --yes", "p").status, 0); // kept apart
+    EXPECT_EQ(Run("local create").status, wrongUsage);          // in which project?
 
     // What failed is told, and the others are made.
     std::filesystem::create_directories(m_folder / "p/KODFIL.DAT");
     EXPECT_EQ(Said("result", "create --overwrite", "p")[2], "failed");
-    EXPECT_EQ(Run("local create --overwrite", "p").status, notThere);
+    EXPECT_EQ(Run("local create --overwrite", "p").status, notDone);
 }
 
 } // namespace

@@ -74,7 +74,7 @@ TEST_F(MaterialsTest, PointsShowsTheFileBesideWhatIsRead) {
     EXPECT_EQ(json["points"][0],
               Json({{"name", "BÖR1"}, {"level", 8.1}, {"inFile", {1.0, 2.5}}, {"read", zeros}}));
     EXPECT_EQ(json["points"].size(), 2U);
-    EXPECT_EQ(Run("points " + Quoted("p")).status, notThere);
+    EXPECT_EQ(Run("points " + Quoted("p")).status, notDone);
 }
 
 } // namespace

@@ -62,18 +62,18 @@ TEST_F(ProjectTest, AFolderThatExistsNeedsYes) {
     EXPECT_EQ(used.err, "");
     EXPECT_EQ(Made(used), (Words{"p/KVARNBOK.DBF", "p/STACK"}));
     m_folder.Write("p/KVARNBOK.DBS", ""); // of a project, which no answer allows to use
-    EXPECT_EQ(Create("p", "--drawing --yes").status, 1);
+    EXPECT_EQ(Create("p", "--drawing --yes").status, notDone);
 }
 
 TEST_F(ProjectTest, WhatWasMadeBeforeAFailureIsTold) {
     ListFolders("FOTO\r\nfil\\x\r\nALDRIG\r\n");
     m_folder.Write("q/fil", "");
     Result const partly = Create("q", "--folders --yes");
-    EXPECT_EQ(partly.status, 1);
+    EXPECT_EQ(partly.status, notDone);
     EXPECT_EQ(Made(partly), Words{"q/FOTO"});
     ExpectPart(partly.err, "Fel, kan EJ skapa katalog:");
     ExpectPart(partly.err, "what was made stays");
-    EXPECT_EQ(Create("q/fil/x", "").status, 1);
+    EXPECT_EQ(Create("q/fil/x", "").status, notDone);
     EXPECT_EQ(RunBare("project create ''").status, wrongUsage);
 }
 

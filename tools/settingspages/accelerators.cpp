@@ -4,6 +4,8 @@
 #include <map>
 #include <stdexcept>
 
+#include "textwidth.h"
+
 namespace pages {
 
 namespace {
@@ -17,30 +19,61 @@ char Capital(char letter) {
     return static_cast<char>(letter >= 'a' && letter <= 'z' ? letter - 'a' + 'A' : letter);
 }
 
-// The places for the letter, best first: at the beginning, at that of another word, on a
-// consonant, on a vowel; then on one whose tail meets the stroke or that is too narrow for it, and
-// on a digit last. Letters beyond ASCII are not on every keyboard.
-std::vector<std::size_t> Places(std::string_view text) {
-    auto const rank = [text](std::size_t place) {
-        if (text[place] >= '0' && text[place] <= '9') {
-            return 5;
-        }
-        bool const begins = place == 0 || text[place - 1] == ' ' || text[place - 1] == '-';
-        if (begins) {
-            return place == 0 ? 0 : 1;
-        }
-        if (std::string_view("gjpqyil").find(text[place]) != std::string_view::npos) {
-            return 4;
-        }
-        return std::string_view("aeou").find(text[place]) == std::string_view::npos ? 2 : 3;
+bool IsDigit(char letter) {
+    return letter >= '0' && letter <= '9';
+}
+
+// A text is a row's number, if it has one, and words: "3. Steg:".
+std::size_t WordsIn(std::string_view text) {
+    return IsDigit(text.front()) ? text.find(' ') + 1 : 0;
+}
+
+std::string_view Words(std::string_view text) {
+    return text.substr(WordsIn(text));
+}
+
+constexpr int leastWish = 7;
+
+// How much a place is wanted, from 0.
+int RankOf(std::string_view text, std::size_t place) {
+    auto const isOne = [text, place](std::string_view letters) {
+        return letters.find(text[place]) != std::string_view::npos;
     };
+    std::size_t const words = WordsIn(text);
+    if (isOne("OoCc")) {
+        return leastWish;
+    }
+    if (place == words) {
+        return 1;
+    }
+    if (IsDigit(text[place])) {
+        return 6;
+    }
+    if (isOne("gjpqysfilrtvx")) {
+        return 5;
+    }
+    if (place > words && (text[place - 1] == ' ' || text[place - 1] == '-')) {
+        return 2;
+    }
+    return isOne("aeu") ? 4 : 3;
+}
+
+// The places for the letter, best first: the beginning, that of another word, a consonant, a vowel,
+// a narrow letter or one whose tail meets the stroke, a digit, one that users may take for OK's or
+// Cancel's. Letters beyond ASCII are not on every keyboard. Texts of one wording have their rows'
+// numbers, as far as these go.
+std::vector<std::size_t> Places(std::string_view text, std::string_view reserved, bool byNumber) {
     std::vector<std::size_t> places;
     for (std::size_t place = 0; place < text.size(); ++place) {
-        if (IsLetter(text[place])) {
+        bool const free = reserved.find(Capital(text[place])) == std::string_view::npos;
+        if (IsLetter(text[place]) && free && StrokeFits(text, place)) {
             places.push_back(place);
         }
     }
-    std::ranges::stable_sort(places, {}, rank);
+    std::size_t const number = WordsIn(text) - (byNumber ? 3 : 0); // its last digit
+    std::ranges::stable_sort(places, {}, [&](std::size_t place) {
+        return byNumber && place == number ? 0 : RankOf(text, place);
+    });
     return places;
 }
 
@@ -48,8 +81,8 @@ std::vector<std::size_t> Places(std::string_view text) {
 // forth, so that all have one where that is possible at all.
 class Matching {
   public:
-    explicit Matching(std::vector<std::string_view> const& texts)
-        : m_texts(texts), m_place(texts.size()) {}
+    Matching(std::vector<std::string_view> const& texts, std::string_view reserved)
+        : m_texts(texts), m_reserved(reserved), m_place(texts.size()) {}
 
     bool Place(std::size_t text) {
         std::vector<char> tried;
@@ -59,7 +92,8 @@ class Matching {
 
   private:
     bool Place(std::size_t text, std::vector<char>& tried, bool move) {
-        for (std::size_t const place : Places(m_texts[text])) {
+        bool const byNumber = IsDigit(m_texts[text].front()) && IsRepeated(text);
+        for (std::size_t const place : Places(m_texts[text], m_reserved, byNumber)) {
             char const letter = Capital(m_texts[text][place]);
             auto const owner = m_owner.find(letter);
             if (owner != m_owner.end() && (!move || std::ranges::count(tried, letter) != 0)) {
@@ -75,28 +109,29 @@ class Matching {
         return false;
     }
 
+    bool IsRepeated(std::size_t text) const {
+        return std::ranges::count(m_texts, Words(m_texts[text]), Words) > 1;
+    }
+
     std::vector<std::string_view> const& m_texts;
+    std::string_view m_reserved;
     std::vector<std::size_t> m_place;
     std::map<char, std::size_t> m_owner;
 };
 
 } // namespace
 
-std::vector<std::string> WithAccelerators(std::vector<std::string_view> const& texts) {
-    Matching matching(texts);
+std::vector<std::string> WithAccelerators(std::vector<std::string_view> const& texts,
+                                          Language language) {
+    Matching matching(texts, SheetLetters(language));
     std::vector<std::string> marked(texts.begin(), texts.end());
     for (std::size_t i = 0; i < texts.size(); ++i) {
-        if (std::ranges::count(texts, texts[i]) > 1) {
-            continue;
-        }
         if (!matching.Place(i)) {
             throw std::runtime_error("no letter is left for \"" + marked[i] + '"');
         }
     }
     for (std::size_t i = 0; i < texts.size(); ++i) {
-        if (std::ranges::count(texts, texts[i]) == 1) {
-            marked[i].insert(matching.PlaceOf(i), 1, '&');
-        }
+        marked[i].insert(matching.PlaceOf(i), 1, '&');
     }
     return marked;
 }

@@ -1,6 +1,7 @@
 #include "headers.h"
 
 #include "names.h"
+#include "octal.h"
 
 namespace pages {
 
@@ -8,16 +9,6 @@ namespace {
 
 std::string Define(std::string const& name, int number) {
     return "#define " + name + ' ' + std::to_string(number) + '\n';
-}
-
-template <class Do> void ForEachField(Page const& page, Do const& act) {
-    for (Group const& group : page.groups) {
-        for (Row const& row : group.rows) {
-            for (Field const& field : row) {
-                act(field);
-            }
-        }
-    }
 }
 
 char const* KindName(Kind kind) {
@@ -50,6 +41,9 @@ constexpr char const* tableHead =
 //
 // A value that no entry of a combo box holds is shown as it is: the boxes take any text. A check
 // box stands for "JA" and "NEJ"; a program keeps any other value until the user clicks the box.
+// The combo boxes hold values as the files have them; settingsWords says what some of them stand
+// for, to be shown beside them: the value that is written is the code alone. A field whose default
+// is a number takes numbers, with a decimal point, and the codes of its list.
 //
 // JB23.PAR has its values on numbered lines, and a file that is too short grows by one line a
 // write: save all of its page, in the order of the table. An empty text, or one with a blank, is no
@@ -89,8 +83,35 @@ struct SettingsControl {
     SettingsKind kind;
 };
 
-// clang-format off: one a line
+// What a code of the combo boxes stands for, in code page 1252.
+struct SettingsWords {
+    char const* code;
+    char const* swedish;
+    char const* norwegian;
+};
+
+// A quantity that the files have in different units, and the unit that all of them can be shown in:
+// the number shown is the file's times 10 to the power. The page has the file's unit, in a text
+// that follows the control in tab order (a step has none).
+struct SettingsUnit {
+    int control;
+    int power;
+    char const* unit;
+};
+
+// One a line.
+// clang-format off
 )";
+
+std::string WordsRow(Meaning const& meaning) {
+    return "    {\"" + Octal(meaning.code) + "\", \"" + Octal(meaning.words[swedish]) + "\", \"" +
+           Octal(meaning.words[norwegian]) + "\"},\n";
+}
+
+std::string UnitRow(File file, Field const& field) {
+    return "    {" + ControlName(file, field) + ", " + std::to_string(field.common.power) + ", \"" +
+           std::string(field.common.unit) + "\"},\n";
+}
 
 std::string PageRow(Page const& page) {
     return "    {" + PageName(page, swedish) + ", " + PageName(page, norwegian) + ", " +
@@ -130,6 +151,16 @@ std::string TableHeader(std::vector<Page> const& pages) {
                       ", \"" + field.key + "\", " + KindName(field.kind) + "},\n";
         });
         ++number;
+    }
+    header += "};\n\nconstexpr SettingsWords settingsWords[] = {\n";
+    for (Meaning const& meaning : meanings) {
+        header += WordsRow(meaning);
+    }
+    header += "};\n\nconstexpr SettingsUnit settingsUnits[] = {\n";
+    for (Page const& page : pages) {
+        ForEachField(page, [&](Field const& field) {
+            header += field.common.unit.empty() ? "" : UnitRow(page.file, field);
+        });
     }
     return header + "};\n// clang-format on\n\n} // namespace kvarn\n";
 }

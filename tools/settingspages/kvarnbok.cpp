@@ -19,7 +19,7 @@ Page Texts() {
             {left,
              {"Texthöjder i sektion", "Teksthøyder i snitt"},
              {
-                 {{2021, "IDHOJD", combo, "Id:", "mm", heights}},
+                 {{2021, "IDHOJD", combo, {"Id i sektion:", "Id i snitt:"}, "mm", heights}},
                  {{2022, "METHOJD", combo, {"Metod:", "Metode:"}, "mm", heights}},
                  {{2023, "PROVHOJD", combo, {"Prov:", "Prøve:"}, "mm", heights}},
                  {{2024, "SKALHOJD", combo, "Skala:", "mm", heights}},
@@ -33,28 +33,27 @@ Page Texts() {
             {right,
              {"Text", "Tekst"},
              {
-                 {{2036, "FONT", combo, {"Typsnitt:", "Skrifttype:"}, {}, {"TEXT"}}},
-                 {{2034, "TXTVIDD", combo, {"Textvidd:", "Tekstvidde:"}, {}, factors}},
+                 {{2036, "FONT", combo, {"Typsnitt:", "Font:"}, {}, {"TEXT"}}},
+                 {{2034, "TXTVIDD", combo, {"Textvidd:", "Tekstbredde:"}, {}, factors}},
                  {{2035, "DECIMAL", combo, {"Decimaler:", "Desimaler:"}, {}, decimals}},
+                 {{2028, "LTSCALE", combo, {"Linjetypsskala:", "Linjetypeskala:"}, {}, factors}},
              }},
             {right,
+             {"Ordning", "Rekkefølge"},
+             {
+                 {{2046, "IDSORT", number, "Id-sortering:"}},
+                 {{2048, "FILTER", number, "Filter:"}},
+             }},
+            {whole,
              {"Linjer och ritning", "Linjer og tegning"},
              {
                  {{2037,
                    "LINJEBREDD",
                    combo,
-                   {"Linjebredd:", "Linjebredde:"},
+                   {"Linjebredd:", "Strektykkelse:"},
                    {},
-                   {"NEJ", "FÄRG"}}},
-                 {{2028, "LTSCALE", combo, {"Linjetypsskala:", "Linjetypeskala:"}, {}, factors}},
-                 {{2029, "STAMPVAL", number, {"Stämpelval:", "Tittelfelt:"}}},
-             }},
-            {whole,
-             {"Koder och ordning", "Koder og rekkefølge"},
-             {
-                 {{2041, "KODTYP", combo, {"Kodtyp:", "Kodetype:"}, {}, {"SGF"}},
-                  {2044, "MTRLKOD", combo, {"Materialkod:", "Materialkode:"}, {}, {"STANDARD"}}},
-                 {{2046, "IDSORT", number, "Id-sortering:"}, {2048, "FILTER", number, "Filter:"}},
+                   {"NEJ", "FÄRG"}},
+                  {2029, "STAMPVAL", number, {"Stämpelval:", "Tittelfelt:"}}},
              }},
         }};
 }
@@ -76,7 +75,7 @@ Page PlanAndSection() {
                      {{2033, "PROFNAME", check, {"Profilnamn", "Profilnavn"}}},
                  }},
                 {right,
-                 {"Skalor", "Målestokker"},
+                 {"Skalor", "Skalaer"},
                  {
                      {{2001, "HSKALA", combo, {"Höjd 1:", "Høyde 1:"}, {}, drawingScales}},
                      {{2002, "LSKALA", combo, {"Längd 1:", "Lengde 1:"}, {}, drawingScales}},
@@ -89,7 +88,7 @@ Page PlanAndSection() {
                  {
                      {{2038, "SEKTDIST", number, {"Avstånd:", "Avstand:"}, "m"},
                       {2039, "SEKTFIXDIST", number, {"Fast avstånd:", "Fast avstand:"}, "m"}},
-                     {{2049, "SEKTSTOLPE", number, {"Stolpe:", "Søyle:"}}},
+                     {{2049, "SEKTSTOLPE", number, "Stolpe:"}},
                  }},
             }};
 }

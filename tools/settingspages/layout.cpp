@@ -1,6 +1,7 @@
 #include "layout.h"
 
 #include <algorithm>
+#include <iterator>
 #include <stdexcept>
 
 #include "accelerators.h"
@@ -18,7 +19,7 @@ constexpr int groupBottom = 6;
 constexpr int rowPitch = 16;
 constexpr int boxHeight = 14; // edit and combo boxes
 constexpr int textHeight = 8;
-constexpr int textDrop = 3; // on one line with the text of a box
+constexpr int textDrop = 2; // on one line with the text of a box
 constexpr int checkHeight = 10;
 constexpr int checkDrop = 2;
 constexpr int checkMark = 14; // before its text
@@ -28,14 +29,14 @@ constexpr int cellGap = 10; // between the fields of a row
 constexpr int titleRoom = 12;
 constexpr int entryHeight = 10; // of a combo box that is open
 
-int BoxWidth(Field const& field) {
+int BoxWidth(Field const& field, Language language) {
     constexpr int number = 28;
     constexpr int name = 60;
     constexpr int least = 38; // of a combo box
     constexpr int arrow = 18; // and the frame
     int combo = least;
     for (std::string_view const entry : field.entries) {
-        combo = std::max(combo, TextWidth(entry) + arrow);
+        combo = std::max(combo, TextWidth(Shown(entry, language)) + arrow);
     }
     return field.kind == Kind::combo ? combo : field.kind == Kind::name ? name : number;
 }
@@ -69,8 +70,8 @@ class Layout {
   public:
     Layout(Page const& page, Language language) : m_page(page), m_language(language) {
         std::vector<std::string_view> labels;
-        ForEachField([&](Field const& field) { labels.push_back(field.label[language]); });
-        m_labels = WithAccelerators(labels);
+        ForEachField(page, [&](Field const& field) { labels.push_back(field.label[language]); });
+        m_labels = WithAccelerators(labels, language);
     }
 
     std::vector<Item> Items() {
@@ -97,13 +98,6 @@ class Layout {
     }
 
   private:
-    template <class Do> void ForEachField(Do const& act) const {
-        for (Group const& group : m_page.groups) {
-            for (Row const& row : group.rows) {
-                std::ranges::for_each(row, act);
-            }
-        }
-    }
     [[noreturn]] void Fail(std::string const& what) const {
         throw std::runtime_error(std::string("page ") + m_page.name + ' ' + what);
     }
@@ -129,29 +123,40 @@ class Layout {
         m_lastOf[0] = m_lastOf[1] = nothing;
     }
 
+    // A row of fewer fields takes the room to its right where its box is wider than the column's.
     Columns ColumnsOf(Side side) const {
-        Columns columns;
+        Columns columns(MostFields(side));
         for (Group const& group : m_page.groups) {
             if (group.side != side) {
                 continue;
             }
             for (Row const& row : group.rows) {
-                columns.resize(std::max(columns.size(), row.size()));
                 for (std::size_t i = 0; i < row.size(); ++i) {
-                    Widen(columns[i], row[i]);
+                    Widen(columns[i], row[i], row.size() == columns.size());
                 }
             }
         }
         return columns;
     }
-    void Widen(Column& column, Field const& field) const {
+    std::size_t MostFields(Side side) const {
+        std::size_t most = 0;
+        for (Group const& group : m_page.groups) {
+            for (Row const& row : group.rows) {
+                most = std::max(most, group.side == side ? row.size() : 0);
+            }
+        }
+        return most;
+    }
+    void Widen(Column& column, Field const& field, bool full) const {
         if (field.kind == Kind::check) {
             return;
         }
         column.label = std::max(column.label, TextWidth(field.label[m_language]));
-        column.box = std::max(column.box, BoxWidth(field));
-        std::string_view const unit = field.unit[m_language];
-        column.unit = std::max(column.unit, unit.empty() ? 0 : TextWidth(unit));
+        if (full) {
+            column.box = std::max(column.box, BoxWidth(field, m_language));
+            column.unit = std::max(
+                {column.unit, TextWidth(field.unit[m_language]), TextWidth(field.common.unit)});
+        }
     }
 
     void AddGroup(Group const& group, int y) {
@@ -192,7 +197,11 @@ class Layout {
             if (row[i].kind == Kind::check) {
                 AddCheck(row[i], {x, place.y, place.x + place.width - x});
             } else {
-                AddField(row[i], columns[i], x, place.y);
+                Column column = columns[i];
+                if (row.size() < columns.size()) {
+                    column.box = std::max(column.box, BoxWidth(row[i], m_language));
+                }
+                AddField(row[i], column, {x, place.y, place.x + place.width - x});
             }
             x += columns[i].Width() + gap;
         }
@@ -206,10 +215,15 @@ class Layout {
         m_items.push_back(
             {Part::check, label, &field, place.x, place.y + checkDrop, width, checkHeight});
     }
-    void AddField(Field const& field, Column const& column, int x, int y) {
+    void AddField(Field const& field, Column const& column, Place place) {
+        std::string const label = TakeLabel();
+        if (column.Width() > place.width) {
+            Fail("has no room for " + label);
+        }
+        int const y = place.y;
         m_items.push_back(
-            {Part::label, TakeLabel(), nullptr, x, y + textDrop, column.label, textHeight});
-        x += column.label + labelGap;
+            {Part::label, label, nullptr, place.x, y + textDrop, column.label, textHeight});
+        int x = place.x + column.label + labelGap;
         bool const combo = field.kind == Kind::combo;
         int const open = combo ? entryHeight * (static_cast<int>(field.entries.size()) + 1) : 0;
         m_items.push_back(
@@ -234,6 +248,13 @@ class Layout {
 };
 
 } // namespace
+
+std::string Shown(std::string_view entry, Language language) {
+    auto const* const found = std::ranges::find(meanings, entry, &Meaning::code);
+    std::string const words =
+        found != std::end(meanings) ? " – " + std::string(found->words[language]) : "";
+    return std::string(entry) + words;
+}
 
 std::vector<Item> LaidOut(Page const& page, Language language) {
     return Layout(page, language).Items();

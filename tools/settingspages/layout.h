@@ -9,8 +9,11 @@
 
 namespace pages {
 
-constexpr int pageWidth = 252; // of a property page, in dialog units
-constexpr int pageHeight = 218;
+constexpr int pageWidth = 300; // of a property page, in dialog units
+constexpr int pageHeight = 206;
+
+// An entry of a combo box with what it stands for, as programs show it.
+std::string Shown(std::string_view entry, Language language);
 
 enum class Part { group, label, unit, edit, combo, check };
 

@@ -30,13 +30,7 @@ void CheckNumbers(std::vector<pages::Page> const& all) {
     };
     for (pages::Page const& page : all) {
         take(page.number);
-        for (pages::Group const& group : page.groups) {
-            for (pages::Row const& row : group.rows) {
-                for (pages::Field const& field : row) {
-                    take(field.number);
-                }
-            }
-        }
+        pages::ForEachField(page, [&](pages::Field const& field) { take(field.number); });
     }
 }
 
@@ -55,14 +49,6 @@ void Make(std::string const& what, std::filesystem::path const& folder) {
 }
 
 } // namespace
-
-std::vector<pages::Page> pages::AllPages() {
-    std::vector<Page> all;
-    for (auto const& part : {KvarnbokPages(), SoundingPages(), KlippbokPages()}) {
-        all.insert(all.end(), part.begin(), part.end());
-    }
-    return all;
-}
 
 int main(int count, char** arguments) {
     try {

@@ -1,10 +1,8 @@
 #include "script.h"
 
-#include <stdexcept>
-
-#include "../../src/text/codepage.h"
 #include "layout.h"
 #include "names.h"
+#include "octal.h"
 
 namespace pages {
 
@@ -48,30 +46,10 @@ std::string Dialog(Page const& page, Language language, std::vector<Item> const&
     return script + "END\n";
 }
 
-// Bytes of code page 1252 as every resource compiler reads them, whatever the script's own.
-std::string Octal(std::string_view bytes) {
-    std::string text;
-    for (char const c : bytes) {
-        auto const byte = static_cast<unsigned char>(c);
-        if (byte >= ' ' && byte < 0x7F && c != '"' && c != '\\') {
-            text += c;
-            continue;
-        }
-        text += '\\';
-        for (unsigned const shift : {6U, 3U, 0U}) {
-            text += static_cast<char>('0' + (byte >> shift & 7U));
-        }
-    }
-    return text;
-}
-
 std::string Entry(std::string const& control, std::string_view utf8) {
-    auto const bytes = kvarn::FromUtf8(utf8);
-    if (!bytes) {
-        throw std::runtime_error(control + ": code page 1252 lacks a letter of an entry");
-    }
-    return "    " + control + ", 0x403, " + std::to_string(bytes->size() + 1) + ", 0, \"" +
-           Octal(*bytes) + "\\000\",\n";
+    std::size_t const size = CodePage1252(utf8).size() + 1;
+    return "    " + control + ", 0x403, " + std::to_string(size) + ", 0, \"" + Octal(utf8) +
+           "\\000\",\n";
 }
 
 // What the combo boxes hold, as a program's dialog class reads it: the control's number, the

@@ -2,7 +2,8 @@
 //
 //     settingsclient PROJECT [sv|no] [PICTURES SECOND-PROJECT]
 //
-// With the last two arguments it shows itself and ends, with 0 when every step went as expected.
+// With the last two arguments it shows itself, leaves pictures whose paths begin with PICTURES, and
+// ends, with 0 when every step went as expected.
 #include <cstring>
 #include <memory>
 
@@ -28,7 +29,8 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
         return 2;
     }
     CWinApp application;
-    MainWindow window(__argc > 2 && std::strcmp(__argv[2], "no") == 0 ? 1 : 0);
+    MainWindow window(__argc > 2 && std::strcmp(__argv[2], "no") == 0 ? PageLanguage::norwegian
+                                                                      : PageLanguage::swedish);
     application.m_pMainWnd = &window;
     window.OpenProject(__argv[1]);
     std::unique_ptr<Tour> const tour(__argc > 4 ? new Tour(window, __argv[3], __argv[4]) : nullptr);

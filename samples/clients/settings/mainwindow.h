@@ -5,12 +5,14 @@
 
 #include <kvarnprog.h>
 
+#include "shownvalue.h"
+
 class MainWindow : public CWnd {
   public:
     enum Command { settings = 100, closeProgram };
 
-    // language 0: the settings pages are Swedish, 1: Norwegian.
-    explicit MainWindow(int language);
+    // The language of the program and of the settings pages.
+    explicit MainWindow(PageLanguage language);
     // Destroys the window.
     ~MainWindow() override;
 
@@ -23,11 +25,14 @@ class MainWindow : public CWnd {
     void OnCommand(int command);
     void Arrange() const;
     void ShowProject();
+    void NameBadLine(CVag2 const& road) const;
 
-    int m_language;
+    PageLanguage m_language;
     CAutoIni m_ini;
     CProjPath m_projekt;
     CKvarnInst m_inst;
     CStatusBar m_statusBar;
+    HWND m_label = nullptr;
+    HWND m_path = nullptr;
     HWND m_text = nullptr;
 };

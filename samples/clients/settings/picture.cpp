@@ -32,21 +32,33 @@ bool SavePng(HBITMAP bitmap, char const* path) {
     return picture.Save(widePath, &png, nullptr) == Gdiplus::Ok;
 }
 
+RECT AreaOf(HWND window) {
+    RECT area = {};
+    GetWindowRect(window, &area);
+    return area;
+}
+
 } // namespace
 
-bool SavePicture(HWND window, char const* path) {
-    RECT area;
-    if (GetWindowRect(window, &area) == FALSE) {
-        return false;
+bool SavePicture(std::vector<HWND> const& windows, char const* path) {
+    RECT all = {};
+    for (HWND const window : windows) {
+        RECT const area = AreaOf(window);
+        UnionRect(&all, &all, &area);
     }
-    int const width = area.right - area.left;
-    int const height = area.bottom - area.top;
     HDC const screen = GetDC(nullptr);
     HDC const copy = CreateCompatibleDC(screen);
-    HBITMAP const bitmap = CreateCompatibleBitmap(screen, width, height);
+    HBITMAP const bitmap =
+        CreateCompatibleBitmap(screen, all.right - all.left, all.bottom - all.top);
     HGDIOBJ const before = SelectObject(copy, bitmap);
-    bool const copied =
-        BitBlt(copy, 0, 0, width, height, screen, area.left, area.top, SRCCOPY) != FALSE;
+    bool copied =
+        PatBlt(copy, 0, 0, all.right - all.left, all.bottom - all.top, WHITENESS) != FALSE;
+    for (HWND const window : windows) {
+        RECT const area = AreaOf(window);
+        copied = BitBlt(copy, area.left - all.left, area.top - all.top, area.right - area.left,
+                        area.bottom - area.top, screen, area.left, area.top, SRCCOPY) != FALSE &&
+                 copied;
+    }
     SelectObject(copy, before);
     bool const saved = copied && SavePng(bitmap, path);
     DeleteObject(bitmap);

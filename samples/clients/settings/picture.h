@@ -1,8 +1,10 @@
 // Pictures of windows as users see them, for documentation and tests.
 #pragma once
 
+#include <vector>
+
 #include <windows.h>
 
-// Saves a window as the screen shows it, with all that lies over it, as a PNG file. False when that
-// fails.
-bool SavePicture(HWND window, char const* path);
+// Saves windows as the screen shows them, with all that lies over them, on white, as a PNG file.
+// False when that fails.
+bool SavePicture(std::vector<HWND> const& windows, char const* path);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "shownvalue.h"
+
 namespace {
 
 using kvarn::SettingsControl;
@@ -72,13 +74,12 @@ char const* FileOf(std::size_t page) {
     return NameOf(kvarn::settingsPages[page].file);
 }
 
-template <class Do> bool ForEachControl(std::size_t page, Do const& act) {
+template <class Do> void ForEachControl(std::size_t page, Do const& act) {
     for (SettingsControl const& control : kvarn::settingsControls) {
-        if (static_cast<std::size_t>(control.page) == page && !act(control)) {
-            return false;
+        if (static_cast<std::size_t>(control.page) == page) {
+            act(control);
         }
     }
-    return true;
 }
 
 void ShowCheck(HWND box, char const* value) {
@@ -97,32 +98,106 @@ std::string ShownCheck(HWND box, char const* before) {
     return state == BST_INDETERMINATE || Same(before, value) ? before : value;
 }
 
-// The value that the user sees, as it is written to the file.
-std::string Shown(HWND dialog, SettingsControl const& control, std::string const& before) {
-    HWND const box = GetDlgItem(dialog, control.control);
-    return control.kind == SettingsKind::check ? ShownCheck(box, before.c_str()) : TextOf(box);
+std::string EntryOf(HWND box, int place) {
+    LRESULT const length = SendMessageA(box, CB_GETLBTEXTLEN, static_cast<WPARAM>(place), 0);
+    std::string text(static_cast<std::size_t>(std::max<LRESULT>(length, 0)) + 1, '\0');
+    LRESULT const read = SendMessageA(box, CB_GETLBTEXT, static_cast<WPARAM>(place),
+                                      reinterpret_cast<LPARAM>(&text[0]));
+    text.resize(static_cast<std::size_t>(std::max<LRESULT>(read, 0)));
+    return text;
 }
 
-bool Save(CKvarnInst& inst, char const* file, char const* key, std::string const& value) {
-    return inst.WriteKey(file, key, value.c_str()) == 0;
-}
-
-// Values are words of a line, and a short file grows by one line a write, so all values are written
-// in their order.
-bool SaveJb23(CKvarnInst& inst, char const* file, std::size_t page,
-              std::vector<std::string> const& values) {
-    auto value = values.begin();
-    if (std::any_of(value, values.end(), [](std::string const& text) {
-            return text.find_first_of(" \t\v\f") != std::string::npos;
-        })) {
-        return false;
+// The entry of a combo box whose code the text is; no entry, and in other boxes, an empty text.
+std::string EntryWithCode(HWND box, std::string const& code) {
+    auto const count = static_cast<int>(SendMessageA(box, CB_GETCOUNT, 0, 0));
+    for (int place = 0; place < count; ++place) {
+        std::string entry = EntryOf(box, place);
+        if (WithoutWords(entry) == code) {
+            return entry;
+        }
     }
-    return ForEachControl(page, [&](SettingsControl const& control) {
-        std::string const word =
-            value->empty() ? inst.Default(file, control.key).GetString() : *value;
-        ++value;
-        return Save(inst, file, control.key, word);
-    });
+    return {};
+}
+
+// A value of the file as the user sees it.
+std::string Shown(HWND box, SettingsControl const& control, std::string const& value) {
+    std::string const number = InUsersUnit(control.control, value);
+    std::string const entry =
+        control.kind == SettingsKind::combo ? EntryWithCode(box, number) : std::string();
+    return entry.empty() ? number : entry;
+}
+
+// What the user sees, as it is written to the file: what is as before stays to the letter.
+std::string ValueOf(HWND dialog, SettingsControl const& control, std::string const& before) {
+    HWND const box = GetDlgItem(dialog, control.control);
+    if (control.kind == SettingsKind::check) {
+        return ShownCheck(box, before.c_str());
+    }
+    std::string const text = TextOf(box);
+    return text == Shown(box, control, before) ? before
+                                               : InFilesUnit(control.control, WithoutWords(text));
+}
+
+PageLanguage LanguageOf(int page) {
+    bool const norwegian =
+        std::any_of(std::begin(kvarn::settingsPages), std::end(kvarn::settingsPages),
+                    [page](kvarn::SettingsPage const& row) { return row.norwegian == page; });
+    return norwegian ? PageLanguage::norwegian : PageLanguage::swedish;
+}
+
+// The page names the file's unit behind the control: users see the common one.
+void ShowUnits(HWND dialog) {
+    for (kvarn::SettingsUnit const& row : kvarn::settingsUnits) {
+        HWND const box = GetDlgItem(dialog, row.control);
+        HWND const next = box != nullptr ? GetWindow(box, GW_HWNDNEXT) : nullptr;
+        if (next != nullptr && (GetWindowLongA(next, GWL_STYLE) & SS_NOPREFIX) != 0) {
+            SetWindowTextA(next, row.unit);
+        }
+    }
+}
+
+// A field's label without the stroke and the colon.
+std::string LabelOf(HWND box) {
+    std::string label = TextOf(GetWindow(box, GW_HWNDPREV));
+    label.erase(std::remove_if(label.begin(), label.end(),
+                               [](char letter) { return letter == '&' || letter == ':'; }),
+                label.end());
+    return label;
+}
+
+// Whether a field takes a text that was typed: a number where the default is one.
+bool Takes(HWND box, std::string const& text, std::string const& byDefault) {
+    std::string const value = WithoutWords(text);
+    return value.empty() || !IsNumber(byDefault) || IsNumber(value) ||
+           !EntryWithCode(box, value).empty();
+}
+
+struct Setting {
+    char const* key;
+    std::string value;
+};
+
+// All of them by one rewriting of the file, or none.
+bool Save(CKvarnInst& inst, char const* file, std::vector<Setting> const& settings) {
+    std::vector<nyckelvarde> keys;
+    for (Setting const& setting : settings) {
+        keys.push_back({setting.key, setting.value.c_str(), 0});
+    }
+    return inst.WriteKeys(file, keys.data(), static_cast<int>(keys.size())) == 0;
+}
+
+// Values are words of a line, and a short file grows by one line a value: all of them are written,
+// in their order.
+bool SaveScales(CKvarnInst& inst, char const* file, std::vector<Setting> settings) {
+    for (Setting& setting : settings) {
+        if (setting.value.find_first_of(" \t\v\f") != std::string::npos) {
+            return false;
+        }
+        if (setting.value.empty()) {
+            setting.value = inst.Default(file, setting.key).GetString();
+        }
+    }
+    return Save(inst, file, settings);
 }
 
 } // namespace
@@ -154,15 +229,24 @@ HWND CreateSettingsPage(HINSTANCE library, int page, HWND parent) {
     style = (style & ~DWORD{WS_CAPTION}) | WS_CHILD | DS_CONTROL;
     return CreateDialogIndirectParamA(
         library, reinterpret_cast<DLGTEMPLATE const*>(dialog.data()), parent,
-        [](HWND, UINT message, WPARAM, LPARAM) -> INT_PTR { return message == WM_INITDIALOG; }, 0);
+        [](HWND self, UINT message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
+            if (message == WM_COMMAND) {
+                SendMessageA(GetParent(self), message, wParam, lParam);
+            }
+            return message == WM_INITDIALOG;
+        },
+        0);
 }
 
 bool FillComboBoxes(HWND dialog, HINSTANCE library, int page) {
     bool filled = true;
+    PageLanguage const language = LanguageOf(page);
+    ShowUnits(dialog);
     for (InitialEntry const& entry : InitialEntries(library, page)) {
         if (entry.message == addToCombo) {
+            std::string const shown = WithWords(InUsersUnit(entry.control, entry.text), language);
             filled = SendDlgItemMessageA(dialog, entry.control, CB_ADDSTRING, 0,
-                                         reinterpret_cast<LPARAM>(entry.text.c_str())) >= 0 &&
+                                         reinterpret_cast<LPARAM>(shown.c_str())) >= 0 &&
                      filled;
         }
     }
@@ -175,26 +259,43 @@ void ShowSettings(HWND dialog, std::size_t page, CKvarnInst& inst) {
         HWND const box = GetDlgItem(dialog, control.control);
         if (control.kind == SettingsKind::check) {
             ShowCheck(box, value);
-            return true;
+            return;
         }
         SendMessageA(box, control.kind == SettingsKind::combo ? CB_LIMITTEXT : EM_LIMITTEXT,
                      longestValue, 0);
-        SetWindowTextA(box, value);
-        return true;
+        SetWindowTextA(box, Shown(box, control, value.GetString()).c_str());
     });
+}
+
+BadNumber FindBadNumber(HWND dialog, std::size_t page, CKvarnInst& inst, int control) {
+    BadNumber found;
+    ForEachControl(page, [&](SettingsControl const& field) {
+        bool const asked = control == 0 || control == field.control;
+        if (found.control != 0 || !asked || field.kind == SettingsKind::check) {
+            return;
+        }
+        HWND const box = GetDlgItem(dialog, field.control);
+        std::string const text = TextOf(box);
+        std::string const byDefault = inst.Default(FileOf(page), field.key).GetString();
+        if (!Takes(box, text, byDefault) &&
+            text != Shown(box, field, inst.ReadKey(FileOf(page), field.key).GetString())) {
+            found = {field.control, LabelOf(box), text, InUsersUnit(field.control, byDefault)};
+        }
+    });
+    return found;
 }
 
 bool SaveSettings(HWND dialog, std::size_t page, CKvarnInst& inst) {
     char const* const file = FileOf(page);
-    bool const words = kvarn::settingsPages[page].file == SettingsFile::jb23Par;
-    bool changed = false;
-    std::vector<std::string> values;
-    bool const saved = ForEachControl(page, [&](SettingsControl const& control) {
+    std::vector<Setting> all;
+    std::vector<Setting> changed;
+    ForEachControl(page, [&](SettingsControl const& control) {
         std::string const before = inst.ReadKey(file, control.key).GetString();
-        values.push_back(Shown(dialog, control, before));
-        bool const differs = values.back() != before;
-        changed = changed || differs;
-        return !differs || words || Save(inst, file, control.key, values.back());
+        all.push_back({control.key, ValueOf(dialog, control, before)});
+        if (all.back().value != before) {
+            changed.push_back(all.back());
+        }
     });
-    return words && changed ? SaveJb23(inst, file, page, values) : saved;
+    bool const scales = kvarn::settingsPages[page].file == SettingsFile::jb23Par;
+    return scales && !changed.empty() ? SaveScales(inst, file, all) : Save(inst, file, changed);
 }

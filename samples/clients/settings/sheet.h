@@ -1,17 +1,15 @@
-// The settings as a property sheet, made from the library's resources.
+// The settings as a window with a list of the pages, made from the library's resources.
 #pragma once
 
 #include <kvarnprog.h>
 
-// Returns when the user has closed it. language 0: Swedish, 1: Norwegian.
-void ShowSettingsSheet(HWND owner, CKvarnInst& inst, int language);
+#include "shownvalue.h"
 
-// While this object lives, only the first message of the library is shown, over the program's main
-// window: a file that cannot be opened fails again for each key that is read from it.
-class OneBox {
-  public:
-    OneBox();
-    ~OneBox();
-    OneBox(OneBox const&) = delete;
-    OneBox& operator=(OneBox const&) = delete;
-};
+// Opens beside the owner, where there is room; returns when the user has closed it.
+void ShowSettingsSheet(HWND owner, CKvarnInst& inst, PageLanguage language);
+
+// What the sheet has beside the buttons OK and Cancel.
+enum SheetControl { sheetPages = 10, sheetApply };
+
+// The control of a settings page in a sheet.
+HWND FindSheetControl(HWND sheet, int control);

@@ -2,18 +2,56 @@
 
 #include <utility>
 
-#include <prsht.h>
+#include <commctrl.h>
+#include <resources/settingspages.h>
 
 #include "picture.h"
-#include "settingspage.h"
+#include "sheet.h"
 
 namespace {
 
 constexpr UINT pace = 300;   // milliseconds between the steps: windows paint themselves
 constexpr int patience = 60; // steps to wait for a window
 constexpr int planPage = 1;
+constexpr int norwegianPage = 5;
 
 Tour* running = nullptr;
+
+std::string TextOf(HWND window) {
+    char text[64] = "";
+    GetWindowTextA(window, text, sizeof text);
+    return text;
+}
+
+// As a user types it, up to where the field is left.
+void Type(HWND box, char const* text) {
+    SetFocus(box);
+    SetWindowTextA(box, text);
+    SendMessageA(GetParent(box), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(box), CBN_EDITCHANGE),
+                 reinterpret_cast<LPARAM>(box));
+}
+
+// As a user chooses it in the list.
+void ChoosePage(HWND sheet, int page) {
+    SendDlgItemMessageA(sheet, sheetPages, LB_SETCURSEL, static_cast<WPARAM>(page), 0);
+    SendMessageA(sheet, WM_COMMAND, MAKEWPARAM(sheetPages, LBN_SELCHANGE), 0);
+}
+
+// The status bar tells file and line of what the library could not read there.
+bool NamesTheBadLine(HWND main) {
+    std::string const text = TextOf(FindWindowExA(main, nullptr, STATUSCLASSNAMEA, nullptr));
+    return text.find("VAG.VL, ") == 0 && text.find(" 3: h\xE4r st\xE5r") != std::string::npos;
+}
+
+// The main window, and what lies over it or beside.
+std::vector<HWND> Windows(HWND main) {
+    std::vector<HWND> windows = {main};
+    for (HWND popup = GetLastActivePopup(main); popup != nullptr && popup != main;
+         popup = GetWindow(popup, GW_OWNER)) {
+        windows.insert(windows.begin() + 1, popup);
+    }
+    return windows;
+}
 
 } // namespace
 
@@ -34,9 +72,16 @@ void CALLBACK Tour::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     }
 }
 
+void Tour::Expect(bool right) {
+    m_failed = !right || m_failed;
+}
+
 void Tour::Take(char const* name) {
-    RedrawWindow(m_window.m_hWnd, nullptr, nullptr, RDW_ALLCHILDREN | RDW_UPDATENOW);
-    m_failed = !SavePicture(m_window.m_hWnd, (m_pictures + "\\" + name).c_str()) || m_failed;
+    std::vector<HWND> const windows = Windows(m_window.m_hWnd);
+    for (HWND const window : windows) {
+        RedrawWindow(window, nullptr, nullptr, RDW_ALLCHILDREN | RDW_UPDATENOW);
+    }
+    Expect(SavePicture(windows, (m_pictures + name).c_str()));
 }
 
 void Tour::TakeBox(HWND box, char const* name) {
@@ -62,34 +107,39 @@ void Tour::Next() {
     }
     switch (m_step) {
     case start:
-        Take("client-main.png");
+        Take("main.png");
+        Expect(NamesTheBadLine(m_window.m_hWnd));
         ++m_step;
         PostMessageA(m_window.m_hWnd, WM_COMMAND, MainWindow::settings, 0);
         break;
     case sheetOpens:
         if (open) {
-            ++m_step;
-            SendMessageA(popup, PSM_SETCURSEL, planPage, 0);
+            m_sheet = popup;
+            OpenList(popup);
         }
         break;
+    case wordsShown:
+    case numberTyped:
+    case numberRefused:
+    case keyPressed:
     case sheetShown:
-        ShowSheet(popup);
+        NextOfSheet(popup);
         break;
     case sheetCloses:
         if (!open) {
             m_step = roadBox;
-            Take("client-saved.png");
+            Take("saved.png");
             m_window.OpenProject(m_secondProject.c_str());
         }
         break;
     case roadBox:
         if (open) {
-            TakeBox(popup, "client-box.png");
+            TakeBox(popup, "box.png");
         }
         break;
     case settingsBox:
         if (open) {
-            TakeBox(popup, "client-settings-box.png");
+            TakeBox(popup, "settings-box.png");
         }
         break;
     case boxCloses:
@@ -103,17 +153,83 @@ void Tour::Next() {
     }
 }
 
-void Tour::ShowSheet(HWND sheet) {
-    auto* const page = reinterpret_cast<HWND>(SendMessageA(sheet, PSM_GETCURRENTPAGEHWND, 0, 0));
-    HWND const scale = GetDlgItem(page, IDC_KVARNBOK_HSKALA);
-    char text[8] = "";
-    GetWindowTextA(scale, text, sizeof text);
-    if (std::string(text) != "400") { // as if the user typed it; the next step sees it painted
-        SetWindowTextA(scale, "400");
-        SendMessageA(sheet, PSM_CHANGED, reinterpret_cast<WPARAM>(page), 0);
-        return;
+void Tour::NextOfSheet(HWND popup) {
+    switch (m_step) {
+    case wordsShown:
+        Take("words.png");
+        TypeWrongNumber(m_sheet);
+        break;
+    case numberTyped:
+        if (popup != m_sheet) {
+            RefuseWrongNumber(popup);
+        }
+        break;
+    case numberRefused:
+        if (popup == m_sheet) {
+            TypeScale(m_sheet);
+        }
+        break;
+    case keyPressed:
+        PressKey(m_sheet);
+        break;
+    default:
+        SaveScale(m_sheet);
     }
-    Take("client-settings.png");
+}
+
+// The next step sees it painted.
+void Tour::OpenList(HWND sheet) {
     ++m_step;
-    SendMessageA(sheet, PSM_PRESSBUTTON, PSBTN_OK, 0);
+    RECT main;
+    RECT beside;
+    RECT both;
+    GetWindowRect(m_window.m_hWnd, &main);
+    GetWindowRect(sheet, &beside);
+    Expect(IntersectRect(&both, &main, &beside) == FALSE);
+    ChoosePage(sheet, norwegianPage);
+    HWND const scale = FindSheetControl(sheet, IDC_KVARNBOK_FJELLSKALA);
+    SetFocus(scale);
+    SendMessageA(scale, CB_SHOWDROPDOWN, TRUE, 0);
+}
+
+void Tour::TypeWrongNumber(HWND sheet) {
+    SendMessageA(FindSheetControl(sheet, IDC_KVARNBOK_FJELLSKALA), CB_SHOWDROPDOWN, FALSE, 0);
+    ++m_step;
+    ChoosePage(sheet, planPage);
+    Type(FindSheetControl(sheet, IDC_KVARNBOK_HSKALA), "1,5");
+    SetFocus(FindSheetControl(sheet, IDC_KVARNBOK_LSKALA));
+}
+
+void Tour::RefuseWrongNumber(HWND box) {
+    Take("number.png");
+    ++m_step;
+    PostMessageA(box, WM_COMMAND, IDOK, 0);
+}
+
+// After the field has kept the focus and the text.
+void Tour::TypeScale(HWND sheet) {
+    ++m_step;
+    HWND const scale = FindSheetControl(sheet, IDC_KVARNBOK_HSKALA);
+    Expect(TextOf(scale) == "1,5" && IsChild(scale, GetFocus()) != FALSE);
+    Type(scale, "400");
+    SetFocus(GetDlgItem(sheet, sheetPages));
+}
+
+// Alt and the letter of a field, as the keyboard sends it.
+void Tour::PressKey(HWND sheet) {
+    ++m_step;
+    std::string const label =
+        TextOf(GetWindow(FindSheetControl(sheet, IDC_KVARNBOK_LSKALA), GW_HWNDPREV));
+    constexpr LPARAM altIsDown = 1 << 29;
+    PostMessageA(GetFocus(), WM_SYSCHAR, static_cast<WPARAM>(label[label.find('&') + 1]),
+                 altIsDown | 1);
+}
+
+void Tour::SaveScale(HWND sheet) {
+    ++m_step;
+    HWND const focus = GetFocus();
+    HWND const scale = FindSheetControl(sheet, IDC_KVARNBOK_LSKALA);
+    Expect(focus == scale || IsChild(scale, focus) != FALSE);
+    Take("settings.png");
+    PostMessageA(sheet, WM_COMMAND, IDOK, 0);
 }

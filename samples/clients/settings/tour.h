@@ -9,7 +9,8 @@
 
 class Tour {
   public:
-    // Saves the pictures in a folder. The second project's road and settings cannot be opened.
+    // Saves the pictures by paths that begin so. The second project's road and settings cannot be
+    // opened.
     Tour(MainWindow& window, std::string pictures, std::string secondProject);
     ~Tour();
     Tour(Tour const&) = delete;
@@ -19,16 +20,37 @@ class Tour {
     bool Done() const { return m_step == last && !m_failed; }
 
   private:
-    enum Step { start, sheetOpens, sheetShown, sheetCloses, roadBox, settingsBox, boxCloses, last };
+    enum Step {
+        start,
+        sheetOpens,
+        wordsShown,
+        numberTyped,
+        numberRefused,
+        keyPressed,
+        sheetShown,
+        sheetCloses,
+        roadBox,
+        settingsBox,
+        boxCloses,
+        last
+    };
 
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
     void Next();
     void Take(char const* name);
     void TakeBox(HWND box, char const* name);
+    void Expect(bool right);
     void GiveUp();
-    void ShowSheet(HWND sheet);
+    void NextOfSheet(HWND popup);
+    void OpenList(HWND sheet);
+    void TypeWrongNumber(HWND sheet);
+    void RefuseWrongNumber(HWND box);
+    void TypeScale(HWND sheet);
+    void PressKey(HWND sheet);
+    void SaveScale(HWND sheet);
 
     MainWindow& m_window;
+    HWND m_sheet = nullptr;
     std::string m_pictures;
     std::string m_secondProject;
     UINT_PTR m_timer;

@@ -35,8 +35,9 @@ BOOL Done(long hostResult) {
 
 // Makes a host call on the path that is found without regard to case; -1 where it cannot be looked
 // for.
-template <class Call> int OnFoundPath(LPCSTR path, Call call) {
-    std::optional<std::string> const found = kvarn::FindHostPath(path);
+template <class Call>
+int OnFoundPath(LPCSTR path, Call call, kvarn::Purpose purpose = kvarn::Purpose::use) {
+    std::optional<std::string> const found = kvarn::FindHostPath(path, purpose);
     return found ? call(found->c_str()) : -1;
 }
 
@@ -52,10 +53,12 @@ template <class Call> int OnPath(LPCSTR path, Call call) {
     if (result >= 0 || errno != ENOENT) {
         return result;
     }
-    return OnFoundPath(path, [&](char const* found) {
-        errno = ENOENT;
-        return found == spelt ? -1 : call(found);
-    });
+    std::optional<std::string> const found = kvarn::FindUnspelt(path, spelt);
+    if (!found || *found == spelt) {
+        errno = found ? ENOENT : errno;
+        return -1;
+    }
+    return call(found->c_str());
 }
 
 int OpenFlags(DWORD access) {
@@ -214,7 +217,7 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*,
     if (empties && S_ISREG(status.st_mode) && ftruncate(descriptor, 0) != 0) {
         return opened.Refuse(WindowsError(errno));
     }
-    return ToHandle(descriptor);
+    return ToHandle(descriptor, S_ISREG(status.st_mode));
 }
 
 BOOL ReadFile(HANDLE file, void* buffer, DWORD size, DWORD* count, OVERLAPPED*) {
@@ -289,26 +292,24 @@ BOOL CloseHandle(HANDLE file) {
 }
 
 DWORD GetFileType(HANDLE file) {
-    struct stat status {};
-    if (!Done(fstat(Descriptor(file), &status))) {
-        return FILE_TYPE_UNKNOWN;
-    }
-    return S_ISREG(status.st_mode) ? FILE_TYPE_DISK : FILE_TYPE_CHAR;
+    return kvarn::IsOrdinary(file) ? FILE_TYPE_DISK : FILE_TYPE_CHAR;
 }
 
 DWORD GetFinalPathNameByHandleA(HANDLE file, LPSTR path, DWORD size, DWORD) {
     std::string const link = "/proc/self/fd/" + std::to_string(Descriptor(file));
     char target[4096];
-    ssize_t const length = readlink(link.c_str(), target, sizeof target);
-    struct stat status {};
-    if (!Done(length) || !Done(fstat(Descriptor(file), &status))) {
+    ssize_t const length = readlink(link.c_str(), target, sizeof target - 1);
+    if (!Done(length)) {
         return 0;
     }
-    if (status.st_nlink == 0) { // deleted: the link gives its former name
+    target[length] = '\0';
+    std::string_view const hostPath(target);
+    // The link of a deleted file says so after its former name.
+    if (hostPath.ends_with(" (deleted)") && access(target, F_OK) != 0) {
         lastError = ERROR_FILE_NOT_FOUND;
         return 0;
     }
-    auto const text = kvarn::FromHostPath({target, static_cast<std::size_t>(length)});
+    auto const text = kvarn::FromHostPath(hostPath);
     if (!text) {
         lastError = ERROR_INVALID_NAME;
         return 0;
@@ -341,13 +342,14 @@ BOOL SetFileAttributesA(LPCSTR path, DWORD attributes) {
 }
 
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES*) {
-    return Done(OnFoundPath(path, [](char const* folder) {
+    auto const make = [](char const* folder) {
         int const made = mkdir(folder, 0777);
         if (made == 0) {
             kvarn::FolderMade(folder);
         }
         return made;
-    }));
+    };
+    return Done(OnFoundPath(path, make, kvarn::Purpose::makeFolder));
 }
 
 BOOL DeleteFileA(LPCSTR path) {

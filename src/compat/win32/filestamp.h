@@ -29,11 +29,13 @@ class FileStamp {
     bool IsOfSameFile(FileStamp const& other) const {
         return m_device == other.m_device && m_number == other.m_number;
     }
-    // Whether a change after this moment gets another time: the coarsest file systems count in
-    // steps of two seconds.
+    // Whether a change after this moment gets another time. The coarsest file systems count in
+    // steps of two seconds; one that counts below the millisecond takes the time of the kernel's
+    // clock, whose steps are 10 ms at most.
     bool IsSettled(std::int64_t moment) const {
-        constexpr std::int64_t longestStep = 2'000'000'000;
-        return moment - m_changed > longestStep;
+        bool const fine = m_changed % 1'000'000 != 0;
+        std::int64_t const step = fine ? 10'000'000 : 2'000'000'000;
+        return moment - m_changed > 2 * step;
     }
 
   private:

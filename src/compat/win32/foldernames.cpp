@@ -36,10 +36,11 @@ class Listing {
 
     bool IsOf(FileStamp const& stamp) const { return m_stamp.IsOfSameFile(stamp); }
     // Whether it holds what the folder has, whose stamp this is now.
-    bool Holds(FileStamp const& stamp) const {
+    bool Holds(FileStamp const& stamp, Purpose purpose) const {
         constexpr std::int64_t longest = 100'000'000; // nanoseconds
         std::int64_t const age = NanosecondsNow() - m_read;
-        return stamp == m_stamp && (stamp.IsSettled(m_read) || (age >= 0 && age < longest));
+        bool const isFilled = purpose == Purpose::makeFolder && age >= 0 && age < longest;
+        return stamp == m_stamp && (stamp.IsSettled(m_read) || isFilled);
     }
 
     std::string Find(std::string_view name) const {
@@ -86,14 +87,14 @@ std::optional<FileStamp> StampOf(char const* folder) {
 
 // The folder's names as they are now, at the front of the listings. Null when it cannot be read;
 // errno tells why.
-Listing const* Present(char const* folder, std::list<Listing>& listings) {
+Listing const* Present(char const* folder, Purpose purpose, std::list<Listing>& listings) {
     constexpr std::size_t most = 8; // folders
     std::optional<FileStamp> const stamp = StampOf(folder);
     if (!stamp) {
         return nullptr;
     }
     auto const known = ListingOf(*stamp, listings);
-    if (known != listings.end() && known->Holds(*stamp)) {
+    if (known != listings.end() && known->Holds(*stamp, purpose)) {
         listings.splice(listings.begin(), listings, known);
         return &listings.front();
     }
@@ -113,14 +114,15 @@ Listing const* Present(char const* folder, std::list<Listing>& listings) {
 
 } // namespace
 
-std::optional<std::string> FindWithoutCase(std::string const& folder, std::string_view name) {
+std::optional<std::string> FindWithoutCase(std::string const& folder, std::string_view name,
+                                           Purpose purpose) {
     Memory& memory = LastRead();
     std::lock_guard const inUse(memory.inUse);
     if (Listing const* const listing =
-            Present(folder.empty() ? "." : folder.c_str(), memory.listings)) {
+            Present(folder.empty() ? "." : folder.c_str(), purpose, memory.listings)) {
         return listing->Find(name);
     }
-    return NotThere(errno) ? std::optional(std::string()) : std::nullopt;
+    return std::nullopt;
 }
 
 void FolderMade(std::string const& hostPath) {

@@ -7,12 +7,16 @@
 
 namespace kvarn {
 
-// A handle is the descriptor plus one, so that no handle is null.
-inline HANDLE ToHandle(int descriptor) {
-    return reinterpret_cast<HANDLE>(std::intptr_t{descriptor} + 1);
+// A handle is the descriptor plus one, so that no handle is null, and in its lowest bit whether the
+// file is an ordinary one: opening looks at the file, and it is not asked again.
+inline HANDLE ToHandle(int descriptor, bool isOrdinary = false) {
+    return reinterpret_cast<HANDLE>((std::intptr_t{descriptor} + 1) * 2 + (isOrdinary ? 1 : 0));
 }
 inline int Descriptor(HANDLE handle) {
-    return static_cast<int>(reinterpret_cast<std::intptr_t>(handle)) - 1;
+    return static_cast<int>(reinterpret_cast<std::intptr_t>(handle) >> 1) - 1;
+}
+inline bool IsOrdinary(HANDLE handle) {
+    return handle != INVALID_HANDLE_VALUE && reinterpret_cast<std::intptr_t>(handle) % 2 != 0;
 }
 
 // The status of the file at a Windows path; false when the file is missing or cannot be examined,

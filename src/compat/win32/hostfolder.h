@@ -13,23 +13,31 @@ inline bool NotThere(int error) {
     return error == ENOENT || error == ENOTDIR;
 }
 
+struct CloseFolder {
+    void operator()(DIR* folder) const { closedir(folder); }
+};
+using OpenFolder = std::unique_ptr<DIR, CloseFolder>;
+
 // Does something with each entry. False when the folder cannot be read to its end; errno tells why,
 // and what was done is a part of it.
+template <class Action> bool ForEachEntry(DIR* folder, Action action) {
+    for (errno = 0; dirent const* const entry = readdir(folder); errno = 0) {
+        action(*entry);
+    }
+    return errno == 0;
+}
+
+// The same with a folder that is not open.
 template <class Action> bool ForEachEntry(char const* folder, Action action) {
-    struct Close {
-        void operator()(DIR* dir) const { closedir(dir); }
-    };
-    std::unique_ptr<DIR, Close> dir(opendir(folder));
+    OpenFolder dir(opendir(folder));
     if (dir == nullptr) {
         return false;
     }
-    for (errno = 0; dirent const* const entry = readdir(dir.get()); errno = 0) {
-        action(*entry);
-    }
+    bool const whole = ForEachEntry(dir.get(), action);
     int const error = errno;
     dir.reset();
     errno = error;
-    return error == 0;
+    return whole;
 }
 
 } // namespace kvarn

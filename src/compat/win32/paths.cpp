@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include "../../text/codepage.h"
-#include "foldernames.h"
 #include "hostfolder.h"
 
 namespace kvarn {
@@ -81,6 +80,18 @@ std::optional<std::string> Below(std::string const& folder, char const* named,
                 : std::nullopt;
 }
 
+// The name of a folder that is meant: as it is spelt when that exists or no other does. Nothing
+// when the folder is not there or cannot be read; errno tells why.
+std::optional<std::string> FindName(std::string const& folder, std::string const& name,
+                                    Purpose purpose) {
+    std::optional<std::string> actual = FindWithoutCase(folder, *FromUtf8(name), purpose);
+    if (!actual || actual->empty() || *actual == name) {
+        return actual ? std::optional(name) : std::nullopt;
+    }
+    std::optional<bool> const spelt = Exists(folder + name);
+    return spelt == true ? name : spelt == false ? actual : std::nullopt;
+}
+
 } // namespace
 
 std::string SpeltHostPath(std::string_view path) {
@@ -102,41 +113,44 @@ std::string SpeltHostPath(std::string_view path) {
     return host;
 }
 
-std::optional<std::string> FindHostPath(std::string_view path) {
+std::optional<std::string> FindHostPath(std::string_view path, Purpose purpose) {
     std::string spelt = SpeltHostPath(path);
-    std::optional<bool> exists = Exists(spelt);
-    if (!exists) {
-        return std::nullopt;
+    std::optional<bool> const exists = Exists(spelt);
+    if (exists != false) { // nearly always
+        return exists ? std::optional(std::move(spelt)) : std::nullopt;
     }
-    if (*exists) { // nearly always
-        return spelt;
-    }
-    // Only components of the path are looked up, in UTF-8. The folder of the drives is a host path
-    // and is used as it is.
+    return FindUnspelt(path, spelt, purpose);
+}
+
+// Only components of the path are looked up, in UTF-8. The folder of the drives is a host path and
+// is used as it is.
+std::optional<std::string> FindUnspelt(std::string_view path, std::string const& spelt,
+                                       Purpose purpose) {
     std::string host = TakeRoot(path);
     std::string_view rest = std::string_view(spelt).substr(host.size());
-    std::size_t const last = rest.rfind('/');
-    if (last != std::string_view::npos) {
-        exists = Exists(host + std::string(rest.substr(0, last)));
-        if (exists == true) {
-            host.append(rest.substr(0, last + 1)); // only the name itself is to be looked up
-            rest.remove_prefix(last + 1);
+    std::size_t const name = rest.rfind('/') + 1; // 0 without a folder
+    if (name < rest.size()) {                     // mostly only the name itself is another
+        std::string const folder = host + std::string(rest.substr(0, name));
+        std::optional<std::string> const actual =
+            FindName(folder, std::string(rest.substr(name)), purpose);
+        if (actual || !NotThere(errno)) {
+            return actual ? std::optional(folder + *actual) : std::nullopt;
         }
     }
     for (bool found = true; !rest.empty();) {
         std::size_t const end = std::min(rest.find('/'), rest.size());
-        std::string name(rest.substr(0, end));
-        if (found && !name.empty()) {
-            exists = Exists(host + name);
+        std::string component(rest.substr(0, end));
+        if (found && !component.empty()) {
+            std::optional<bool> const exists = Exists(host + component);
             std::optional<std::string> const actual =
-                exists == false ? FindWithoutCase(host, *FromUtf8(name)) : name;
-            if (!exists || !actual) {
+                exists == false ? FindWithoutCase(host, *FromUtf8(component), purpose) : component;
+            if (!exists || (!actual && !NotThere(errno))) {
                 return std::nullopt;
             }
-            found = !actual->empty();
-            name = found ? *actual : name;
+            found = actual && !actual->empty(); // not below a file
+            component = found ? *actual : component;
         }
-        host += name;
+        host += component;
         rest.remove_prefix(end);
         if (!rest.empty()) {
             host += '/';

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "foldernames.h"
+
 namespace kvarn {
 
 // The host's path of a Windows path:
@@ -19,7 +21,11 @@ namespace kvarn {
 // - the drive "$:" is the folder of the file that holds the registry, and "~:" the folder of the
 //   user's configuration: both may have letters outside the code page;
 // Nothing when a folder on the way cannot be looked at; errno tells why.
-std::optional<std::string> FindHostPath(std::string_view path);
+std::optional<std::string> FindHostPath(std::string_view path, Purpose purpose = Purpose::use);
+
+// The same for one that is known not to exist as it is spelt, which is given as a host path.
+std::optional<std::string> FindUnspelt(std::string_view path, std::string const& spelt,
+                                       Purpose purpose = Purpose::use);
 
 // The same; as it is spelt where a folder cannot be looked at.
 std::string HostPath(std::string_view path);

@@ -1,12 +1,14 @@
 #include "search.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdint>
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <memory_resource>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -121,52 +123,112 @@ bool BeginAlike(std::string_view pattern, std::string_view name) {
     return kvarn::CompareNoCase1252(pattern.substr(0, literal), name.substr(0, literal)) == 0;
 }
 
-bool ComesBefore(std::string const& a, std::string const& b) {
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-        return kvarn::CodePoint1252(kvarn::Upper1252(x)) <
-               kvarn::CodePoint1252(kvarn::Upper1252(y));
-    });
+// A name matches a translated pattern.
+bool Match(std::string const& translated, std::string_view name) {
+    if (translated == "*") {
+        return true;
+    }
+    if (!BeginAlike(translated, name)) {
+        return false;
+    }
+    std::vector<char> rest(name.size() + 1);
+    rest.back() = 1;
+    // When the last wildcards of a pattern match nothing before a dot that ends the name, they
+    // match that dot too. So "?" finds ".", and "*." finds "." and "..".
+    std::vector<char> passed = rest;
+    if (name.ends_with('.')) {
+        passed[name.size() - 1] = 1;
+    }
+    for (std::size_t i = translated.size(); i-- > 0;) {
+        rest = Matches(translated[i], name, rest, passed);
+        passed = rest;
+    }
+    return rest.front() != 0;
 }
 
+// The place of each character among all, by the code points of the capitals.
+constexpr std::array<char, 256> Places() {
+    std::array<char32_t, 256> capitals{};
+    for (std::size_t i = 0; i < capitals.size(); ++i) {
+        capitals[i] = kvarn::CodePoint1252(kvarn::Upper1252(static_cast<char>(i)));
+    }
+    std::array<char, capitals.size()> table{};
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        int place = 0;
+        for (char32_t const other : capitals) {
+            place += other < capitals[i] ? 1 : 0;
+        }
+        table[i] = static_cast<char>(place);
+    }
+    return table;
+}
+constexpr auto places = Places();
+
 struct Found {
-    std::string name; // in code page 1252
-    std::string hostName;
+    std::string_view name;     // in code page 1252
+    std::string_view hostName; // with a zero behind it
+    std::string_view order;    // as texts of it compare, the system lists the entries
     bool isFolder;
 };
 
 struct FolderSearch {
-    std::string folder;
+    // A copy, with a zero behind it.
+    std::string_view Kept(std::string_view text) {
+        auto* const copy = static_cast<char*>(memory.allocate(text.size() + 1, 1));
+        copy[text.copy(copy, text.size())] = '\0';
+        return {copy, text.size()};
+    }
+    void Add(std::string_view name, std::string_view hostName, bool isFolder);
+
+    kvarn::OpenFolder folder;
+    std::pmr::monotonic_buffer_resource memory; // of the names
     std::vector<Found> found;
     std::size_t next = 0;
 };
 
-// Nothing when the folder cannot be read; errno tells why.
-std::optional<std::vector<Found>> Entries(std::string const& folder, std::string const& pattern) {
-    std::vector<Found> found;
-    bool const whole = kvarn::ForEachEntry(folder.c_str(), [&](dirent const& entry) {
-        std::string const hostName = entry.d_name;
-        std::optional<std::string> const name = kvarn::FromHostPath(hostName);
-        if (name && name->size() < MAX_PATH &&
-            kvarn::MatchesWildcards(pattern.c_str(), name->c_str())) {
-            found.push_back({*name, hostName, entry.d_type == DT_DIR});
-        }
-    });
-    if (!whole) {
-        return std::nullopt;
-    }
-    std::sort(found.begin(), found.end(), [](Found const& a, Found const& b) {
-        bool const aDots = a.name == "." || a.name == "..";
-        bool const bDots = b.name == "." || b.name == "..";
-        return aDots != bDots ? aDots : ComesBefore(a.name, b.name);
-    });
-    return found;
+void FolderSearch::Add(std::string_view name, std::string_view hostName, bool isFolder) {
+    std::string_view const kept = Kept(hostName);
+    auto* const order = static_cast<char*>(memory.allocate(name.size(), 1));
+    bool const dots = name == "." || name == "..";
+    // "." and ".." come first: no character of a name has the place 0.
+    std::transform(name.begin(), name.end(), order,
+                   [&](char c) { return dots ? '\0' : places[static_cast<unsigned char>(c)]; });
+    found.push_back({name == hostName ? kept : Kept(name), kept, {order, name.size()}, isFolder});
 }
 
-bool Fill(WIN32_FIND_DATAA& entry, std::string const& folder, Found const& found) {
-    std::string const path = folder + "/" + found.hostName;
+bool IsAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return c >= 0; });
+}
+
+// Finds the folder's entries. False when it cannot be read; errno tells why.
+bool FindAll(FolderSearch& search, std::string_view pattern) {
+    std::string const translated = Translated(pattern);
+    auto const find = [&](dirent const& entry) {
+        std::string_view const hostName = entry.d_name;
+        std::optional<std::string> converted;
+        if (!IsAscii(hostName) && !(converted = kvarn::FromUtf8(hostName))) {
+            return;
+        }
+        std::string_view const name = converted ? *converted : hostName;
+        if (name.size() < MAX_PATH && Match(translated, name)) {
+            search.Add(name, hostName, entry.d_type == DT_DIR);
+        }
+    };
+    if (!kvarn::ForEachEntry(search.folder.get(), find)) {
+        return false;
+    }
+    std::sort(search.found.begin(), search.found.end(),
+              [](Found const& a, Found const& b) { return a.order < b.order; });
+    return true;
+}
+
+bool Fill(WIN32_FIND_DATAA& entry, DIR* folder, Found const& found) {
     struct stat status {};
+    auto const ask = [&](int how) {
+        return fstatat(dirfd(folder), found.hostName.data(), &status, how) == 0;
+    };
     // A link without a target is an entry too, and so is what cannot be looked at.
-    if (stat(path.c_str(), &status) != 0 && lstat(path.c_str(), &status) != 0) {
+    if (!ask(0) && !ask(AT_SYMLINK_NOFOLLOW)) {
         if (kvarn::NotThere(errno)) {
             return false;
         }
@@ -182,24 +244,7 @@ bool Fill(WIN32_FIND_DATAA& entry, std::string const& folder, Found const& found
 namespace kvarn {
 
 bool MatchesWildcards(char const* pattern, char const* name) {
-    std::string const translated = Translated(pattern);
-    std::string_view const text = name;
-    if (!BeginAlike(translated, text)) {
-        return false;
-    }
-    std::vector<char> rest(text.size() + 1);
-    rest.back() = 1;
-    // When the last wildcards of a pattern match nothing before a dot that ends the name, they
-    // match that dot too. So "?" finds ".", and "*." finds "." and "..".
-    std::vector<char> passed = rest;
-    if (text.ends_with('.')) {
-        passed[text.size() - 1] = 1;
-    }
-    for (std::size_t i = translated.size(); i-- > 0;) {
-        rest = Matches(translated[i], text, rest, passed);
-        passed = rest;
-    }
-    return rest.front() != 0;
+    return Match(Translated(pattern), name);
 }
 
 } // namespace kvarn
@@ -210,13 +255,12 @@ HANDLE FindFirstFileA(LPCSTR pattern, WIN32_FIND_DATAA* entry) {
     std::size_t const drive = path.substr(0, 2).ends_with(':') ? 2 : 0;
     std::size_t const nameAt = separator == std::string_view::npos ? drive : separator + 1;
     auto search = std::make_unique<FolderSearch>();
-    search->folder = nameAt > 0 ? kvarn::HostPath(path.substr(0, nameAt)) : ".";
-    auto found = Entries(search->folder, std::string(path.substr(nameAt)));
-    if (!found) {
+    std::string const folder = nameAt > 0 ? kvarn::HostPath(path.substr(0, nameAt)) : ".";
+    search->folder.reset(opendir(folder.c_str()));
+    if (search->folder == nullptr || !FindAll(*search, path.substr(nameAt))) {
         SetLastError(kvarn::WindowsError(errno));
         return INVALID_HANDLE_VALUE;
     }
-    search->found = *std::move(found);
     if (FindNextFileA(search.get(), entry) == FALSE) {
         SetLastError(ERROR_FILE_NOT_FOUND);
         return INVALID_HANDLE_VALUE;
@@ -227,7 +271,7 @@ HANDLE FindFirstFileA(LPCSTR pattern, WIN32_FIND_DATAA* entry) {
 BOOL FindNextFileA(HANDLE handle, WIN32_FIND_DATAA* entry) {
     auto* const search = static_cast<FolderSearch*>(handle);
     while (search->next < search->found.size()) {
-        if (Fill(*entry, search->folder, search->found[search->next++])) {
+        if (Fill(*entry, search->folder.get(), search->found[search->next++])) {
             return TRUE;
         }
     }

@@ -1,9 +1,11 @@
+#include <algorithm>
 #include <map>
 
 #include "../../text/codepage.h"
 #include "../../text/text.h"
 
 #include "checks.h"
+#include "keyvalues.h"
 #include "linechecker.h"
 
 namespace kvarn {
@@ -16,8 +18,8 @@ bool HasOuterBlank(std::string_view text) {
 class KeyChecker {
   public:
     KeyChecker(std::string_view content, std::span<KeyDefault const> defaults,
-               std::string_view writtenKey)
-        : m_checker(content), m_defaults(defaults), m_writtenKey(writtenKey) {}
+               std::span<std::string const> writtenKeys)
+        : m_checker(content), m_defaults(defaults), m_writtenKeys(writtenKeys) {}
 
     std::vector<Finding> Take() {
         for (TextLine const& line : m_checker.Lines()) {
@@ -32,22 +34,22 @@ class KeyChecker {
             return; // the library's own, of a file without keys
         }
         if (IsBlank(text)) {
-            m_checker.Add(number, "", Loss::blank);
+            m_checker.AddBlank({number, text, {}});
             return;
         }
         KeyLine const line(text);
         switch (line.kind) {
         case KeyLine::Kind::noEquals:
-            m_checker.Add(number, "no \"=\"", Loss::line, text);
+            m_checker.Add(number, Rule::noEquals, "no \"=\"", Loss::line, text);
             break;
         case KeyLine::Kind::noKey:
-            m_checker.Add(number, "no key before \"=\"", Loss::line, text);
+            m_checker.Add(number, Rule::noKey, "no key before \"=\"", Loss::line, text);
             break;
         case KeyLine::Kind::keyTooLong:
-            m_checker.Add(number, Over("key", longestKey), Loss::line, text);
+            m_checker.Add(number, Rule::tooLong, Over("key", longestKey), Loss::line, text);
             break;
         case KeyLine::Kind::valueTooLong:
-            m_checker.Add(number, Over("value", longestValue), Loss::line, text);
+            m_checker.Add(number, Rule::tooLong, Over("value", longestValue), Loss::line, text);
             break;
         case KeyLine::Kind::stored:
             LookAtKey(number, text, line.key, line.value);
@@ -61,11 +63,10 @@ class KeyChecker {
     void LookAtKey(std::size_t number, std::string_view text, std::string_view key,
                    std::string_view value) {
         auto const [first, isFirst] = m_lineOf.try_emplace(Folded(key), number);
-        bool const isWritten = isFirst && SameText(key, m_writtenKey);
-        if (value.empty() && !isWritten) {
-            m_checker.Add(number, "no value", Loss::line, text);
+        if (value.empty() && !(isFirst && IsWritten(key))) {
+            m_checker.Add(number, Rule::noValue, "no value", Loss::line, text);
         } else if (!isFirst) {
-            m_checker.Add(number,
+            m_checker.Add(number, Rule::repeatedKey,
                           "not read, since the key stands on line " +
                               std::to_string(first->second) + " already",
                           Loss::none, text);
@@ -77,27 +78,32 @@ class KeyChecker {
     void LookAtValue(std::size_t number, std::string_view text, std::string_view key,
                      std::string_view value) {
         if (HasOuterBlank(key)) {
-            m_checker.Add(number, "blanks around the key, which are part of it", Loss::none, text);
+            m_checker.Add(number, Rule::outerBlank, "blanks around the key, which are part of it",
+                          Loss::none, text);
         }
         if (HasOuterBlank(value)) {
-            m_checker.Add(number, "blanks around the value, which are part of it", Loss::none,
-                          text);
+            m_checker.Add(number, Rule::outerBlank, "blanks around the value, which are part of it",
+                          Loss::none, text);
         }
-        std::string const fault = NumberFault(value);
-        if (!fault.empty() && IsNumber(key) && !SameText(Trimmed(value), "MAX")) {
-            m_checker.Add(number, fault, Loss::none, text);
+        if (!m_defaults.empty() && !IsKnownKey(m_defaults, Trimmed(key))) {
+            LookAtUnknown(number, text, key);
+        } else if (Fault const fault = ValueFault(m_defaults, key, value)) {
+            m_checker.Add(number, fault.rule, fault.what, Loss::none, text);
         }
         m_checker.LookAtLetters(number, text, LineChecker::Letters::kept);
     }
 
-    // A key whose default is a number is read as one.
-    bool IsNumber(std::string_view key) const {
-        for (KeyDefault const& row : m_defaults) {
-            if (SameText(row.nyckel, key)) {
-                return NumberFault(row.varde).empty();
-            }
-        }
-        return false;
+    bool IsWritten(std::string_view key) const {
+        return std::any_of(m_writtenKeys.begin(), m_writtenKeys.end(),
+                           [&](std::string const& written) { return SameText(key, written); });
+    }
+
+    void LookAtUnknown(std::size_t number, std::string_view text, std::string_view key) {
+        std::string const nearest(NearestKey(m_defaults, key));
+        m_checker.Add(number, Rule::unknownKey,
+                      "no program knows the key" +
+                          (nearest.empty() ? "" : "; did you mean " + nearest + '?'),
+                      Loss::none, text);
     }
 
     static std::string Folded(std::string_view key) {
@@ -110,15 +116,15 @@ class KeyChecker {
 
     LineChecker m_checker;
     std::span<KeyDefault const> m_defaults;
-    std::string_view m_writtenKey;
+    std::span<std::string const> m_writtenKeys;
     std::map<std::string, std::size_t> m_lineOf;
 };
 
 } // namespace
 
 std::vector<Finding> CheckKeys(std::string_view content, std::span<KeyDefault const> defaults,
-                               std::string_view writtenKey) {
-    return KeyChecker(content, defaults, writtenKey).Take();
+                               std::span<std::string const> writtenKeys) {
+    return KeyChecker(content, defaults, writtenKeys).Take();
 }
 
 } // namespace kvarn

@@ -9,22 +9,23 @@ namespace {
 void LookAtRecord(LineChecker& checker, TextLine const& line) {
     auto const words = Words(line.text);
     if (words.empty()) {
-        checker.Add(line.number, "", Loss::blank);
+        checker.AddBlank(line);
         return;
     }
     auto const post = ReadKodpost(line.text);
     if (!post) {
-        checker.Add(line.number, "one word alone", Loss::line, line.text);
+        checker.Add(line.number, Rule::tooFewWords, "one word alone", Loss::line, line.text);
         return;
     }
     if (words.size() > 2) {
-        checker.Add(line.number, "words after the text, which is one", Loss::line,
+        checker.Add(line.number, Rule::extraWords, "words after the text, which is one", Loss::line,
                     line.text.substr(words[2].column));
     }
     char const first = post->kod.front();
     if (first == '*' || first == ';') {
-        checker.Add(line.number, std::string("read as the code \"") + OneLine(post->kod) + '"',
-                    Loss::none, line.text);
+        checker.Add(line.number, Rule::oddCode,
+                    std::string("read as the code \"") + OneLine(post->kod) + '"', Loss::none,
+                    line.text);
     }
     checker.LookAtLength(line.number, "the code", post->kod);
     checker.LookAtLength(line.number, "the text", post->text);
@@ -42,13 +43,14 @@ std::vector<Finding> CheckKodfil(std::string_view content) {
             LookAtRecord(checker, line);
         }
         if (stars > 1 && ReadKodpost(line.text)) {
-            checker.Add(line.number, "after the end line \"*\", and read all the same", Loss::none,
-                        line.text);
+            checker.Add(line.number, Rule::afterEnd,
+                        "after the end line \"*\", and read all the same", Loss::none, line.text);
         }
         stars += isEnd || (stars == 0 && IsStarLine(line.text)) ? 1 : 0;
     }
     if (stars == 0) {
-        checker.Add(checker.LastLine(), "no line \"*\" ends the header: no code is read");
+        checker.Add(checker.LastLine(), Rule::endsEarly,
+                    "no line \"*\" ends the header: no code is read");
     }
     return checker.Take();
 }

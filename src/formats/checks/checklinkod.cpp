@@ -16,7 +16,7 @@ void LookAtCode(LineChecker& checker, TextLine const& line, std::string_view tex
     bool const shortFamily =
         text.size() == 3 && text.starts_with("PV") && text[2] >= '0' && text[2] <= '9';
     if (shortFamily) {
-        checker.Add(line.number,
+        checker.Add(line.number, Rule::shortPv,
                     "too short for a \"PV\" code, which has two digits: an ordinary "
                     "one",
                     Loss::none, text);
@@ -33,16 +33,17 @@ void LookAtWhole(LineChecker& checker, TextLine const& line, std::vector<Word> c
     if (found.column >= textColumn) {
         std::int32_t ignored = 0;
         if (Scan(found.text, ignored) == 1) {
-            checker.Add(line.number,
+            checker.Add(line.number, Rule::noWholeNumber,
                         "no whole number, and the one that the text begins with is "
                         "read instead",
                         Loss::none, line.text.substr(found.column));
         }
         return;
     }
-    std::string const fault = WholeNumberFault(found.text);
-    if (!fault.empty()) {
-        checker.Add(line.number, fault, Loss::line, line.text.substr(found.column));
+    Fault const fault = WholeNumberFault(found.text);
+    if (fault) {
+        checker.Add(line.number, fault.rule, fault.what, Loss::line,
+                    line.text.substr(found.column));
     }
 }
 
@@ -53,30 +54,30 @@ void LookAtColumns(LineChecker& checker, TextLine const& line, std::vector<Word>
         crossing = crossing || words[i].column + words[i].text.size() > textColumn;
     }
     if (crossing) {
-        checker.Add(line.number, "a word stands across column 50, where the text begins",
-                    Loss::none, line.text);
+        checker.Add(line.number, Rule::textColumn,
+                    "a word stands across column 50, where the text begins", Loss::none, line.text);
     }
     if (words.size() > whole + 1 && words[whole + 1].column < textColumn) {
         std::size_t const from = words[whole + 1].column;
-        checker.Add(line.number, "words before column 50, where the text begins", Loss::line,
-                    TrimmedRight(line.text.substr(from, textColumn - from)));
+        checker.Add(line.number, Rule::textColumn, "words before column 50, where the text begins",
+                    Loss::line, TrimmedRight(line.text.substr(from, textColumn - from)));
     }
     if (line.text.substr(0, textColumn).find('\t') != std::string_view::npos) {
-        checker.Add(line.number, "a tab before column 50 is one column, whatever editors show",
-                    Loss::none, line.text);
+        checker.Add(line.number, Rule::textColumn,
+                    "a tab before column 50 is one column, whatever editors show", Loss::none,
+                    line.text);
     }
 }
 
 void LookAtRecord(LineChecker& checker, TextLine const& line, std::vector<Word> const& words) {
     LinkodLine const read(line.text);
     if (!read.IsRead()) {
-        checker.Add(line.number, "fewer than three values, code, word and number", Loss::line,
-                    line.text);
+        checker.Add(line.number, Rule::tooFewWords,
+                    "fewer than three values, code, word and number", Loss::line, line.text);
         return;
     }
-    std::string const fault = NumberFault(words[number].text);
-    if (!fault.empty()) {
-        checker.Add(line.number, fault, Loss::none, line.text);
+    if (Fault const fault = NumberFault(words[number].text)) {
+        checker.Add(line, fault);
     }
     LookAtCode(checker, line, read.kod);
     checker.LookAtLength(line.number, "the code", read.kod);

@@ -23,8 +23,9 @@ std::vector<Finding> CheckMappar(std::string_view content) {
     LineChecker checker(content);
     for (TextLine const& line : checker.Lines()) {
         if (LeadsUp(line.text)) {
-            checker.Add(line.number, "leads out of the project's folder, and is made there",
-                        Loss::none, line.text);
+            checker.Add(line.number, Rule::leadsOut,
+                        "leads out of the project's folder, and is made there", Loss::none,
+                        line.text);
         }
     }
     return checker.Take();

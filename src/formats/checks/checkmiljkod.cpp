@@ -24,35 +24,37 @@ std::string_view FirstWord(std::string_view text) {
     return words.empty() ? "" : words[0].text;
 }
 
-// What is wrong with a limit that was taken off a text; empty when nothing is.
-std::string FaultOf(std::string_view text, std::size_t at, MiljkodLimit const& limit) {
+// What is wrong with a limit that was taken off a text.
+Fault FaultOf(std::string_view text, std::size_t at, MiljkodLimit const& limit) {
     std::string const name(limit.name);
     std::string_view const rest = text.substr(at + name.size());
     std::string_view const number = FirstWord(rest);
     if (Words(rest).size() > 1) {
-        return "text after " + name + std::string(number);
+        return {Rule::extraWords, "text after " + name + OneLine(number)};
     }
     std::int32_t value = 0;
     if (Scan(number, value) != 1 || value < limit.least || value > MiljkodLimit::most) {
-        return name + std::string(number) + ", " + std::to_string(limit.otherwise) + " is read";
+        return {Rule::limits,
+                name + OneLine(number) + ", " + std::to_string(limit.otherwise) + " is read"};
     }
-    if (std::string const fault = WholeNumberFault(number); !fault.empty()) {
-        return name + fault;
+    if (Fault const fault = WholeNumberFault(number)) {
+        return {fault.rule, name + fault.what};
     }
     bool const blankBefore = IsBlank(text.substr(at - 1, 1));
-    return blankBefore ? "" : "no blank before " + name + ", a letter is lost";
+    return {Rule::limits,
+            blankBefore ? std::string() : "no blank before " + name + ", a letter is lost"};
 }
 
 // The same for one that is not read, and so stays in the text.
-std::string FaultOfUnread(std::string_view text, MiljkodLimit const& limit) {
+Fault FaultOfUnread(std::string_view text, MiljkodLimit const& limit) {
     std::string const name(limit.name);
     std::string const otherwise = ", " + std::to_string(limit.otherwise) + " is read";
     std::size_t const at = FindLast(text, limit.name);
     if (at == std::string_view::npos) {
-        return "no " + name + otherwise;
+        return {Rule::limits, "no " + name + otherwise};
     }
-    return at == 0 ? "no text before " + name + otherwise
-                   : "after " + name + " its first letter comes again" + otherwise;
+    return {Rule::limits, at == 0 ? "no text before " + name + otherwise
+                                  : "after " + name + " its first letter comes again" + otherwise};
 }
 
 // Takes the limits off the text.
@@ -60,16 +62,17 @@ void LookAtLimits(LineChecker& checker, TextLine const& line, std::string_view& 
     std::size_t const step = FindLast(text, "steg=");
     std::size_t const most = FindLast(text, "max=");
     if (step != std::string_view::npos && most != std::string_view::npos && most > step) {
-        checker.Add(line.number, "max= stands after steg= and is not read", Loss::line, line.text);
+        checker.Add(line.number, Rule::limits, "max= stands after steg= and is not read",
+                    Loss::line, line.text);
         return;
     }
     for (MiljkodLimit const& limit : {miljkodStep, miljkodMax}) {
         std::string_view const before = text;
-        std::string const fault = TakeLimit(text, limit)
-                                      ? FaultOf(before, before.find_last_of(limit.first), limit)
-                                      : FaultOfUnread(text, limit);
-        if (!fault.empty()) {
-            checker.Add(line.number, fault, Loss::none, line.text);
+        Fault const fault = TakeLimit(text, limit)
+                                ? FaultOf(before, before.find_last_of(limit.first), limit)
+                                : FaultOfUnread(text, limit);
+        if (fault) {
+            checker.Add(line, fault);
         }
     }
 }
@@ -77,16 +80,17 @@ void LookAtLimits(LineChecker& checker, TextLine const& line, std::string_view& 
 void LookAtRecord(LineChecker& checker, TextLine const& line, int section) {
     MiljkodLine read(line.text);
     if (read.kind == MiljkodLine::Kind::blank) {
-        checker.Add(line.number, "", Loss::blank);
+        checker.AddBlank(line);
         return;
     }
     if (read.kind == MiljkodLine::Kind::codeTooLong) {
-        checker.Add(line.number, "a code over four characters", Loss::line, line.text);
+        checker.Add(line.number, Rule::tooLong, "a code over four characters", Loss::line,
+                    line.text);
         return;
     }
     if (read.kod.starts_with(';')) {
-        checker.Add(line.number, "read as the code \"" + OneLine(read.kod) + '"', Loss::none,
-                    line.text);
+        checker.Add(line.number, Rule::oddCode, "read as the code \"" + OneLine(read.kod) + '"',
+                    Loss::none, line.text);
     }
     checker.LookAtLetters(line.number, read.kod, LineChecker::Letters::kept);
     checker.LookAtLetters(line.number, read.text, LineChecker::Letters::converted);
@@ -96,14 +100,6 @@ void LookAtRecord(LineChecker& checker, TextLine const& line, int section) {
     checker.LookAtLength(line.number, "the text", read.text);
 }
 
-// A star line ends the header, as section -1, or a section.
-void LookAtStar(LineChecker& checker, TextLine const& line, int section) {
-    if (line.text.size() > 1) {
-        checker.Add(line.number, "text on a line \"*\"", section < 1 ? Loss::header : Loss::line,
-                    line.text.substr(1));
-    }
-}
-
 } // namespace
 
 std::vector<Finding> CheckMiljkod(std::string_view content) {
@@ -111,20 +107,23 @@ std::vector<Finding> CheckMiljkod(std::string_view content) {
     int section = -1;
     for (TextLine const& line : checker.Lines()) {
         if (IsStarLine(line.text)) {
-            LookAtStar(checker, line, section++);
+            // It ends the header, as section -1, or a section.
+            checker.LookAtStar(line, "a line", section < 1 ? Loss::header : Loss::line);
+            ++section;
         } else if (section > 0) {
             LookAtRecord(checker, line, section);
         } else if (!IsBlank(line.text)) {
-            checker.Add(line.number, section < 0 ? "a header" : "section 0, which is empty",
-                        Loss::header, line.text);
+            checker.Add(line.number, Rule::notKept,
+                        section < 0 ? "a header" : "section 0, which is empty", Loss::header,
+                        line.text);
         }
         if (section == miljkodSections) {
-            checker.AddUnread(line.number, "after the fifth line \"*\"");
+            checker.AddAfterEnd(line.number, "after the fifth line \"*\"");
             break;
         }
     }
     if (section < miljkodSections) {
-        checker.Add(checker.LastLine(),
+        checker.Add(checker.LastLine(), Rule::endsEarly,
                     "the file ends after " + std::to_string(section + 1) +
                         " of five lines \"*\": a section is missing, or has no end");
     }

@@ -4,27 +4,31 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
-#include "../finding.h"
 #include "../keyfile.h"
 #include "../stenkod.h"
+#include "finding.h"
 
 namespace kvarn {
 
-// A key file with these defaults. The first line of the key that is about to be written is none
+// A key file with these defaults. The first line of a key that is about to be written is none
 // that is lost: it takes the new value, or is removed as asked.
 std::vector<Finding> CheckKeys(std::string_view content, std::span<KeyDefault const> defaults,
-                               std::string_view writtenKey = {});
+                               std::span<std::string const> writtenKeys = {});
 
-// Only the line that is written loses what is not read of it; 0 for none.
-std::vector<Finding> CheckJb23(std::string_view content, int writtenLine = 0);
+// Only the lines that are written lose what is not read of them.
+std::vector<Finding> CheckJb23(std::string_view content, std::span<int const> writtenLines = {});
 
 std::vector<Finding> CheckKodfil(std::string_view content);
 std::vector<Finding> CheckMiljkod(std::string_view content);
 std::vector<Finding> CheckLinkod(std::string_view content);
 std::vector<Finding> CheckMappar(std::string_view content);
+std::vector<Finding> CheckOmradesfil(std::string_view content);
+// An INI file: what of it no program reads.
+std::vector<Finding> CheckIni(std::string_view content);
 std::vector<Finding> CheckStamp(std::string_view content);
 std::vector<Finding> CheckPoints(std::string_view content);
 

@@ -9,21 +9,21 @@ void LookAtRecord(LineChecker& checker, TextLine const& line, std::vector<Word> 
     constexpr std::size_t firstNumber = StampelLine::words;
     constexpr std::size_t all = StampelLine::all;
     StampelLine const read(line.text);
-    std::string fault;
-    for (std::size_t i = firstNumber; i < words.size() && i < all; ++i) {
-        fault = fault.empty() ? NumberFault(words[i].text) : fault;
+    Fault fault{};
+    for (std::size_t i = firstNumber; i < words.size() && i < all && !fault; ++i) {
+        fault = NumberFault(words[i].text);
     }
     if (!read.IsRead()) {
-        checker.Add(line.number,
-                    "fewer than two words and two numbers" + (fault.empty() ? "" : ", " + fault),
+        checker.Add(line.number, Rule::tooFewWords,
+                    "fewer than two words and two numbers" + (fault ? ", " + fault.what : ""),
                     Loss::line, line.text);
         return;
     }
-    if (!fault.empty()) {
-        checker.Add(line.number, fault, Loss::none, line.text);
+    if (fault) {
+        checker.Add(line, fault);
     }
     if (words.size() > all) {
-        checker.Add(line.number, "words after the third number", Loss::line,
+        checker.Add(line.number, Rule::extraWords, "words after the third number", Loss::line,
                     line.text.substr(words[all].column));
     }
     checker.LookAtLength(line.number, "the first word", read.ord1);

@@ -37,11 +37,12 @@ class ListChecker {
         m_line = &line;
         m_words = Words(line.line.text);
         if (m_words.empty()) {
-            Add("", Loss::blank);
+            m_checker.AddBlank(line.line);
         } else if (!line.IsRead()) {
             LookAtIgnored();
         } else if (line.isShift) {
-            Add("the extra number, from which on the file's numbers are one higher than the "
+            Add(Rule::shiftLine,
+                "the extra number, from which on the file's numbers are one higher than the "
                 "list's; a written file has neither",
                 Loss::line, line.line.text);
         } else {
@@ -73,28 +74,29 @@ class ListChecker {
         }
     }
 
-    void Add(std::string what, Loss loss = Loss::none, std::string_view found = {}) {
-        m_checker.Add(m_line->line.number, std::move(what), loss, found);
+    void Add(Rule rule, std::string what, Loss loss = Loss::none, std::string_view found = {}) {
+        m_checker.Add(m_line->line.number, rule, std::move(what), loss, found);
     }
 
     void LookAtIgnored() {
         bool const nameless = m_words.size() == 1 && m_words[number].text == "0";
         if (!nameless) { // as the library writes it
-            Add("fewer than two values, number and name", Loss::line, m_line->line.text);
+            Add(Rule::tooFewWords, "fewer than two values, number and name", Loss::line,
+                m_line->line.text);
         }
     }
 
     bool NumberIsRead() {
         std::int32_t typed = 0;
-        std::string fault = WholeNumberFault(m_words[number].text);
-        if (fault.empty() && Scan(m_words[number].text, typed) == 1 &&
-            typed != m_line->asWritten.number) {
-            fault = Numbered(typed) + " is read as " + std::to_string(m_line->asWritten.number);
+        Fault fault = WholeNumberFault(m_words[number].text);
+        if (!fault && Scan(m_words[number].text, typed) == 1 && typed != m_line->asWritten.number) {
+            fault = {Rule::outOfRange,
+                     Numbered(typed) + " is read as " + std::to_string(m_line->asWritten.number)};
         }
-        if (!fault.empty()) {
-            Add(fault, Loss::none, m_line->line.text);
+        if (fault) {
+            m_checker.Add(m_line->line, fault);
         }
-        return fault.empty();
+        return !fault;
     }
 
     void LookAtTexts() {
@@ -103,7 +105,8 @@ class ListChecker {
     }
     void LookAtText(char const* what, std::string_view found, std::size_t longest) {
         if (found.size() > longest) {
-            Add(Format("%s has %d characters, and %d are read", what,
+            Add(Rule::tooLong,
+                Format("%s has %d characters, and %d are read", what,
                        static_cast<int>(found.size()), static_cast<int>(longest)),
                 Loss::line, found.substr(longest));
         }
@@ -115,7 +118,8 @@ class ListChecker {
         auto const [first, isFirst] =
             m_lineOf.try_emplace(m_line->asWritten.number, m_line->line.number);
         if (!isFirst) {
-            Add(Numbered(m_line->asWritten.number) + " stands on line " +
+            Add(Rule::repeatedNumber,
+                Numbered(m_line->asWritten.number) + " stands on line " +
                     std::to_string(first->second) + " already: " +
                     (m_isNew ? "both are kept, and programs find the first" : "this line counts"),
                 Loss::none, m_line->line.text);
@@ -125,38 +129,48 @@ class ListChecker {
     void LookAtShift() {
         bool const meant = SameText(m_line->asWritten.name.substr(0, shiftName.size()), shiftName);
         if (meant && m_line->asWritten.number == shiftNumber) { // and not taken for it
-            Add(m_norwegian ? "does not begin with \"Ikke\": no number is shifted"
+            Add(Rule::shiftLine,
+                m_norwegian ? "does not begin with \"Ikke\": no number is shifted"
                             : "only StenkodN.dat has the extra number",
                 Loss::none, m_line->line.text);
         }
     }
 
+    // What was typed for a value. Values that stand together, as "10-2", are read as two and are
+    // one word.
+    std::string_view Typed(int word) const {
+        auto const place = static_cast<std::size_t>(word);
+        return place < m_words.size() ? m_words[place].text : m_line->line.text;
+    }
+
     // What follows a word that is no number is not read as it was meant.
     void LookAtNumbers() {
         for (int word = scale; word < all && word < static_cast<int>(m_words.size()); ++word) {
-            std::string_view const typed = m_words[static_cast<std::size_t>(word)].text;
-            std::string const fault = IsWhole(word) ? WholeNumberFault(typed) : NumberFault(typed);
-            if (!fault.empty()) {
-                Add(fault, Loss::none, m_line->line.text);
+            std::string_view const typed = Typed(word);
+            if (Fault const fault = IsWhole(word) ? WholeNumberFault(typed) : NumberFault(typed)) {
+                m_checker.Add(m_line->line, fault);
                 return;
             }
         }
         LookAtLimits();
         if (m_words.size() > all) {
-            Add("words after the flag", Loss::line, m_line->line.text.substr(m_words[all].column));
+            Add(Rule::extraWords, "words after the flag", Loss::line,
+                m_line->line.text.substr(m_words[all].column));
         }
     }
     void LookAtLimits() {
         if (m_line->count > scale && !(m_line->asWritten.scale >= leastScale)) {
-            Add("the scale is below 0.01, and 1 is read", Loss::none, m_words[scale].text);
+            Add(Rule::outOfRange, "the scale is below 0.01, and 1 is read", Loss::none,
+                Typed(scale));
         }
         if (m_line->count > pattern &&
             (m_line->asWritten.pattern < 1 || m_line->asWritten.pattern > mostPattern)) {
-            Add("the pattern is not within 1 to 256, and 4 is read", Loss::none,
-                m_words[pattern].text);
+            Add(Rule::outOfRange, "the pattern is not within 1 to 256, and 4 is read", Loss::none,
+                Typed(pattern));
         }
         if (m_line->asWritten.number >= 0 && m_line->asWritten.flag != 0) {
-            Add("the flag, which negative numbers alone have", Loss::line, m_words[flag].text);
+            Add(Rule::notKept, "the flag, which negative numbers alone have", Loss::line,
+                Typed(flag));
         }
     }
 
@@ -168,13 +182,14 @@ class ListChecker {
         bool const named = m_line->asWritten.number >= static_cast<int>(m_table.size());
         std::string_view const name = m_entry == 0 ? " " : m_table[m_entry - 1];
         if (!named && !SameText(m_line->asWritten.name, name)) {
-            Add("the name, for " + Numbered(static_cast<int>(m_entry)) + " is \"" + OneLine(name) +
+            Add(Rule::builtIn,
+                "the name, for " + Numbered(static_cast<int>(m_entry)) + " is \"" + OneLine(name) +
                     "\" in the list",
                 Loss::line, m_line->asWritten.name);
         }
         if (m_line->count > pattern && m_line->asWritten.pattern != Material().pattern) {
-            Add("the pattern, for a built-in number keeps its own", Loss::line,
-                m_words[pattern].text);
+            Add(Rule::builtIn, "the pattern, for a built-in number keeps its own", Loss::line,
+                Typed(pattern));
         }
     }
 
@@ -203,7 +218,7 @@ void LookAtAngles(LineChecker& checker, std::vector<MaterialLine> const& lines) 
             turned.push_back(line.line);
         }
     }
-    checker.AddOnce(turned, first);
+    checker.AddOnce(turned, Rule::angleUnit, first);
 }
 
 void LookAtList(LineChecker& checker, std::string_view content, MaterialKind kind,
@@ -224,7 +239,7 @@ void LookAtList(LineChecker& checker, std::string_view content, MaterialKind kin
                 longForms.push_back(line.line);
             }
         }
-        checker.AddOnce(longForms,
+        checker.AddOnce(longForms, Rule::notKept,
                         "all but number and name, where a program saves the list of rock",
                         Loss::line);
     }
@@ -239,16 +254,17 @@ void LookAtSections(LineChecker& checker) {
         if (line.text.starts_with('*')) {
             ++stars;
             // Saving keeps the first two as they are.
-            if (stars >= untilFill && line.text.size() > 1) {
-                checker.Add(line.number, "text on a line \"*\"", Loss::line, line.text.substr(1));
+            if (stars >= untilFill) {
+                checker.LookAtStar(line, "a line");
             }
         } else if (stars > untilFill && !IsBlank(line.text)) {
             dropped.push_back(line);
         }
     }
-    checker.AddOnce(dropped, "after fill, where a program saves the list of rock", Loss::line);
+    checker.AddOnce(dropped, Rule::afterEnd, "after fill, where a program saves the list of rock",
+                    Loss::line);
     if (stars < untilFill) {
-        checker.Add(checker.LastLine(),
+        checker.Add(checker.LastLine(), Rule::endsEarly,
                     "the file ends after " + std::to_string(stars) +
                         " of three lines \"*\": there is no section of " +
                         (stars < untilRock ? "rock, and none of fill" : "fill"));

@@ -1,28 +1,13 @@
 #include "checkvagfil.h"
 
+#include <string>
+
 #include "../../text/scan.h"
 #include "../../text/shown.h"
 #include "linechecker.h"
 
 namespace kvarn {
 namespace {
-
-std::string Quoted(std::string_view text) {
-    return '"' + OneLine(text) + '"';
-}
-
-void LookAtName(TextLine const& line, std::vector<Finding>& cut) {
-    VagfilHeader const header(line.text);
-    if (header.name.size() > longestVagnamn) {
-        cut.push_back({line.number, "the name has " + std::to_string(header.name.size()) +
-                                        " characters; " + std::to_string(longestVagnamn) +
-                                        " are read"});
-    }
-    if (!header.afterName.empty()) {
-        cut.push_back({line.number,
-                       "the name ends at its second \"$\"; not read: " + Quoted(header.afterName)});
-    }
-}
 
 // Why a line gives no vertex; empty for one that does, or is meant not to.
 char const* WhySkipped(VagfilLine const& line) {
@@ -39,35 +24,78 @@ char const* WhySkipped(VagfilLine const& line) {
     }
 }
 
+bool IsSkipped(VagfilLine const& line) {
+    return *WhySkipped(line) != '\0';
+}
+
+// Decimal commas are told by name: a whole file may have them.
+Rule RuleOfSkipped(TextLine const& line) {
+    for (Word const& word : Words(line.text)) {
+        if (Fault const fault = NumberFault(word.text); fault.rule == Rule::decimalComma && fault) {
+            return Rule::decimalComma;
+        }
+    }
+    return Rule::badLine;
+}
+
+void LookAtHeader(LineChecker& checker, TextLine const& line) {
+    VagfilHeader const header(line.text);
+    if (header.name.size() > longestVagnamn) {
+        checker.Add(line.number, Rule::tooLong,
+                    "the name has " + std::to_string(header.name.size()) + " characters; " +
+                        std::to_string(longestVagnamn) + " are read",
+                    Loss::line, header.name.substr(longestVagnamn));
+    }
+    if (!header.afterName.empty()) {
+        checker.Add(line.number, Rule::extraWords, "the name ends at its second \"$\"", Loss::line,
+                    header.afterName);
+    }
+    checker.LookAtLetters(line.number, header.name, LineChecker::Letters::converted);
+}
+
+void LookAtLine(LineChecker& checker, VagfilLine const& line) {
+    TextLine const& found = line.line;
+    if (IsSkipped(line)) {
+        Rule const rule = RuleOfSkipped(found);
+        checker.Add(found.number, rule,
+                    std::string("bad line, skipped: ") + WhySkipped(line) +
+                        (rule == Rule::decimalComma ? ", for the decimal sign is a point" : ""),
+                    Loss::line, found.text);
+    } else if (line.hasRest && found.number > 1) { // a decimal comma in the last number, for one
+        checker.Add(found.number,
+                    RuleOfSkipped(found) == Rule::decimalComma ? Rule::decimalComma
+                                                               : Rule::extraWords,
+                    "text after the numbers", Loss::line, found.text);
+    }
+}
+
 } // namespace
 
 VagfilContent ReadVagfil(std::string_view content) {
     VagfilContent read;
     VagfilReader lines(content);
     for (VagfilLine line; lines.Next(line);) {
-        auto const& [number, text, afterZero] = line.line;
-        bool const isProfile = line.kind == VagfilLine::Kind::profileVertex;
-        if (std::string const why = WhySkipped(line); !why.empty()) {
-            read.skipped.push_back({number, "bad line, skipped: " + why + ": " + Quoted(text)});
-        } else if (isProfile || line.kind == VagfilLine::Kind::vertex) {
-            (isProfile ? read.profile : read.plan).Add(line);
-            if (number == 1) {
-                LookAtName(line.line, read.cut);
-            } else if (line.hasRest) { // a decimal comma in the last number, for one
-                read.cut.push_back({number, "text after the numbers is not read: " + Quoted(text)});
-            }
+        if (IsSkipped(line)) {
+            ++read.skipped;
+        } else if (line.kind == VagfilLine::Kind::profileVertex) {
+            read.profile.Add(line);
+        } else if (line.kind == VagfilLine::Kind::vertex) {
+            read.plan.Add(line);
         }
-        if (afterZero) {
-            read.cut.push_back(
-                {number, "text after a zero byte is not read: " + Quoted(*afterZero)});
-        }
-    }
-    if (auto const beyond = BeyondEnd(content)) {
-        read.cut.push_back(
-            {beyond->number, "everything after the end-of-file character 0x1A is not read: " +
-                                 Quoted(beyond->text)});
     }
     return read;
+}
+
+std::vector<Finding> CheckVagfil(std::string_view content) {
+    LineChecker checker(content);
+    VagfilReader lines(checker.IsReadable() ? content : std::string_view());
+    for (VagfilLine line; lines.Next(line);) {
+        LookAtLine(checker, line);
+        if (line.line.number == 1 && !IsSkipped(line)) {
+            LookAtHeader(checker, line.line);
+        }
+    }
+    return checker.Take();
 }
 
 } // namespace kvarn

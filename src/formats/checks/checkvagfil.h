@@ -2,12 +2,11 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
 #include <string_view>
 #include <vector>
 
-#include "../finding.h"
 #include "../vagfil.h"
+#include "finding.h"
 
 namespace kvarn {
 
@@ -25,10 +24,12 @@ struct VagfilPart {
 struct VagfilContent {
     VagfilPart plan;
     VagfilPart profile;
-    std::vector<Finding> skipped; // lines that give no vertex
-    std::vector<Finding> cut;     // text that is passed over on lines that do
+    std::size_t skipped = 0; // lines that give no vertex, and are no part of a heading
 };
 
 VagfilContent ReadVagfil(std::string_view content);
+
+// Of its lines alone: what the vertices make of a road is not looked at.
+std::vector<Finding> CheckVagfil(std::string_view content);
 
 } // namespace kvarn

@@ -27,7 +27,7 @@ std::string Digits(std::int32_t number) {
     return std::to_string(number);
 }
 
-template <class T> std::string FaultOf(std::string_view word, char const* kind) {
+template <class T> Fault FaultOf(std::string_view word, char const* kind) {
     T number{};
     char rest[2] = "";
     int const count = Scan(word, number, rest);
@@ -36,10 +36,12 @@ template <class T> std::string FaultOf(std::string_view word, char const* kind) 
     }
     std::string const shown = '"' + OneLine(word) + '"';
     if (count < 1) {
-        return shown + " is no " + kind;
+        return {Rule::notANumber, shown + " is no " + kind};
     }
-    return shown + " is read as " + Digits(number) +
-           (word.find(',') != std::string_view::npos ? ", for the decimal sign is a point" : "");
+    std::string const read = shown + " is read as " + Digits(number);
+    return word.find(',') != std::string_view::npos
+               ? Fault{Rule::decimalComma, read + ", for the decimal sign is a point"}
+               : Fault{Rule::partOfANumber, read};
 }
 
 } // namespace
@@ -78,24 +80,26 @@ std::vector<Word> Words(std::string_view text) {
     return words;
 }
 
-std::string NumberFault(std::string_view word) {
+Fault NumberFault(std::string_view word) {
     return FaultOf<double>(word, "number");
 }
 
-std::string WholeNumberFault(std::string_view word) {
+Fault WholeNumberFault(std::string_view word) {
     return FaultOf<std::int32_t>(word, "whole number");
 }
 
 LineChecker::LineChecker(std::string_view content) : m_isReadable(!IsUtf16(content)) {
     if (!m_isReadable) {
-        Add(1, "saved as UTF-16: the file must be in code page 1252, and nothing of it is read");
+        Add(1, Rule::utf16,
+            "saved as UTF-16: the file must be in code page 1252, and nothing of it is read");
         return;
     }
     m_lines = LinesOf(content);
     LookAtEncoding(content);
     for (TextLine const& line : m_lines) {
         if (line.afterZero) {
-            Add(line.number, "text after a zero byte", Loss::line, *line.afterZero);
+            Add(line.number, Rule::afterZero, "text after a zero byte", Loss::line,
+                *line.afterZero);
         }
         LookAtControls(line);
     }
@@ -104,18 +108,20 @@ LineChecker::LineChecker(std::string_view content) : m_isReadable(!IsUtf16(conte
 
 void LineChecker::LookBeyondEnd(std::string_view content) {
     if (auto const beyond = BeyondEnd(content)) {
-        Add(beyond->number, "everything after the end-of-file character 0x1A", Loss::line,
-            beyond->text);
+        Add(beyond->number, Rule::afterEndOfFile, "everything after the end-of-file character 0x1A",
+            Loss::line, beyond->text);
     }
 }
 
 void LineChecker::LookAtEncoding(std::string_view content) {
     if (content.starts_with(byteOrderMark)) {
-        Add(1, "a byte-order mark, which is read as the first three letters of the line");
+        Add(1, Rule::byteOrderMark,
+            "a byte-order mark, which is read as the first three letters of the line");
     }
     for (TextLine const& line : m_lines) {
         if (IsUtf8(line.text)) {
-            Add(line.number, "UTF-8, where code page 1252 is read", Loss::none, line.text);
+            Add(line.number, Rule::utf8, "UTF-8, where code page 1252 is read", Loss::none,
+                line.text);
         }
     }
 }
@@ -125,13 +131,14 @@ void LineChecker::LookAtControls(TextLine const& line) {
         return static_cast<unsigned char>(c) < ' ' && c != '\t';
     });
     if (found) {
-        Add(line.number, "a control character, which is read as part of the line", Loss::none,
-            line.text);
+        Add(line.number, Rule::controlCharacter,
+            "a control character, which is read as part of the line", Loss::none, line.text);
     }
 }
 
-void LineChecker::Add(std::size_t line, std::string what, Loss loss, std::string_view text) {
-    m_findings.push_back({line, std::move(what), loss, std::string(text)});
+void LineChecker::Add(std::size_t line, Rule rule, std::string what, Loss loss,
+                      std::string_view text) {
+    m_findings.push_back({line, rule, std::move(what), loss, std::string(text)});
 }
 
 void LineChecker::LookAtLetters(std::size_t line, std::string_view text, Letters letters) {
@@ -139,40 +146,49 @@ void LineChecker::LookAtLetters(std::size_t line, std::string_view text, Letters
         return; // and said
     }
     if (letters == Letters::kept && HoldsDosLetters(text)) {
-        Add(line, "DOS letters, which are not converted here", Loss::none, text);
+        Add(line, Rule::dosLetters, "DOS letters, which are not converted here", Loss::none, text);
     } else if (letters == Letters::converted && ConversionSpoils(text)) {
-        Add(line, "converted as if in DOS letters, and read as \"" + OneLine(Converted(text)) + '"',
+        Add(line, Rule::spoiltLetters,
+            "converted as if in DOS letters, and read as \"" + OneLine(Converted(text)) + '"',
             Loss::none, text);
     }
 }
 
 void LineChecker::LookAtLength(std::size_t line, char const* what, std::string_view text) {
     if (text.size() > longestKodtext) {
-        Add(line,
+        Add(line, Rule::tooLong,
             std::string(what) + " has " + std::to_string(text.size()) + " characters, and " +
                 std::to_string(longestKodtext) + " are read",
             Loss::line, text.substr(longestKodtext));
     }
 }
 
-void LineChecker::AddOnce(std::vector<TextLine> const& lines, std::string what, Loss loss) {
+void LineChecker::AddOnce(std::vector<TextLine> const& lines, Rule rule, std::string what,
+                          Loss loss) {
     if (lines.empty()) {
         return;
     }
     if (lines.size() > 1) {
         what += ", this line and " + std::to_string(lines.size() - 1) + " more";
     }
-    Add(lines.front().number, std::move(what), loss, lines.front().text);
+    Add(lines.front().number, rule, std::move(what), loss, lines.front().text);
 }
 
-void LineChecker::AddUnread(std::size_t first, char const* why) {
+void LineChecker::AddAfterEnd(std::size_t last, char const* where) {
     std::vector<TextLine> unread;
     for (TextLine const& line : m_lines) {
-        if (line.number > first && !IsBlank(line.text)) {
+        if (line.number > last && !IsBlank(line.text)) {
             unread.push_back(line);
         }
     }
-    AddOnce(unread, why, Loss::line);
+    AddOnce(unread, Rule::afterEnd, where, Loss::line);
+}
+
+void LineChecker::LookAtStar(TextLine const& line, char const* what, Loss loss) {
+    if (line.text.size() > 1) {
+        Add(line.number, Rule::starText, std::string("text on ") + what + " \"*\"", loss,
+            line.text.substr(1));
+    }
 }
 
 void LineChecker::LookAtRecords(void (*look)(LineChecker&, TextLine const&,
@@ -184,24 +200,23 @@ void LineChecker::LookAtRecords(void (*look)(LineChecker&, TextLine const&,
         bool const isEnd = IsStarLine(line.text);
         auto const words = Words(line.text);
         if (blank != 0 && !words.empty() && !isEnd) {
-            Add(blank, emptyLine);
+            Add(blank, Rule::blankLine, emptyLine);
         }
         blank = words.empty() ? line.number : 0;
         if (words.empty()) {
-            Add(line.number, "", Loss::blank);
+            AddBlank(line);
         } else if (!isEnd) {
             look(*this, line, words);
         } else {
-            if (line.text.size() > 1) {
-                Add(line.number, "text on the end line \"*\"", Loss::line, line.text.substr(1));
-            }
-            AddUnread(line.number, "after the end line \"*\"");
+            LookAtStar(line, "the end line");
+            AddAfterEnd(line.number, "after the end line \"*\"");
             return;
         }
     }
 }
 
 std::vector<Finding> LineChecker::Take() {
+    m_findings.resize(m_isReadable ? m_findings.size() : 1); // of other text nothing else is true
     std::stable_sort(m_findings.begin(), m_findings.end(),
                      [](Finding const& a, Finding const& b) { return a.line < b.line; });
     return std::move(m_findings);

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "../../text/lines.h"
-#include "../finding.h"
+#include "finding.h"
 
 namespace kvarn {
 
@@ -27,10 +27,18 @@ struct Word {
 // The words of a text: what is between blanks.
 std::vector<Word> Words(std::string_view text);
 
-// What is wrong with a word where a number is read; empty for a number.
-std::string NumberFault(std::string_view word);
+// What is wrong with a word.
+struct Fault {
+    Rule rule;
+    std::string what; // empty: nothing
+
+    explicit operator bool() const { return !what.empty(); }
+};
+
+// Of one where a number is read.
+Fault NumberFault(std::string_view word);
 // The same for a whole number.
-std::string WholeNumberFault(std::string_view word);
+Fault WholeNumberFault(std::string_view word);
 
 inline bool IsBlank(std::string_view text) {
     return text.find_first_not_of(" \t") == std::string_view::npos;
@@ -47,8 +55,13 @@ class LineChecker {
     std::vector<TextLine> const& Lines() const { return m_lines; }
     std::size_t LastLine() const { return m_lines.empty() ? 1 : m_lines.size(); }
 
-    void Add(std::size_t line, std::string what, Loss loss = Loss::none,
+    void Add(std::size_t line, Rule rule, std::string what, Loss loss = Loss::none,
              std::string_view text = {});
+    void Add(TextLine const& line, Fault const& fault, Loss loss = Loss::none) {
+        Add(line.number, fault.rule, fault.what, loss, line.text);
+    }
+    // A blank line that is gone when the file is written.
+    void AddBlank(TextLine const& line) { Add(line.number, Rule::blankLine, "", Loss::blank); }
 
     enum class Letters { kept, converted };
     // Looks at the letters of a text that programs show.
@@ -56,9 +69,12 @@ class LineChecker {
     // What becomes of a word that is longer than programs' buffers.
     void LookAtLength(std::size_t line, char const* what, std::string_view text);
     // What is to be said of all these lines, said once, at the first; nothing without any.
-    void AddOnce(std::vector<TextLine> const& lines, std::string what, Loss loss = Loss::none);
-    // The lines from an index on, which are not read.
-    void AddUnread(std::size_t first, char const* why);
+    void AddOnce(std::vector<TextLine> const& lines, Rule rule, std::string what,
+                 Loss loss = Loss::none);
+    // The lines after one, which are not read.
+    void AddAfterEnd(std::size_t last, char const* where);
+    // What follows the star of a line that ends something.
+    void LookAtStar(TextLine const& line, char const* what, Loss loss = Loss::line);
 
     // The records of a file that a line "*" ends: where one cannot be read, programs may stop.
     void LookAtRecords(void (*look)(LineChecker&, TextLine const&, std::vector<Word> const&));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <mutex>
 #include <new>
 #include <optional>
 #include <string>
@@ -14,6 +15,7 @@
 #include "../../files/infile.h"
 #include "../../text/utf16.h"
 #include "initext.h"
+#include "parsedfile.h"
 
 namespace {
 
@@ -40,10 +42,26 @@ std::u16string Changed(std::u16string_view ini, LPCSTR section, LPCSTR key, LPCS
     return kvarn::WithIniValue(ini, name, kvarn::ToUtf16(key), newValue);
 }
 
+// The file that was asked last: a start asks one for all of its keys.
+struct Memory {
+    std::mutex inUse;
+    kvarn::ParsedFile<kvarn::IniText> ini;
+};
+
+Memory& LastRead() {
+    static Memory memory;
+    return memory;
+}
+
 // Nothing also when the file cannot be read, or memory is short.
 std::optional<std::string> Value(std::string const& path, LPCSTR section, LPCSTR key) try {
-    kvarn::IniText const ini(kvarn::WholeFile(path.c_str()).value_or(""));
-    auto const found = kvarn::IniValue(ini.text, kvarn::ToUtf16(section), kvarn::ToUtf16(key));
+    Memory& memory = LastRead();
+    std::lock_guard const inUse(memory.inUse);
+    kvarn::IniText const* const ini = memory.ini.Load(path);
+    if (ini == nullptr) {
+        return std::nullopt;
+    }
+    auto const found = kvarn::IniValue(ini->text, kvarn::ToUtf16(section), kvarn::ToUtf16(key));
     return found ? std::optional(kvarn::FromUtf16(*found)) : std::nullopt;
 } catch (std::bad_alloc const&) {
     return std::nullopt;

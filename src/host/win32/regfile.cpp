@@ -1,46 +1,22 @@
 #include "regfile.h"
 
-#include <cstdint>
 #include <filesystem>
 #include <mutex>
 #include <new>
-#include <optional>
 #include <string>
-#include <sys/stat.h>
+#include <utility>
 
-#include "../../compat/win32/files.h"
-#include "../../compat/win32/filestamp.h"
-#include "../../compat/win32/hostfile.h"
 #include "../../compat/win32/paths.h"
 #include "../../compat/win32/turn.h"
 #include "../../files/filerewrite.h"
-#include "../../files/infile.h"
+#include "parsedfile.h"
 
 namespace kvarn {
 namespace {
 
-// The store's file as a Windows path, from the drive that its folder is; empty when its own name
-// has letters outside code page 1252.
-std::string StorePath() {
-    auto const name = FromHostPath(std::filesystem::path(RegistryFile()).filename().string());
-    return name && !name->empty() ? std::string{registryDrive, ':'} + *name : "";
-}
-
-// Nothing for a file that may change now and keep its stamp.
-std::optional<FileStamp> StampOf(std::string const& path) {
-    std::int64_t const now = NanosecondsNow();
-    struct stat status {};
-    bool const known = FileStatus(path.c_str(), status);
-    FileStamp const stamp(status);
-    return known && stamp.IsSettled(now) ? std::optional(stamp) : std::nullopt;
-}
-
-// The file as it was read last.
 struct Memory {
     std::mutex inUse;
-    std::optional<FileStamp> stamp; // nothing: its bytes must be read to tell
-    std::string bytes;
-    RegStore store;
+    ParsedFile<RegStore> store;
 };
 
 Memory& LastRead() {
@@ -48,31 +24,17 @@ Memory& LastRead() {
     return memory;
 }
 
-// Null for a file that exists and cannot be read.
-RegStore const* Load(std::string const& path, Memory& memory) {
-    std::optional<FileStamp> const stamp = StampOf(path); // before the file is read: it may change
-    if (stamp && stamp == memory.stamp) {
-        return &memory.store;
-    }
-    std::optional<std::string> read = WholeFileIfThere(path.c_str());
-    if (!read) {
-        return nullptr;
-    }
-    std::string bytes = *std::move(read);
-    if (bytes != memory.bytes) {
-        memory.store = RegStore(bytes);
-        memory.bytes = std::move(bytes);
-    }
-    memory.stamp = stamp;
-    return &memory.store;
-}
-
 } // namespace
+
+std::string StorePath() {
+    auto const name = FromHostPath(std::filesystem::path(RegistryFile()).filename().string());
+    return name && !name->empty() ? std::string{registryDrive, ':'} + *name : "";
+}
 
 LSTATUS ReadStore(std::function<LSTATUS(RegStore const&)> const& look) try {
     Memory& memory = LastRead();
     std::lock_guard const inUse(memory.inUse);
-    RegStore const* const store = Load(StorePath(), memory);
+    RegStore const* const store = memory.store.Load(StorePath());
     return store != nullptr ? look(*store) : ERROR_BADDB;
 } catch (std::bad_alloc const&) {
     return ERROR_NOT_ENOUGH_MEMORY;
@@ -89,7 +51,7 @@ LSTATUS ChangeStore(std::function<LSTATUS(RegStore&)> const& change) try {
     Turn const turn(file);
     Memory& memory = LastRead();
     std::lock_guard const inUse(memory.inUse);
-    RegStore const* const before = Load(path, memory);
+    RegStore const* const before = memory.store.Load(path);
     if (!turn.Taken() || before == nullptr || !before->Whole()) {
         return ERROR_BADDB;
     }
@@ -108,9 +70,7 @@ LSTATUS ChangeStore(std::function<LSTATUS(RegStore&)> const& change) try {
     if (RewriteFile(path.c_str(), after) != Rewritten::done) {
         return ERROR_WRITE_FAULT;
     }
-    memory.stamp.reset();
-    memory.store = std::move(written);
-    memory.bytes = std::move(after);
+    memory.store.Remember(std::move(written), std::move(after));
     return ERROR_SUCCESS;
 } catch (std::bad_alloc const&) {
     return ERROR_NOT_ENOUGH_MEMORY;

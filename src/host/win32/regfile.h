@@ -3,11 +3,16 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "registrytypes.h"
 #include "regstore.h"
 
 namespace kvarn {
+
+// The store's file as a Windows path, from the drive that its folder is; empty when its own name
+// has letters outside code page 1252.
+std::string StorePath();
 
 // Looks something up in the store and returns the result, or ERROR_BADDB when the store cannot be
 // read. Without a file the store is empty.

@@ -1,6 +1,7 @@
 #include "registry.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 
 #include "../../compat/win32/files.h"
@@ -142,6 +143,24 @@ LSTATUS RegQueryInfoKeyA(HKEY key, LPSTR keyClass, DWORD* classSize, DWORD*, DWO
         kvarn::RegKey const* const found = store.Find(PathOf(key));
         Give(keys, store.CountKeysBelow(PathOf(key)));
         Give(values, found != nullptr ? found->Values().size() : 0);
+        return static_cast<LSTATUS>(ERROR_SUCCESS);
+    });
+}
+
+LSTATUS RegEnumValueA(HKEY key, DWORD index, LPSTR name, DWORD* nameSize, DWORD*, DWORD*,
+                      std::uint8_t*, DWORD*) {
+    return kvarn::ReadStore([&](kvarn::RegStore const& store) {
+        kvarn::RegKey const* const found = store.Find(PathOf(key));
+        if (found == nullptr || index >= found->Values().size()) {
+            return static_cast<LSTATUS>(ERROR_NO_MORE_ITEMS);
+        }
+        std::string const text =
+            kvarn::FromUtf16(std::next(found->Values().begin(), index)->second.name);
+        if (text.size() >= *nameSize) {
+            return ERROR_MORE_DATA;
+        }
+        *std::copy(text.begin(), text.end(), name) = '\0';
+        *nameSize = static_cast<DWORD>(text.size());
         return static_cast<LSTATUS>(ERROR_SUCCESS);
     });
 }

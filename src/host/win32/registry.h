@@ -23,6 +23,10 @@ LSTATUS RegQueryInfoKeyA(HKEY key, LPSTR keyClass, DWORD* classSize, DWORD* rese
                          DWORD* longestKey, DWORD* longestClass, DWORD* values, DWORD* longestName,
                          DWORD* longestData, DWORD* security, FILETIME* written);
 
+// The values in the order in which they were made. The size of the room for the name, its zero
+// included, becomes that of the name; type and data are not given.
+LSTATUS RegEnumValueA(HKEY key, DWORD index, LPSTR name, DWORD* nameSize, DWORD* reserved,
+                      DWORD* type, std::uint8_t* data, DWORD* size);
 LSTATUS RegQueryValueExA(HKEY key, LPCSTR name, DWORD* reserved, DWORD* type, std::uint8_t* data,
                          DWORD* size);
 LSTATUS RegSetValueExA(HKEY key, LPCSTR name, DWORD reserved, DWORD type, std::uint8_t const* data,

@@ -243,8 +243,10 @@ RegStore::RegStore(std::string_view bytes) {
 
 void RegStore::Read(std::u16string_view text) {
     bool headerSeen = false;
+    std::size_t number = 0;
     std::u16string joined; // the lines of a value that goes on after a backslash
     while (!text.empty()) {
+        ++number;
         std::size_t const feed = text.find(u'\n');
         std::u16string_view line = text.substr(0, feed);
         text.remove_prefix(feed == std::u16string_view::npos ? text.size() : feed + 1);
@@ -261,9 +263,9 @@ void RegStore::Read(std::u16string_view text) {
             m_comment.append(line).append(lineEnd);
         } else if (line == header && !headerSeen) {
             headerSeen = true;
-        } else {
-            m_whole = m_whole && headerSeen;
-            m_whole = (line.front() == u'[' ? ReadKeyLine(line) : ReadValueLine(line)) && m_whole;
+        } else if (!(line.front() == u'[' ? ReadKeyLine(line) : ReadValueLine(line)) ||
+                   !headerSeen) {
+            m_badLines.push_back(number);
         }
         joined.clear();
     }

@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "../../compat/win32/types.h"
 
@@ -42,8 +43,9 @@ class RegStore {
     // understand.
     explicit RegStore(std::string_view bytes);
 
-    // Whether every line was understood: otherwise writing the store loses something.
-    bool Whole() const { return m_whole; }
+    // The lines that were not understood, counted from 1: writing the store would lose them.
+    std::vector<std::size_t> const& BadLines() const { return m_badLines; }
+    bool Whole() const { return m_badLines.empty(); }
     // UTF-16 with its mark; lines end in CR LF. Comments (lines that begin with a semicolon) stay
     // before the key or value that followed them.
     std::string Bytes() const;
@@ -60,7 +62,7 @@ class RegStore {
     bool ReadValueLine(std::u16string_view line);
 
     std::map<std::u16string, RegKey> m_keys; // by their paths in capitals
-    bool m_whole = true;
+    std::vector<std::size_t> m_badLines;
     RegKey* m_current = nullptr; // while reading
     std::u16string m_comment;    // before the next key or value; after reading, the file's last
 };

@@ -9,15 +9,16 @@
 
 namespace kvarn {
 
+// A string resource, in code page 1252.
 struct StringResource {
-    UINT id;
-    char const* text;
+    UINT id;          // its number
+    char const* text; // ended by a zero
 };
 
 // A client casts the address of its own to HINSTANCE.
 struct ModuleResources {
-    StringResource const* strings;
-    std::size_t count;
+    StringResource const* strings; // in any order
+    std::size_t count;             // of strings
 };
 
 } // namespace kvarn

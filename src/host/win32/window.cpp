@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdio>
+#include <string>
 
 #include "../../text/codepage.h"
 
@@ -23,7 +24,9 @@ BOOL IsWindow(HWND window) {
 }
 
 int MessageBoxA(HWND, LPCSTR text, LPCSTR caption, UINT style) {
-    std::fprintf(stderr, "%s: %s\n", kvarn::ToUtf8(caption).c_str(), kvarn::ToUtf8(text).c_str());
+    std::string const title =
+        kvarn::ToUtf8(caption != nullptr ? caption : "Error"); // as on Windows
+    std::fprintf(stderr, "%s: %s\n", title.c_str(), kvarn::ToUtf8(text).c_str());
     UINT const buttons = style & MB_TYPEMASK;
     UINT const standard = (style & MB_DEFMASK) / MB_DEFBUTTON2;
     return buttons < buttonsOf.size() && standard < 3 ? buttonsOf[buttons][standard] : IDOK;

@@ -1,115 +1,187 @@
 // kvarnio check.
+#include <algorithm>
+#include <iostream>
 #include <memory>
+#include <set>
 
 #include <CLI/CLI.hpp>
 #include <files/pathparts.h>
-#include <formats/checks/checks.h>
-#include <geodata/materialtable.h>
-#include <kvarnfiles/defaults.h>
 
 #include "../commands.h"
-#include "../shared/backup.h"
 #include "../shared/copies.h"
-#include "../shared/finding.h"
 #include "../shared/platform.h"
+#include "../shared/progress.h"
+#include "checkfiles.h"
 
 namespace kvarnio {
 namespace {
 
 struct CheckArguments {
-    std::string folder;
+    CLI::Option const* operands = nullptr;
+    std::string all;
     std::vector<std::string> stamps;
     std::vector<std::string> points;
+    std::vector<std::string> folderLists;
+    std::vector<std::string> only;
+    std::vector<std::string> ignored;
+    bool rules = false;
 };
 
-struct FileToCheck {
-    std::string path; // of the library
-    std::vector<Finding> (*check)(std::string_view content);
-};
+// --- What is asked for ---------------------------------------------------------------------------
 
-std::vector<Finding> CheckMaterials(std::string_view content, bool norwegian) {
-    using kvarn::MaterialKind;
-    return kvarn::CheckStenkod(content, kvarn::MaterialTable(MaterialKind::rock, norwegian),
-                               kvarn::MaterialTable(MaterialKind::fill, norwegian), norwegian);
+std::string ExistingFile(std::string const& typed) {
+    std::string path = LibraryPath(typed);
+    if (!Exists(path)) {
+        throw Failure("there is no file or folder " + typed);
+    }
+    return path;
 }
 
-std::vector<FileToCheck> FilesIn(std::string const& folder) {
-    FileToCheck const known[] = {
-        {CProjPath::KvarnParNamn,
-         [](auto text) { return kvarn::CheckKeys(text, kvarn::kvarnDefaults); }},
-        {CProjPath::StenParNamn,
-         [](auto text) { return kvarn::CheckKeys(text, kvarn::stenDefaults); }},
-        {CProjPath::KvarnCfgNamn, [](auto text) { return kvarn::CheckKeys(text, {}); }},
-        {CProjPath::Jb23ParNamn, [](auto text) { return kvarn::CheckJb23(text); }},
-        {CProjPath::Kodfil, kvarn::CheckKodfil},
-        {CProjPath::Miljkod, kvarn::CheckMiljkod},
-        {CProjPath::Linkod, kvarn::CheckLinkod},
-        {CBergOrMateLista::FILNAMN, [](auto text) { return CheckMaterials(text, false); }},
-        {CBergOrMateLista::FILNAMNN, [](auto text) { return CheckMaterials(text, true); }},
-    };
-    std::vector<FileToCheck> files;
-    for (FileToCheck const& file : known) {
-        std::string path = kvarn::PathOf(folder, file.path);
-        if (Exists(path)) {
-            files.push_back({std::move(path), file.check});
-        }
+// Returns whether it is a project. A folder with the name of a file is a file that cannot be read.
+bool AddOperand(std::string const& typed, std::vector<FileToCheck>& files) {
+    std::string const folder = LibraryFolder(typed);
+    if (auto const file = ByName(folder)) {
+        ExistingFile(typed);
+        files.push_back(*file);
+        return false;
     }
+    if (IsFolder(folder + '\\')) {
+        auto const found = FilesOf(folder);
+        files.insert(files.end(), found.begin(), found.end());
+        return true;
+    }
+    ExistingFile(typed);
+    throw UsageError("no program reads a file of the name " + typed +
+                     "; --stamp, --points or --folders says what it is");
+}
+
+void AddProjectsOf(std::string const& typed, std::vector<FileToCheck>& files) {
+    std::string const folder = LibraryFolder(typed);
+    if (!IsFolder(folder + '\\')) {
+        throw Failure("there is no folder " + typed);
+    }
+    for (std::string const& project : ProjectsBelow(folder)) {
+        auto const found = FilesOf(project);
+        files.insert(files.end(), found.begin(), found.end());
+    }
+}
+
+// Each file once, in the order in which they were named.
+std::vector<FileToCheck> Distinct(std::vector<FileToCheck> files) {
+    std::set<std::string> seen;
+    std::erase_if(files,
+                  [&](FileToCheck const& file) { return !seen.insert(Shown(file.path)).second; });
     return files;
-}
-
-// Programs give support points any name: without an option those with this extension are checked.
-void AddPointsIn(std::string const& folder, std::vector<FileToCheck>& files) {
-    CDirSort list;
-    list.Init(kvarn::PathOf(folder, "*.STP").c_str(), 1, 1, 0, 0); // by name
-    for (bool there = list.Home() == 0; there; there = list++ != nullptr) {
-        files.push_back({kvarn::PathOf(folder, list.Get_aktel()->namn), kvarn::CheckPoints});
-    }
-}
-
-// The list that the settings name for all projects.
-void AddFolderList(Context& context, std::vector<FileToCheck>& files) {
-    CString const list = context.ini.ReadKey(CString("ARKIV"), CString("MAPPAR"));
-    if (!list.IsEmpty() && Exists(list.GetString())) {
-        files.push_back({list.GetString(), kvarn::CheckMappar});
-    }
 }
 
 std::vector<FileToCheck> FilesToCheck(Context& context, CheckArguments const& arguments) {
-    std::string const folder = LibraryFolder(arguments.folder);
-    if (!IsFolder(folder + '\\')) {
-        throw Failure("there is no folder " + arguments.folder);
+    std::vector<FileToCheck> files;
+    auto const operands = arguments.operands->results();
+    bool hasProject = !arguments.all.empty();
+    if (hasProject) {
+        AddProjectsOf(arguments.all, files);
     }
-    std::vector<FileToCheck> files = FilesIn(folder);
-    AddPointsIn(folder, files);
-    for (std::string const& points : arguments.points) {
-        files.push_back({LibraryPath(points), kvarn::CheckPoints});
+    for (std::string const& typed : operands) {
+        hasProject = AddOperand(typed, files) || hasProject;
     }
-    for (std::string const& stamp : arguments.stamps) {
-        files.push_back({LibraryPath(stamp), kvarn::CheckStamp});
+    auto const addAs = [&](std::vector<std::string> const& all, auto as) {
+        for (std::string const& typed : all) {
+            files.push_back(as(ExistingFile(typed)));
+        }
+    };
+    addAs(arguments.points, AsPoints);
+    addAs(arguments.stamps, AsStamp);
+    addAs(arguments.folderLists, AsFolderList);
+    if (operands.empty() && arguments.all.empty() && files.empty()) {
+        throw UsageError("name a project folder or a file to check");
     }
     if (files.empty()) {
-        throw Failure("there is nothing to check in " + arguments.folder);
+        throw Failure("there is nothing to check in " +
+                      (operands.empty() ? arguments.all : operands.front()));
     }
-    AddFolderList(context, files);
-    return files;
+    if (hasProject) {
+        auto const common = CommonFiles(context);
+        files.insert(files.end(), common.begin(), common.end());
+    }
+    return Distinct(std::move(files));
 }
 
-ExitStatus Check(Context& context, CheckArguments const& arguments) {
-    bool sound = true;
+// --- The rules -----------------------------------------------------------------------------------
+
+std::vector<Rule> RulesNamed(std::vector<std::string> const& names) {
+    std::vector<Rule> rules;
+    for (std::string const& name : names) {
+        auto const rule = kvarn::RuleNamed(name);
+        if (!rule) {
+            throw UsageError("there is no rule " + name + "; --rules lists them");
+        }
+        rules.push_back(*rule);
+    }
+    return rules;
+}
+
+bool Holds(std::vector<Rule> const& rules, Rule rule) {
+    return std::find(rules.begin(), rules.end(), rule) != rules.end();
+}
+
+class Chosen {
+  public:
+    explicit Chosen(CheckArguments const& arguments)
+        : m_only(RulesNamed(arguments.only)), m_ignored(RulesNamed(arguments.ignored)) {}
+
+    std::vector<Finding> Of(std::vector<Finding> findings) const {
+        std::erase_if(findings, [this](Finding const& finding) {
+            return (!m_only.empty() && !Holds(m_only, finding.rule)) ||
+                   Holds(m_ignored, finding.rule);
+        });
+        return findings;
+    }
+
+  private:
+    std::vector<Rule> m_only;
+    std::vector<Rule> m_ignored;
+};
+
+ExitStatus PrintRules(Context const& context) {
+    std::vector<std::vector<std::string>> rows{{"RULE", "SEVERITY", "WHAT IS FOUND"}};
     Json json = Json::array();
-    for (FileToCheck const& file : FilesToCheck(context, arguments)) {
-        std::vector<Finding> const findings = file.check(ReadWhole(file.path));
-        sound = sound && IsSound(findings);
+    for (kvarn::RuleText const& rule : kvarn::Rules()) {
+        rows.push_back({std::string(rule.name), std::string(NameOf(rule.severity)),
+                        std::string(rule.meaning)});
+        json.push_back(
+            {{"rule", rule.name}, {"severity", NameOf(rule.severity)}, {"meaning", rule.meaning}});
+    }
+    context.json ? PrintJson(json) : PrintTable(rows);
+    return done;
+}
+
+// --- The check -----------------------------------------------------------------------------------
+
+ExitStatus Check(Context& context, CheckArguments const& arguments) {
+    if (arguments.rules) {
+        return PrintRules(context);
+    }
+    Chosen const chosen(arguments);
+    std::vector<FileToCheck> const files = FilesToCheck(context, arguments);
+    ExitStatus status = done;
+    Json json = Json::array();
+    Progress progress("files", files.size(), 1);
+    for (FileToCheck const& file : files) {
+        std::vector<Finding> const findings = chosen.Of(FindingsOf(file));
+        status = std::max(status, StatusOf(findings));
         if (context.json) {
             AppendFindings(json, Shown(file.path), findings);
-        } else {
+        } else if (arguments.all.empty() || !IsSound(findings)) {
             PrintFindings(Shown(file.path), findings);
         }
+        progress.Advance(1);
     }
     if (context.json) {
         PrintJson(json);
+    } else if (!arguments.all.empty() && status == done) {
+        std::cout << files.size() << " files: no problems\n";
     }
-    return sound ? done : failed;
+    return status;
 }
 
 } // namespace
@@ -117,21 +189,28 @@ ExitStatus Check(Context& context, CheckArguments const& arguments) {
 void AddCheckCommand(CommandLine& line) {
     auto const arguments = std::make_shared<CheckArguments>();
     CLI::App& check = line.AddCommand(
-        "check", "Name what is wrong with the files of a project, as file:line: problem",
-        "Its settings, code and material files, its support points (*.STP) and the list of folders "
-        "that\nMarkvida.ini names: lines that are not read, or lost when a program writes the "
-        "file; "
-        "text that is cut or\nread as something else; numbers that are none, or out of their "
-        "limits. "
-        "Any other folder with such files\ncan be checked too.\n"
-        "Exit status: 0 no problems, 1 problems.");
-    check.add_option("PROJECT", arguments->folder, "Project folder")->required();
-    check.add_option("--stamp", arguments->stamps, "A title block's file, to be checked too")
-        ->type_name("FILE")
-        ->allow_extra_args(false);
-    check.add_option("--points", arguments->points, "A file of support points, to be checked too")
-        ->type_name("FILE")
-        ->allow_extra_args(false);
+        "check", "Name what is wrong with files, as file:line: problem [rule]",
+        "Of a project folder: its settings, code and material files, its support\n"
+        "points (*.STP), its roads and areas (*.VL), and what all projects share:\n"
+        "Markvida.ini, KVARNBOK.CFG, the list of folders, the registry's text. A file\n"
+        "is known by its name.\n"
+        "Found are lines that are lost when a program writes the file, what is misread,\n"
+        "and what is doubtful; docs/check-rules.md shows an example of each rule.\n"
+        "Exit status: 0 no problems, 1 problems, 3 a file could not be read.");
+    arguments->operands =
+        &CommandLine::AddWords(check, "PROJECT|FILE", "Project folders and files");
+    check.add_option("--all", arguments->all, "Every project in and below FOLDER")
+        ->type_name("FOLDER");
+    auto const addList = [&](char const* name, std::vector<std::string>& list, char const* type,
+                             char const* what) {
+        check.add_option(name, list, what)->type_name(type)->allow_extra_args(false);
+    };
+    addList("--stamp", arguments->stamps, "FILE", "A title block's file");
+    addList("--points", arguments->points, "FILE", "A file of support points");
+    addList("--folders", arguments->folderLists, "FILE", "A list of a project's folders");
+    addList("--only", arguments->only, "RULE", "This rule alone; may be given again");
+    addList("--ignore", arguments->ignored, "RULE", "Not this rule; may be given again");
+    check.add_flag("--rules", arguments->rules, "List the rules");
     line.Run(check, [arguments](Context& context) { return Check(context, *arguments); });
 }
 

@@ -79,14 +79,4 @@ CodeRecord Typed(CodesArguments const& arguments, CodeRecord const* other) {
     return record;
 }
 
-std::string NameOf(CodesArguments const& arguments) {
-    std::string name;
-    for (std::size_t i = 0; i < arguments.cells.size(); ++i) {
-        if (arguments.format.columns[i].isKey) {
-            name.insert(0, *arguments.cells[i] + (name.empty() ? "" : " in section "));
-        }
-    }
-    return name;
-}
-
 } // namespace kvarnio

@@ -26,7 +26,4 @@ std::string Heading(Column const& column);
 // one. Throws UsageError, with the reason.
 CodeRecord Typed(CodesArguments const& arguments, CodeRecord const* other);
 
-// The typed words that tell the record from others.
-std::string NameOf(CodesArguments const& arguments);
-
 } // namespace kvarnio

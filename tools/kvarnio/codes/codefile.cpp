@@ -26,7 +26,7 @@ Copy FileInForce(Context const& context, CodeFormat const& format) {
 } // namespace
 
 CodeFile::CodeFile(Context const& context, CodeFormat const& format, std::string const& typedFile)
-    : m_format(&format) {
+    : m_format(&format), m_dryRun(context.dryRun) {
     if (format.fileName == nullptr) {
         m_path = LibraryPath(typedFile);
     } else {
@@ -69,13 +69,17 @@ CodeRecords CodeFile::AddMissing(Losses& losses) {
 }
 
 Losses CodeFile::Replace(std::string const& content) const {
+    RequireText(m_path, m_content);
     Losses losses = LossesOf(m_findings);
-    if (!kvarn::OpensForWriting(m_path.c_str())) {
-        throw Failure(NotWritten(m_path));
+    if (m_dryRun) {
+        return losses;
     }
-    KeepWhatIsLost(m_path, losses);
+    if (!kvarn::OpensForWriting(m_path.c_str())) {
+        throw IoFailure(NotWritten(m_path));
+    }
+    KeepOld(m_path, losses, m_format->check);
     if (kvarn::RewriteFile(m_path.c_str(), content) != kvarn::Rewritten::done) {
-        throw Failure(NotWritten(m_path));
+        throw IoFailure(NotWritten(m_path));
     }
     return losses;
 }

@@ -20,8 +20,8 @@ class CodeFile {
     CodeRecords const& Records() const { return m_records; }
     std::vector<Finding> const& Findings() const { return m_findings; }
 
-    // Writes the file anew with these records, all or nothing, and keeps the old one where
-    // something is lost: this is returned. Throws Failure, also where it would not read back so.
+    // Writes the file anew with these records, all or nothing, and keeps the old one; what is lost
+    // is returned. A dry run writes nothing. Throws Failure, also where it would not read back so.
     Losses Write(CodeRecords const& records);
 
     // The same with the codes that the library adds where they are missing. Returns these; where
@@ -32,6 +32,7 @@ class CodeFile {
     Losses Replace(std::string const& content) const;
 
     CodeFormat const* m_format;
+    bool m_dryRun;
     std::string m_path;
     std::string m_place;
     std::string m_content;

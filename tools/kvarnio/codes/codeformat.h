@@ -49,6 +49,11 @@ struct CodeFormat {
     void (*complete)(CodeRecord& record);
 };
 
+// Whether two records stand for the same code.
+bool SameKey(CodeFormat const& format, CodeRecord const& a, CodeRecord const& b);
+// What tells the record from others, in UTF-8.
+std::string NameOf(CodeFormat const& format, CodeRecord const& record);
+
 // The names of the files are the project's at this moment.
 std::vector<CodeFormat> CodeFormats();
 

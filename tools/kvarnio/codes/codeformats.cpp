@@ -13,6 +13,7 @@
 #include <text/format.h>
 
 #include "../shared/failure.h"
+#include "../shared/output.h"
 
 namespace kvarnio {
 namespace {
@@ -315,6 +316,25 @@ CodeFormat Stamp() {
 }
 
 } // namespace
+
+bool SameKey(CodeFormat const& format, CodeRecord const& a, CodeRecord const& b) {
+    for (std::size_t i = 0; i < format.columns.size(); ++i) {
+        if (format.columns[i].isKey && a.cells[i] != b.cells[i]) {
+            return false;
+        }
+    }
+    return true;
+}
+
+std::string NameOf(CodeFormat const& format, CodeRecord const& record) {
+    std::string name;
+    for (std::size_t i = 0; i < record.cells.size(); ++i) {
+        if (format.columns[i].isKey) {
+            name.insert(0, OneLine(record.cells[i]) + (name.empty() ? "" : " in section "));
+        }
+    }
+    return name;
+}
 
 std::vector<CodeFormat> CodeFormats() {
     return {Kodfil(), Miljkod(), Linkod(), Stamp()};

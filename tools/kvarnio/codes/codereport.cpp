@@ -97,15 +97,16 @@ void Report(Context const& context, CodeFormat const& format, CodeFile const& fi
     if (context.json) {
         Json json = {{"was", change.was != nullptr ? ToJson(format, *change.was) : Json()},
                      {"now", change.now != nullptr ? ToJson(format, *change.now) : Json()},
-                     {"written", Shown(file.Path())}};
-        AddLosses(json, file.Path(), losses);
+                     {"written", context.dryRun ? Json() : Json(Shown(file.Path()))}};
+        AddLosses(json, losses);
         PrintJson(json);
         return;
     }
     std::string const was = change.was != nullptr ? Shown(format, *change.was) : "";
     std::string const now = change.now != nullptr ? Shown(format, *change.now) : "";
     bool const both = !was.empty() && !now.empty();
-    std::cout << Shown(file.Path()) << ": " << change.verb << ' ' << (now.empty() ? was : now)
+    std::cout << (context.dryRun ? "would be written: " : "") << Shown(file.Path()) << ": "
+              << change.verb << ' ' << (now.empty() ? was : now)
               << (both ? " (was " + was + ')' : "") << '\n';
 }
 

@@ -12,15 +12,6 @@
 namespace kvarnio {
 namespace {
 
-bool SameKey(CodeFormat const& format, CodeRecord const& a, CodeRecord const& b) {
-    for (std::size_t i = 0; i < format.columns.size(); ++i) {
-        if (format.columns[i].isKey && a.cells[i] != b.cells[i]) {
-            return false;
-        }
-    }
-    return true;
-}
-
 ExitStatus ListCodes(Context& context, CodesArguments const& arguments) {
     CodeFile const file(context, arguments.format, arguments.file);
     PrintUnread(file);
@@ -46,7 +37,8 @@ CodeRecords::iterator Find(CodesArguments const& arguments, CodeRecords& records
 
 void RequireFound(CodesArguments const& arguments, CodeFile const& file, bool found) {
     if (!found) {
-        throw Failure(NameOf(arguments) + " does not stand in " + Shown(file.Path()));
+        throw Failure(NameOf(arguments.format, Typed(arguments, nullptr)) + " does not stand in " +
+                      Shown(file.Path()));
     }
 }
 
@@ -64,8 +56,8 @@ ExitStatus AddCode(Context& context, CodesArguments const& arguments) {
     CodeFile file(context, format, arguments.file);
     CodeRecords records = file.Records();
     if (auto const found = Find(arguments, records); found != records.end()) {
-        throw Failure(NameOf(arguments) + " stands in " + Shown(file.Path()) +
-                      " already: " + Shown(format, *found));
+        throw Failure(NameOf(arguments.format, Typed(arguments, nullptr)) + " stands in " +
+                      Shown(file.Path()) + " already: " + Shown(format, *found));
     }
     // At the end of its section, where there are sections: they come in order.
     bool const hasSections = format.columns.front().type == Column::Type::whole;
@@ -119,12 +111,13 @@ ExitStatus UpdateCodes(Context& context, CodeFormat const& format) {
     }
     if (context.json) {
         Json json = {{"file", Shown(file.Path())}, {"added", ToJson(format, added)}};
-        AddLosses(json, file.Path(), losses);
+        AddLosses(json, losses);
         PrintJson(json);
         return done;
     }
     for (CodeRecord const& record : added) {
-        std::cout << Shown(file.Path()) << ": added " << Shown(format, record) << '\n';
+        std::cout << (context.dryRun ? "would be written: " : "") << Shown(file.Path())
+                  << ": added " << Shown(format, record) << '\n';
     }
     if (added.empty()) {
         std::cout << Shown(file.Path()) << ": no code was missing\n";
@@ -166,6 +159,9 @@ void AddKinds(CommandLine& line, CLI::App& action, Takes takes,
         if (takes != Takes::none) {
             AddCells(command, *arguments, takes);
         }
+        if (run != ListCodes) {
+            line.AddDryRun(command);
+        }
         line.Run(command, [arguments, run](Context& context) { return run(context, *arguments); });
     }
 }
@@ -174,8 +170,9 @@ void AddKinds(CommandLine& line, CLI::App& action, Takes takes,
 
 void AddCodesCommand(CommandLine& line) {
     constexpr char const* losing =
-        "The file is written by the library. What it does not read is dropped, named on standard "
-        "error,\nand kept in FILE.bak.";
+        "The file is written by the library, and the old one is kept in FILE.bak: kvarnio undo "
+        "FILE\n"
+        "puts it back. What the library does not read is dropped, and named on standard error.";
     CLI::App& codes =
         line.AddGroup("codes", "Show and change the code files",
                       "A code file is taken from the project folder, else the CFG folder, else the "
@@ -195,6 +192,7 @@ void AddCodesCommand(CommandLine& line) {
     CLI::App& update = CommandLine::AddCommand(
         codes, "update", std::string("Add the codes that programs rely on to ") + miljkod->fileName,
         losing);
+    line.AddDryRun(update);
     line.Run(update,
              [format = *miljkod](Context& context) { return UpdateCodes(context, format); });
 }

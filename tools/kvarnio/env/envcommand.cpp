@@ -33,7 +33,10 @@ class Findings {
             !path.IsEmpty() && std::filesystem::exists(HostPath(path.GetString()), unreachable);
         Add(name, shown, path.IsEmpty() ? "not set" : there ? why : why + "; does not exist");
     }
-    void Print(bool json) const { json ? PrintJson(m_json) : PrintTable(m_rows); }
+    void Print(bool json) const {
+        constexpr std::size_t longPath = 200;
+        json ? PrintJson(m_json) : PrintTable(m_rows, longPath);
+    }
 
   private:
     std::vector<std::vector<std::string>> m_rows = {{"WHAT", "VALUE", "WHY"}};
@@ -102,14 +105,16 @@ void AddSteps(Findings& findings, std::vector<kvarn::BootstrapStep> const& steps
     }
 }
 
-void AddSettings(Findings& findings, CAutoIni& ini, bool bootstrapped) {
+void AddSettings(Findings& findings, Context& context, bool bootstrapped) {
+    CAutoIni& ini = context.ini;
     bool const direct = ini.m_lage != 0;
     findings.Add("settings mode", std::to_string(ini.m_lage),
                  direct ? "keys go to the INI file" : "keys go through the application object");
     findings.AddPath("INI file", ini.m_iniFil,
                      std::string(ini.m_iniFil.GetString()).find('\\') == std::string::npos
                          ? "none in the main folder: a bare name is Windows' own folder"
-                         : "found");
+                     : context.IniIsReadable() ? "found"
+                                               : "cannot be read: what it says does not hold");
     findings.AddPath("main folder", ini.m_huvudKat,
                      bootstrapped                         ? "of the installation"
                      : std::getenv("KVARNBOK") != nullptr ? "KVARNBOK, or --home"
@@ -155,9 +160,9 @@ ExitStatus Env(Context& context, EnvArguments const& arguments) {
                                  : "no folder of the user's, or no platform registered");
         status = result == 0 ? status : failed;
     }
-    AddSettings(findings, ini, bootstrapped);
+    AddSettings(findings, context, bootstrapped);
     findings.Print(context.json);
-    return status;
+    return context.IniIsReadable() ? status : notDone;
 }
 
 } // namespace

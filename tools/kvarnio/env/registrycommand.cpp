@@ -2,10 +2,12 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <iostream>
 #include <memory>
 #include <utility>
 
 #include <CLI/CLI.hpp>
+#include <host/calls.h>
 #include <text/codepage.h>
 #include <text/format.h>
 
@@ -40,16 +42,44 @@ HKEY Root(std::string const& name) {
     return root->second;
 }
 
+struct Key {
+    HKEY root;
+    std::string path; // in code page 1252
+};
+
 // The key, as HKCU\Software\...
-CRegistry Open(std::string const& typed) {
+Key KeyOf(std::string const& typed) {
     std::size_t const separator = std::min(typed.size(), typed.find('\\'));
-    CRegistry registry;
-    registry.SetRootKey(Root(typed.substr(0, separator)));
     std::string const path = separator < typed.size() ? typed.substr(separator + 1) : "";
-    if (registry.SetKey(Text("KEY", path).c_str(), 0, KEY_READ) == 0) {
+    return {Root(typed.substr(0, separator)), Text("KEY", path)};
+}
+
+CRegistry Open(Key const& key, std::string const& typed) {
+    CRegistry registry;
+    registry.SetRootKey(key.root);
+    if (registry.SetKey(key.path.c_str(), 0, KEY_READ) == 0) {
         throw Failure("there is no key " + typed);
     }
     return registry;
+}
+
+// Of the key's values, the default one's being empty.
+std::vector<std::string> ValueNames(Key const& key) {
+    std::vector<std::string> names;
+    HKEY opened = nullptr;
+    constexpr DWORD noOptions = 0;
+    if (RegOpenKeyExA(key.root, key.path.c_str(), noOptions, KEY_READ, &opened) != ERROR_SUCCESS) {
+        return names;
+    }
+    std::vector<char> name(16384); // characters, the most that one has
+    auto size = static_cast<DWORD>(name.size());
+    while (RegEnumValueA(opened, static_cast<DWORD>(names.size()), name.data(), &size, nullptr,
+                         nullptr, nullptr, nullptr) == ERROR_SUCCESS) {
+        names.emplace_back(name.data(), size);
+        size = static_cast<DWORD>(name.size());
+    }
+    RegCloseKey(opened);
+    return names;
 }
 
 std::string TypeName(DWORD type) {
@@ -109,23 +139,45 @@ Json Forms(CRegistry& registry, CString const& name) {
     return forms;
 }
 
-ExitStatus ShowKey(Context& context, CRegistry& registry, std::string const& typed) {
-    int const values = registry.GetValueCount();
-    int const keys = registry.GetSubKeyCount();
+// In its first form; bytes that have none are counted.
+std::string OnOneRow(Json const& forms, int size) {
+    if (forms.empty()) {
+        return std::to_string(size) + (size == 1 ? " byte" : " bytes");
+    }
+    Json const& first = *forms.begin();
+    return first.is_string() ? first.get<std::string>() : first.dump();
+}
+
+ExitStatus ShowKey(Context& context, CRegistry& registry, Key const& key,
+                   std::string const& typed) {
+    int const keys = registry.GetSubKeyCount(); // -1: they cannot be counted without full access
+    Json values = Json::array();
+    std::vector<std::vector<std::string>> rows = {{"NAME", "TYPE", "VALUE"}};
+    for (std::string const& name : ValueNames(key)) {
+        CString const asked(name.c_str());
+        Json const forms = Forms(registry, asked);
+        std::string const type = TypeName(registry.GetDataType(asked));
+        std::string const shown = name.empty() ? "@" : kvarn::ToUtf8(name);
+        values.push_back({{"name", shown}, {"type", type}, {"as", forms}});
+        rows.push_back({shown, type, OnOneRow(forms, registry.GetDataSize(asked))});
+    }
     if (context.json) {
-        PrintJson({{"key", typed}, {"values", values}, {"keys", keys}});
-    } else { // -1: they cannot be counted without full access
-        PrintTable({{"KEY", typed},
-                    {"VALUES", values < 0 ? "not told" : std::to_string(values)},
-                    {"KEYS", keys < 0 ? "not told" : std::to_string(keys)}});
+        PrintJson({{"key", typed}, {"values", values}, {"keys", keys < 0 ? Json() : Json(keys)}});
+        return done;
+    }
+    PrintTable({{"KEY", typed}, {"KEYS", keys < 0 ? "not told" : std::to_string(keys)}});
+    if (!values.empty()) {
+        std::cout << '\n';
+        PrintTable(rows);
     }
     return done;
 }
 
 ExitStatus Registry(Context& context, RegistryArguments const& arguments) {
-    CRegistry registry = Open(arguments.key);
+    Key const key = KeyOf(arguments.key);
+    CRegistry registry = Open(key, arguments.key);
     if (arguments.name.empty()) {
-        return ShowKey(context, registry, arguments.key);
+        return ShowKey(context, registry, key, arguments.key);
     }
     CString const name(arguments.name == "@" ? "" : Text("NAME", arguments.name).c_str());
     int const size = registry.GetDataSize(name);
@@ -156,7 +208,9 @@ ExitStatus Registry(Context& context, RegistryArguments const& arguments) {
 void AddRegistryCommand(CommandLine& line) {
     auto const arguments = std::make_shared<RegistryArguments>();
     CLI::App& registry = line.AddCommand(
-        "registry", "Show a value of the registry in every form in which programs read it",
+        "registry",
+        "Show the values of a key of the registry, or one in every form in which programs "
+        "read it",
         "Example: kvarnio registry 'HKCU\\Software\\Orsakor\\Vallentra\\Markvida\\Samlaren' "
         "ACADVER\n"
         "A number is stored as bytes, and may be an integer, a colour or a truth value: all that "
@@ -165,7 +219,7 @@ void AddRegistryCommand(CommandLine& line) {
     registry.add_option("KEY", arguments->key, "Key, beginning with HKCU, HKLM, HKCR or HKU")
         ->required();
     registry.add_option("NAME", arguments->name,
-                        "Value; @ for the default one, without it the key's counts");
+                        "Value; @ for the default one, without it all are listed");
     line.Run(registry, [arguments](Context& context) { return Registry(context, *arguments); });
 }
 

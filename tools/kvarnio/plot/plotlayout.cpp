@@ -195,17 +195,6 @@ std::string Trimmed(double number, int decimals) {
     return text == "-0" ? "0" : text;
 }
 
-std::string StationText(double station, int decimals) {
-    constexpr double kilometre = 1000;
-    double const unit = std::pow(10, -decimals);
-    double const rounded = std::round(std::fabs(station) / unit) * unit;
-    double const kilometres = std::floor((rounded + unit / 4) / kilometre);
-    double const metres = std::max(rounded - kilometres * kilometre, 0.0);
-    int const width = decimals > 0 ? 4 + decimals : 3;
-    return std::string(station < 0 && rounded > 0 ? "-" : "") +
-           kvarn::Format("%.0lf/%0*.*lf", kilometres, width, decimals, metres);
-}
-
 int DecimalsOf(double interval) {
     return std::max(0, static_cast<int>(std::ceil(-std::log10(interval * 1.01))));
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "../shared/road/roadgeometry.h"
+#include "../shared/road/station.h"
 #include "svg.h"
 
 namespace kvarnio {
@@ -53,8 +54,6 @@ std::string ScaleText(double millimetresPerMetre);
 std::string Grouped(double number);
 // A number without zeros at its end.
 std::string Trimmed(double number, int decimals);
-// Kilometres and metres, "1/050".
-std::string StationText(double station, int decimals);
 // The decimals that multiples of an interval have.
 int DecimalsOf(double interval);
 

@@ -45,7 +45,7 @@ std::optional<Area> AreaOf(Context& context, RoadFile& file) {
 
 void Write(std::string const& typed, std::string const& text) {
     if (kvarn::RewriteFile(LibraryPath(typed).c_str(), text) != kvarn::Rewritten::done) {
-        throw Failure(typed + " cannot be written");
+        throw IoFailure(typed + " cannot be written");
     }
 }
 

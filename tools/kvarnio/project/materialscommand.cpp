@@ -74,7 +74,7 @@ void AddSources(List& list, Materials const& materials) {
         }
     }
     if (list.sources.size() != list.entries.size()) {
-        throw Failure("the material file has changed while it was read");
+        throw IoFailure("the material file has changed while it was read");
     }
 }
 

@@ -38,15 +38,22 @@ class Points {
     explicit Points(std::string const& typed)
         : m_path(LibraryPath(typed)), m_points(m_path.c_str()) {
         if (MessageWasShown()) {
-            throw Failure(Shown(m_path) + " cannot be read");
+            ThrowNotRead(m_path);
         }
         for (bool there = m_points.Home() == 0; there; there = m_points++ != nullptr) {
             m_read.push_back(*m_points.Get_aktel());
         }
         std::string const content = ReadWhole(m_path);
         kvarn::LineReader lines{std::string_view(content)};
+        bool hasNumber = false;
         for (kvarn::StodpunktLine const& line : kvarn::StodpunktHeader(lines).numbers) {
+            double values[kvarn::stodpunktNumbers];
+            hasNumber = hasNumber || kvarn::ReadValues(line.line.text, values) > 0;
             m_headerInFile.push_back(OneLine(kvarn::Trimmed(line.line.text)));
+        }
+        if (!hasNumber) {
+            throw Failure(Shown(m_path) +
+                          " is no file of support points: its header holds no number");
         }
         kvarn::StodpunktReader blocks(lines);
         for (kvarn::StodpunktBlock block; blocks.Next(block);) {
@@ -57,7 +64,7 @@ class Points {
             }
         }
         if (m_valuesInFile.size() != m_read.size()) {
-            throw Failure(Shown(m_path) + " has changed while it was read");
+            throw IoFailure(Shown(m_path) + " has changed while it was read");
         }
     }
 

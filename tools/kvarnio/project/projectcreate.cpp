@@ -115,10 +115,12 @@ ExitStatus Create(Context& context, CreateArguments arguments) {
         return done;
     }
     if (!made.empty()) {
-        throw Failure(Shown(folder) + ": not all of it could be made; what was made stays");
+        throw IoFailure(Shown(folder) + ": not all of it could be made; what was made stays");
     }
-    throw Failure(Shown(folder) + ": nothing was made" +
-                  (existed && !arguments.yes ? "; --yes uses a folder that exists" : ""));
+    if (existed && !arguments.yes) {
+        throw Failure(Shown(folder) + ": nothing was made; --yes uses a folder that exists");
+    }
+    throw IoFailure(Shown(folder) + ": nothing was made");
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 // kvarnio road, kvarnio road info.
+#include <iostream>
 #include <memory>
 
 #include <CLI/CLI.hpp>
@@ -8,6 +9,7 @@
 #include "../shared/output.h"
 #include "../shared/road/roadfile.h"
 #include "../shared/road/roadgeometry.h"
+#include "roadelements.h"
 
 namespace kvarnio {
 namespace {
@@ -58,7 +60,18 @@ class Report {
         m_rows.push_back({"  heights", Range(profile.extent.minX, profile.extent.maxX)});
         json["heights"] = ToJson(profile.extent.minX, profile.extent.maxX);
     }
-    void Print(bool json) const { json ? PrintJson(m_json) : PrintTable(m_rows); }
+    void AddElements(std::vector<kovltype> const& plan) { m_json["elements"] = ElementsOf(plan); }
+    void Print(bool json) const {
+        if (json) {
+            PrintJson(m_json);
+            return;
+        }
+        PrintTable(m_rows);
+        if (m_json.contains("elements")) {
+            std::cout << '\n';
+            PrintElements(m_json["elements"]);
+        }
+    }
 
   private:
     Json& Begin(char const* title, char const* name, PartInfo const& part) {
@@ -76,8 +89,16 @@ class Report {
     Json m_json;
 };
 
-ExitStatus Info(Context& context, std::string const& typed) {
-    RoadFile const file(typed);
+struct InfoArguments {
+    std::string file;
+    bool elements = false;
+};
+
+ExitStatus Info(Context& context, InfoArguments const& arguments) {
+    RoadFile file(arguments.file);
+    if (file.Plan().empty() && file.Profile().empty()) {
+        throw Failure(Shown(file.Path()) + " is no road file: none of its lines gives a vertex");
+    }
     file.WarnOfSkippedLines();
     Report report(file);
     if (!file.Plan().empty()) {
@@ -86,19 +107,26 @@ ExitStatus Info(Context& context, std::string const& typed) {
     if (std::vector<kovltype> const& profile = file.Profile(); !profile.empty()) {
         report.AddProfile(InfoOf(profile, profile.back().y - profile.front().y));
     }
+    if (arguments.elements) {
+        static_cast<void>(file.PlanToAsk());
+        report.AddElements(file.Plan());
+    }
     report.Print(context.json);
     return done;
 }
 
 void AddInfo(CLI::App& road, CommandLine& line) {
-    auto const file = std::make_shared<std::string>();
+    auto const arguments = std::make_shared<InfoArguments>();
     CLI::App& info = CommandLine::AddCommand(
         road, "info", "Show what a road file holds: name, type, length, stations, extent",
         "The length of a plan is that of its straights and arcs, that of a profile is the "
         "difference of its stations;\nthe extent includes what arcs bow beyond their ends.\n"
         "Example: kvarnio road info KVARNBOK.DBF/VAG27.VL");
-    AddRoadFile(info, *file);
-    line.Run(info, [file](Context& context) { return Info(context, *file); });
+    AddRoadFile(info, arguments->file);
+    info.add_flag("--elements", arguments->elements,
+                  "List the straights and arcs of the plan; bearings are in gon, clockwise from "
+                  "north");
+    line.Run(info, [arguments](Context& context) { return Info(context, *arguments); });
 }
 
 } // namespace

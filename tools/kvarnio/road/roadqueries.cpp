@@ -1,219 +1,24 @@
 // kvarnio road xy, station, z.
-#include <charconv>
-#include <cmath>
-#include <iostream>
+#include <algorithm>
 #include <memory>
-#include <optional>
 
 #include <CLI/CLI.hpp>
-#include <text/format.h>
+#include <text/codepage.h>
 
 #include "../commands.h"
 #include "../shared/arguments.h"
-#include "../shared/output.h"
-#include "../shared/road/roadfile.h"
+#include "../shared/road/station.h"
+#include "answers.h"
+#include "pointtable.h"
 
 namespace kvarnio {
 namespace {
 
-struct Answer {
-    std::vector<double> values;
-    std::string reason; // why there are none
-};
-
-// What is asked of a road, and what the answer is called.
-struct Question {
-    char const* command;
-    char const* what;
-    char const* note;
-    std::vector<char const*> asked; // the names of the numbers
-    std::vector<char const*> answered;
-    Answer (*ask)(RoadFile& file, std::vector<double> const& numbers);
-};
-
-std::string Station(double station) {
-    return kvarn::Format("%.4lf", station);
-}
-
-std::string StationOutside(double station, std::vector<kovltype> const& line) {
-    return "station " + Station(station) + " is not on the line, which has " +
-           Station(line.front().sektion) + " to " + Station(line.back().sektion);
-}
-
-Answer AskXy(RoadFile& file, std::vector<double> const& numbers) {
-    double x = 0;
-    double y = 0;
-    if (file.PlanToAsk().Vag2xy(numbers[0], numbers[1], &x, &y) != 0) {
-        return {{}, StationOutside(numbers[0], file.Plan())};
-    }
-    return {{x, y}, ""};
-}
-
-Answer AskStation(RoadFile& file, std::vector<double> const& numbers) {
-    constexpr int allOfTheLine = 0;
-    double station = 0;
-    double offset = 0;
-    if (file.PlanToAsk().Vagstv(numbers[0], numbers[1], &station, &offset, allOfTheLine) != 0) {
-        return {{}, "the point lies beside no segment and no inner vertex of the line"};
-    }
-    return {{station, offset}, ""};
-}
-
-Answer AskZ(RoadFile& file, std::vector<double> const& numbers) {
-    double z = 0;
-    if (file.ProfileToAsk().Vagprofz(numbers[0], &z) != 0) {
-        return {{},
-                numbers[0] == file.Profile().back().y
-                    ? "the last station of a profile, " + Station(numbers[0]) + ", has no height"
-                    : StationOutside(numbers[0], file.Profile())};
-    }
-    return {{z}, ""};
-}
-
-Question const questions[] = {
-    {"xy",
-     "Print the coordinates of a station and an offset",
-     "Positive offsets lie to the right of travel.",
-     {"station", "offset"},
-     {"x", "y"},
-     AskXy},
-    {"station",
-     "Print the station and the offset of a point",
-     "Positive offsets lie to the right of travel; on a line whose stations decrease to the left, "
-     "but\nfor points beside a corner.",
-     {"x", "y"},
-     {"station", "offset"},
-     AskStation},
-    {"z",
-     "Print the height of a profile at a station",
-     "The last station itself has no height.",
-     {"station"},
-     {"height"},
-     AskZ},
-};
-
-// An answer that is not a number comes from equal stations and coincident vertices.
-Answer Ask(Question const& question, RoadFile& file, std::vector<double> const& numbers) {
-    Answer answer = question.ask(file, numbers);
-    for (double const value : answer.values) {
-        if (!std::isfinite(value)) {
-            return {{}, "the line gives no number there; kvarnio road check names the places"};
-        }
-    }
-    return answer;
-}
-
-// Without the sign that a rounded zero would keep.
-std::string Printed(double value) {
-    std::string text = kvarn::Format("%.4lf", value);
-    return text == "-0.0000" ? text.substr(1) : text;
-}
-
-std::string Printed(std::vector<double> const& values) {
-    std::string line;
-    for (double const value : values) {
-        line += (line.empty() ? "" : " ") + Printed(value);
-    }
-    return line;
-}
-
-void Store(Json& json, std::vector<char const*> const& names, std::vector<double> const& values) {
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        json[names[i]] = values[i];
-    }
-}
-
-std::string Names(Question const& question) {
-    std::string names;
-    for (char const* name : question.asked) {
-        names += names.empty() ? name : std::string(" ") + name;
-    }
-    return names;
-}
-
-ExitStatus AnswerOne(Context const& context, Question const& question, RoadFile& file,
-                     std::vector<double> const& numbers) {
-    Answer const answer = Ask(question, file, numbers);
-    if (!answer.reason.empty()) {
-        throw Failure(answer.reason);
-    }
-    if (context.json) {
-        Json json = Json::object();
-        Store(json, question.asked, numbers);
-        Store(json, question.answered, answer.values);
-        PrintJson(json);
-    } else {
-        std::cout << Printed(answer.values) << '\n';
-    }
-    return done;
-}
-
-// The numbers of a line, separated by blanks; nothing where it holds anything else.
-std::optional<std::vector<double>> Numbers(std::string_view line, std::size_t wanted) {
-    constexpr std::string_view blanks = " \t\r";
-    std::vector<double> numbers;
-    while (true) {
-        std::size_t const first = line.find_first_not_of(blanks);
-        if (first == std::string_view::npos) {
-            return numbers.size() == wanted ? std::optional(numbers) : std::nullopt;
-        }
-        line.remove_prefix(first);
-        line.remove_prefix(line.starts_with('+') ? 1 : 0);
-        double number = 0;
-        auto const parsed = std::from_chars(line.data(), line.data() + line.size(), number);
-        line.remove_prefix(static_cast<std::size_t>(parsed.ptr - line.data()));
-        bool const ended = line.empty() || blanks.find(line.front()) != std::string_view::npos;
-        if (parsed.ec != std::errc() || !ended || !std::isfinite(number)) {
-            return std::nullopt;
-        }
-        numbers.push_back(number);
-    }
-}
-
-Answer AnswerLine(Question const& question, RoadFile& file, std::string_view line, Json* json) {
-    auto const numbers = Numbers(line, question.asked.size());
-    Answer answer =
-        numbers ? Ask(question, file, *numbers)
-                : Answer{{}, "wanted " + Names(question) + ", got \"" + OneLine(line) + '"'};
-    if (json != nullptr) {
-        Json row = Json::object();
-        Store(row, question.asked, numbers.value_or(std::vector<double>()));
-        Store(row, question.answered, answer.values);
-        if (!answer.reason.empty()) {
-            row["error"] = answer.reason;
-        }
-        json->push_back(std::move(row));
-    } else {
-        std::cout << (answer.reason.empty() ? Printed(answer.values) : "error: " + answer.reason)
-                  << '\n';
-    }
-    return answer;
-}
-
-ExitStatus AnswerInput(Context const& context, Question const& question, RoadFile& file) {
-    ExitStatus status = done;
-    Json json = Json::array();
-    std::cin.tie(nullptr); // a flush a line is slow
-    for (std::string line; std::getline(std::cin, line);) {
-        std::size_t const first = line.find_first_not_of(" \t\r");
-        if (first == std::string::npos || line[first] == '#') {
-            continue;
-        }
-        Answer const answer = AnswerLine(question, file, line, context.json ? &json : nullptr);
-        status = answer.reason.empty() ? status : failed;
-    }
-    if (context.json) {
-        PrintJson(json);
-    }
-    if (std::cin.bad()) {
-        throw Failure("standard input cannot be read");
-    }
-    return status;
-}
-
 struct QueryArguments {
-    std::string file;
+    RoadsWanted roads;
     std::vector<std::string> numbers;
+    CLI::Option const* also = nullptr; // of the question about points alone
+    TableArguments table;
 };
 
 std::string Capitals(char const* name) {
@@ -223,25 +28,125 @@ std::string Capitals(char const* name) {
     return text;
 }
 
+double TypedNumber(Quantity const& quantity, std::string const& typed) {
+    std::string const what = Capitals(quantity.name);
+    if (!quantity.isStation || typed.find('/') == std::string::npos) {
+        return Number(what.c_str(), typed);
+    }
+    auto const station = ReadStation(typed);
+    if (!station) {
+        throw UsageError(what + " \"" + typed +
+                         "\" is not kilometres and metres, as in 0/100.000: the kilometres are "
+                         "whole, the metres below 1000");
+    }
+    return *station;
+}
+
+CLI::Validator NotEmpty(std::string const& option) {
+    return {[option](std::string& typed) {
+                return typed.empty() ? option + " is empty" : std::string();
+            },
+            ""};
+}
+
+std::string KnownHeadings(Question const& question) {
+    std::string headings;
+    for (Quantity const* quantity : question.asked) {
+        for (char const* heading : quantity->headings) {
+            headings += (headings.empty() ? "" : ", ") + kvarn::ToUtf8(heading);
+        }
+    }
+    return headings;
+}
+
 ExitStatus Query(Context& context, Question const& question, QueryArguments const& arguments) {
     std::vector<double> numbers;
     for (std::size_t i = 0; i < arguments.numbers.size() && !arguments.numbers[i].empty(); ++i) {
-        numbers.push_back(Number(Capitals(question.asked[i]).c_str(), arguments.numbers[i]));
+        numbers.push_back(TypedNumber(*question.asked[i], arguments.numbers[i]));
     }
-    RoadFile file(arguments.file);
-    file.WarnOfSkippedLines();
-    question.ask == AskZ ? file.ProfileToAsk() : file.PlanToAsk();
-    return numbers.empty() ? AnswerInput(context, question, file)
-                           : AnswerOne(context, question, file, numbers);
+    bool const isTable = arguments.table.wanted;
+    if (isTable && !numbers.empty()) {
+        throw UsageError("--csv reads a table: leave out the numbers");
+    }
+    if (isTable && context.json) {
+        throw UsageError("--csv writes a table: leave out --json");
+    }
+    RoadsWanted wanted = arguments.roads;
+    if (arguments.also != nullptr) {
+        wanted.also = arguments.also->results();
+    }
+    AskedRoads const roads(wanted, question);
+    return isTable           ? AnswerTable(roads, question, arguments.table)
+           : numbers.empty() ? AnswerInput(roads, question, context.json)
+                             : AnswerOne(roads, question, numbers, context.json);
 }
 
 std::string Footer(Question const& question) {
-    return std::string(question.note) +
-           "\nWithout the numbers they are read from standard input, a query a line: " +
-           Names(question) +
-           ",\nseparated by blanks. Each gets a line, in order: its result, or \"error: \" and the "
-           "reason; the exit\nstatus is then 1. Blank lines and lines that begin with # are passed "
-           "over.";
+    bool const isOfPoints = !question.asked.front()->isStation;
+    std::string text =
+        std::string(question.note) +
+        "\nStations are typed in metres, 100, or as kilometres and metres, 0/100.000.\n"
+        "Without the numbers they are read from standard input, a query a line: " +
+        NamesOf(question.asked, " ") +
+        ",\nseparated by blanks. Each gets a line, in order: its result, or \"error: \" and the "
+        "reason; the exit\nstatus is then 1. Blank lines and lines that begin with # are passed "
+        "over.\n";
+    if (!question.ofProfile) {
+        text += "A place without a height has \"-\" for it, nothing in a table, null in JSON; the "
+                "reason\nis told on standard error, and the exit status is 1.\n";
+    }
+    if (isOfPoints) {
+        text += "Of several roads the nearest comes first: one point gets a line from each road "
+                "that\nit lies beside, many points one line each; the road's file follows the "
+                "numbers.\n";
+    }
+    return text +
+           "A table keeps its lines and columns, and the results follow them. The columns that "
+           "are\nread have headings (" +
+           KnownHeadings(question) +
+           ")\nor are the only numbers of the first line; --columns says which otherwise. A line "
+           "without\na result is named on standard error as FILE:LINE: reason, and the exit status "
+           "is 1.\n" +
+           question.example;
+}
+
+void AddTableOptions(CLI::App& command, TableArguments& table) {
+    CLI::Option* const csv =
+        command.add_flag("--csv", table.wanted, "Read a table and write it with the results");
+    auto const add = [&](char const* name, std::string& value, char const* type, char const* what) {
+        command.add_option(name, value, what)->type_name(type)->needs(csv)->check(NotEmpty(name));
+    };
+    add("--in", table.input, "TABLE", "The table; standard input if not given");
+    add("-o,--output", table.output, "TABLE",
+        "The table to write, whole or not at all; standard output if not given");
+    add("--separator", table.options.separator, "CHARACTER",
+        "Between the fields; found among semicolon, tab and comma if not given");
+    add("--columns", table.options.columns, "LIST",
+        "The columns to read: numbers from 1 or headings, as in 2,3");
+    command
+        .add_flag("--decimal-comma", table.options.decimalComma,
+                  "Read and write numbers with a comma")
+        ->needs(csv);
+}
+
+// The parser takes "-.5" for an option.
+void AddNumbersThatBeginWithAPoint(CLI::App& command, std::vector<CLI::Option*> const& numbers) {
+    command
+        .add_option_function<std::string>("-.",
+                                          [numbers](std::string const& digits) {
+                                              for (CLI::Option* number : numbers) {
+                                                  if (number->count() == 0) {
+                                                      number->add_result("-." + digits);
+                                                      return;
+                                                  }
+                                              }
+                                              throw UsageError("-." + digits +
+                                                               " is one number too many");
+                                          })
+        ->trigger_on_parse()
+        ->take_last()
+        ->type_name("digits after \"-.\"")
+        ->group(""); // not in the help
 }
 
 void AddQuery(CommandLine& line, CLI::App& road, Question const& question) {
@@ -249,15 +154,34 @@ void AddQuery(CommandLine& line, CLI::App& road, Question const& question) {
     arguments->numbers.resize(question.asked.size()); // never resized again: options point into it
     CLI::App& command =
         CommandLine::AddCommand(road, question.command, question.what, Footer(question));
-    AddRoadFile(command, arguments->file);
-    std::vector<CLI::Option*> options;
+    AddRoadFile(command, arguments->roads.file);
+    std::vector<CLI::Option*> numbers;
     for (std::size_t i = 0; i < question.asked.size(); ++i) {
-        options.push_back(
-            command.add_option(Capitals(question.asked[i]), arguments->numbers[i], "In metres"));
+        char const* const unit =
+            question.asked[i]->isStation ? "In metres, or as 0/100.000" : "In metres";
+        numbers.push_back(
+            command.add_option(Capitals(question.asked[i]->name), arguments->numbers[i], unit));
         if (i > 0) {
-            options.front()->needs(options.back());
+            numbers.front()->needs(numbers.back());
         }
     }
+    AddNumbersThatBeginWithAPoint(command, numbers);
+    command.add_flag("--km", arguments->roads.kilometres,
+                     "Print stations as kilometres and metres, 0/100.000");
+    if (!question.ofProfile) {
+        command.add_flag("--height", arguments->roads.height, "The profile's height there as well");
+        command
+            .add_option("--profile", arguments->roads.profile,
+                        "Heights from the profile in this file")
+            ->type_name("FILE")
+            ->check(NotEmpty("--profile"));
+    }
+    if (!question.asked.front()->isStation) {
+        arguments->also = &CommandLine::AddOptionOfWords(
+            command, "--also", "FILE|FOLDER",
+            "More roads: files, and folders for those in them that have a plan; after the point");
+    }
+    AddTableOptions(command, arguments->table);
     line.Run(command, [arguments, &question](Context& context) {
         return Query(context, question, *arguments);
     });
@@ -266,7 +190,7 @@ void AddQuery(CommandLine& line, CLI::App& road, Question const& question) {
 } // namespace
 
 void AddRoadQueries(CommandLine& line, CLI::App& road) {
-    for (Question const& question : questions) {
+    for (Question const& question : Questions()) {
         AddQuery(line, road, question);
     }
 }

@@ -1,4 +1,5 @@
 // kvarnio local.
+#include <algorithm>
 #include <iostream>
 #include <memory>
 
@@ -11,7 +12,10 @@
 
 #include "../commands.h"
 #include "../shared/copies.h"
+#include "../shared/losses.h"
 #include "../shared/output.h"
+#include "../shared/platform.h"
+#include "../shared/removed.h"
 
 namespace kvarnio {
 namespace {
@@ -19,6 +23,7 @@ namespace {
 struct LocalArguments {
     bool rock = false;
     bool overwrite = false;
+    bool yes = false;
 };
 
 using kvarn::LocalFile;
@@ -98,14 +103,15 @@ ExitStatus Told(Context const& context, std::vector<Outcome> const& outcomes) {
                         {"result", outcome.what},
                         {"from", outcome.from.empty() ? Json() : Json(Shown(outcome.from))}});
         if (!context.json) {
-            std::cout << Shown(outcome.file) << ": " << outcome.what
+            std::cout << (context.dryRun ? "in a dry run: " : "") << Shown(outcome.file) << ": "
+                      << outcome.what
                       << (outcome.from.empty() ? "" : ", a copy of " + Shown(outcome.from)) << '\n';
         }
     }
     if (context.json) {
         PrintJson(json);
     }
-    return failure ? failed : done;
+    return failure ? notDone : done;
 }
 
 struct Before {
@@ -124,19 +130,17 @@ std::vector<Before> StateOf(Context const& context, LocalArguments const& argume
     return state;
 }
 
-Outcome Created(Context const& context, Before const& before, bool overwrite) {
+// What becomes of a file, and what it is made from.
+Outcome Expected(Context const& context, Before const& before, bool overwrite) {
     std::string const from = SourceOf(context, before.file);
-    bool const replace = overwrite && before.file.isReplaced;
-    if (before.existed && !replace) {
+    if (before.existed && !(overwrite && before.file.isReplaced)) {
         bool const isThere = kvarn::IsThere(before.path.c_str()); // it can be looked at
         return {before.path, isThere ? "kept" : "failed", ""};
     }
     if (from.empty() && !IsMade(before.file)) {
         return {before.path, "none", ""};
     }
-    auto const copy = kvarn::WholeFile(before.path.c_str());
-    bool const same = from.empty() || (copy && copy == kvarn::WholeFile(from.c_str()));
-    if (!Exists(before.path) || !same) {
+    if (IsFolder(before.path)) {
         return {before.path, "failed", from};
     }
     return {before.path,
@@ -146,38 +150,89 @@ Outcome Created(Context const& context, Before const& before, bool overwrite) {
             from};
 }
 
+bool IsWritten(Outcome const& outcome) {
+    return outcome.what == "replaced" || outcome.what.starts_with("created");
+}
+
+Outcome Created(Outcome expected) {
+    if (IsWritten(expected)) {
+        auto const copy = kvarn::WholeFile(expected.file.c_str());
+        bool const same =
+            expected.from.empty() || (copy && copy == kvarn::WholeFile(expected.from.c_str()));
+        expected.what = Exists(expected.file) && same ? expected.what : "failed";
+    }
+    return expected;
+}
+
 ExitStatus Create(Context& context, LocalArguments const& arguments) {
     RequireProject(context);
     constexpr int withParFile = 1;
     int const overwrite = arguments.overwrite ? 1 : 0;
-    auto const before = StateOf(context, arguments);
+    std::vector<Outcome> outcomes;
+    for (Before const& file : StateOf(context, arguments)) {
+        outcomes.push_back(Expected(context, file, arguments.overwrite));
+    }
+    if (context.dryRun) {
+        return Told(context, outcomes);
+    }
+    for (Outcome const& outcome : outcomes) {
+        if (outcome.what == "replaced") {
+            Losses kept;
+            KeepOld(outcome.file, kept, [](std::string_view) { return std::vector<Finding>(); });
+        }
+    }
     arguments.rock ? context.settings.CreateLokalStenFil(overwrite)
                    : context.settings.CreateLokalaFiler(overwrite, withParFile);
-    std::vector<Outcome> outcomes;
-    outcomes.reserve(before.size());
-    for (Before const& file : before) {
-        outcomes.push_back(Created(context, file, arguments.overwrite));
-    }
+    std::transform(outcomes.begin(), outcomes.end(), outcomes.begin(), Created);
     return Told(context, outcomes);
 }
 
 // --- remove --------------------------------------------------------------------------------------
 
+bool IsConfirmed(LocalArguments const& arguments, std::size_t count) {
+    if (arguments.yes) {
+        return true;
+    }
+    if (!CanAsk()) {
+        throw UsageError("nothing was removed: --yes removes " + std::to_string(count) +
+                         (count == 1 ? " file" : " files") + ", which are kept in a dated folder");
+    }
+    std::cerr << "Remove " << count << (count == 1 ? " file" : " files")
+              << " of the project? They are kept in a dated folder. [y/N] " << std::flush;
+    std::string answer;
+    std::getline(std::cin, answer);
+    return answer == "y" || answer == "Y" || answer == "yes";
+}
+
 ExitStatus Remove(Context& context, LocalArguments const& arguments) {
     RequireProject(context);
-    auto const before = StateOf(context, arguments);
-    arguments.rock ? context.settings.RemoveLokalStenFil() : context.settings.RemoveLokalaFiler();
-    std::vector<Outcome> outcomes;
-    for (Before const& file : before) {
+    std::vector<std::string> paths;
+    for (Before const& file : StateOf(context, arguments)) {
         if (file.existed) {
-            outcomes.push_back({file.path, Exists(file.path) ? "failed" : "removed", ""});
+            paths.push_back(file.path);
         }
     }
-    if (outcomes.empty() && !context.json) {
+    if (paths.empty()) {
         throw Failure("nothing to remove: the project has no such files");
     }
-    ExitStatus const status = Told(context, outcomes);
-    return outcomes.empty() ? failed : status;
+    std::vector<Outcome> outcomes;
+    if (context.dryRun) {
+        for (std::string const& path : paths) {
+            outcomes.push_back({path, "removed", ""});
+        }
+        return Told(context, outcomes);
+    }
+    if (!IsConfirmed(arguments, paths.size())) {
+        throw Failure("nothing was removed");
+    }
+    std::string const kept = KeepRemoved(paths);
+    arguments.rock ? context.settings.RemoveLokalStenFil() : context.settings.RemoveLokalaFiler();
+    for (std::string const& path : paths) {
+        outcomes.push_back({path, Exists(path) ? "failed" : "removed", ""});
+    }
+    std::cerr << "kvarnio: the files are kept in " << Shown(kept) << "; kvarnio undo "
+              << Shown(context.project.m_projKat.GetString()) << " puts them back\n";
+    return Told(context, outcomes);
 }
 
 } // namespace
@@ -198,11 +253,20 @@ void AddLocalCommand(CommandLine& line) {
         return command;
     };
     add("status", "Show which copy of each file is in force", "", Status);
-    add("create", "Copy the shared files into the project that it does not have",
-        "Where there is nothing to copy an empty file is made.", Create)
-        .add_flag("--overwrite", arguments->overwrite,
-                  "Replace the code files and the scales, never the others");
-    add("remove", "Delete the project's copies: the shared files count again", "", Remove);
+    CLI::App& create = add("create", "Copy the shared files into the project that it does not have",
+                           "Where there is nothing to copy an empty file is made. A file that is\n"
+                           "replaced is kept in FILE.bak: kvarnio undo FILE puts it back.",
+                           Create);
+    create.add_flag("--overwrite", arguments->overwrite,
+                    "Replace the code files and the scales, never the others");
+    line.AddDryRun(create);
+    CLI::App& remove =
+        add("remove", "Remove the project's copies: the shared files count again",
+            "They are kept in a dated folder of the project: kvarnio undo PROJECT puts them\n"
+            "back. Asks on a terminal.",
+            Remove);
+    remove.add_flag("--yes", arguments->yes, "Do not ask");
+    line.AddDryRun(remove);
 }
 
 } // namespace kvarnio

@@ -111,7 +111,9 @@ ExitStatus List(Context& context, std::string const& name) {
     return done;
 }
 
-void AddGet(CommandLine& line) {
+} // namespace
+
+void AddGetCommand(CommandLine& line) {
     auto const arguments = std::make_shared<GetArguments>();
     CLI::App& get = line.AddCommand("get", "Print the value of a key, or its built-in default",
                                     "Example: kvarnio get KVARNBOK.PAR HSKALA --project .");
@@ -124,20 +126,13 @@ void AddGet(CommandLine& line) {
     line.Run(get, [arguments](Context& context) { return Get(context, *arguments); });
 }
 
-void AddList(CommandLine& line) {
+void AddListCommand(CommandLine& line) {
     auto const file = std::make_shared<std::string>();
     CLI::App& list =
         line.AddCommand("list", "Show every key with its value and the file that it comes from",
                         "Example: kvarnio list KVARNBOK.PAR --project .");
     list.add_option("FILE", *file, SettingsFile::Help() + "; without it, all four");
     line.Run(list, [file](Context& context) { return List(context, *file); });
-}
-
-} // namespace
-
-void AddReadCommands(CommandLine& line) {
-    AddGet(line);
-    AddList(line);
 }
 
 } // namespace kvarnio

@@ -28,26 +28,36 @@ void PrintChange(std::string const& path, Change const& change) {
     }
 }
 
-Json ToJson(SettingsFile const& file, Change const& change) {
+Json ToJson(SettingsFile const& file, Change const& change, Losses const& losses,
+            Json const& written) {
     Json json = ToJson(file, change.now.value_or(Entry{change.key, "", ""}));
     json["source"] = change.now ? Json(Source(*change.now)) : Json();
-    json["written"] = Shown(file.Path());
-    AddLosses(json, file.Path(), change.losses);
+    json["written"] = written;
+    AddLosses(json, losses);
     return json;
 }
 
 } // namespace
 
-void Report(Context const& context, SettingsFile const& file, Change const& change) {
-    PrintLosses(file.Path(), change.losses);
+void Report(Context const& context, SettingsFile const& file, std::vector<Change> const& changes,
+            Losses const& losses) {
+    PrintLosses(file.Path(), losses);
     if (!file.IsCfg()) {
         WarnOfSharedFile(context, file.Path(), file.Name());
     }
-    if (context.json) {
-        PrintJson(ToJson(file, change));
-    } else {
-        PrintChange(Shown(file.Path()), change);
+    if (!context.json) {
+        std::string const path = (context.dryRun ? "would be written: " : "") + Shown(file.Path());
+        for (Change const& change : changes) {
+            PrintChange(path, change);
+        }
+        return;
     }
+    Json all = Json::array();
+    for (Change const& change : changes) {
+        all.push_back(
+            ToJson(file, change, losses, context.dryRun ? Json() : Json(Shown(file.Path()))));
+    }
+    PrintJson(changes.size() == 1 ? all.front() : all);
 }
 
 } // namespace kvarnio

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "../shared/losses.h"
 #include "settingsfile.h"
@@ -14,11 +15,12 @@ struct Change {
     bool removed;
     std::optional<Entry> was;
     std::optional<Entry> now;
-    Losses losses; // if any, the old file was kept
 };
 
-// What was written, on standard output; dropped lines and a change that went to the shared file, on
+// What was written at once, on standard output (as JSON an object for one change, an array for
+// several), or would be in a dry run; dropped lines and a change that went to the shared file, on
 // standard error.
-void Report(Context const& context, SettingsFile const& file, Change const& change);
+void Report(Context const& context, SettingsFile const& file, std::vector<Change> const& changes,
+            Losses const& losses);
 
 } // namespace kvarnio

@@ -1,16 +1,17 @@
 #include "settingsfile.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
 
 #include <files/filerewrite.h>
 #include <files/pathparts.h>
 #include <formats/checks/checks.h>
+#include <formats/checks/keyvalues.h>
 #include <formats/checks/linechecker.h>
 #include <formats/jb23.h>
 #include <kvarnfiles/parfile.h>
 #include <text/codepage.h>
+#include <text/format.h>
 #include <text/scan.h>
 
 #include "../shared/backup.h"
@@ -31,20 +32,17 @@ std::string Joined(std::vector<std::string> const& names) {
     return text;
 }
 
-// As the facade prints them, for the file that it does not know, and to compare.
-std::string Printed(std::string const& key, NewValue const& value) {
-    if (int const* const number = std::get_if<int>(&value)) {
-        bool const isOpen = *number == -1 && key.find("SKALA") != std::string::npos;
+// As the facade prints them for one key; "MAX" is the facade's.
+std::string Printed(NewEntry const& entry, bool throughFacade) {
+    if (int const* const number = std::get_if<int>(&entry.value)) {
+        bool const isOpen =
+            throughFacade && *number == -1 && entry.key.find("SKALA") != std::string::npos;
         return isOpen ? "MAX" : std::to_string(*number);
     }
-    if (Decimal const* const number = std::get_if<Decimal>(&value)) {
-        std::string text(400, '\0');
-        auto const end = std::to_chars(text.data(), text.data() + text.size(), number->value,
-                                       std::chars_format::fixed, number->decimals);
-        text.resize(static_cast<std::size_t>(end.ptr - text.data()));
-        return text;
+    if (Decimal const* const number = std::get_if<Decimal>(&entry.value)) {
+        return kvarn::Format("%.*lf", number->decimals, number->value);
     }
-    return std::get<std::string>(value);
+    return std::get<std::string>(entry.value);
 }
 
 } // namespace
@@ -78,9 +76,9 @@ void SettingsFile::Locate() {
     CAutoIni const& ini = m_context->ini;
     m_standard = kvarn::DefaultsOf(m_name);
     if (m_name == CProjPath::KvarnParNamn) {
-        m_path = kvarn::kvarnPar.InForce(&ini, &m_context->project).path;
+        m_path = kvarn::kvarnPar.InForce(&ini, &m_context->project);
     } else if (m_name == CProjPath::StenParNamn) {
-        m_path = kvarn::stenPar.InForce(&ini, &m_context->project).path;
+        m_path = kvarn::stenPar.InForce(&ini, &m_context->project);
     } else if (IsJb23()) {
         m_path = InForce(*m_context, m_name).value_or(Copy{}).path;
     } else if (ini.m_iniFil.ReverseFind('\\') >= 0) {
@@ -163,9 +161,15 @@ std::vector<Entry> SettingsFile::Entries() const {
     return entries;
 }
 
-std::vector<Finding> SettingsFile::Check(std::string const& key) const {
-    return IsJb23() ? kvarn::CheckJb23(m_content, kvarn::ScalePlace(Standard(key)->nyckel).line)
-                    : kvarn::CheckKeys(m_content, m_standard, key);
+std::vector<Finding> SettingsFile::Check(std::span<NewEntry const> entries) const {
+    if (IsJb23()) {
+        return kvarn::CheckJb23(m_content, ScaleLinesOf(entries));
+    }
+    std::vector<std::string> keys;
+    for (NewEntry const& entry : entries) {
+        keys.push_back(entry.key);
+    }
+    return kvarn::CheckKeys(m_content, m_standard, keys);
 }
 
 int SettingsFile::LineCount() const {
@@ -186,55 +190,93 @@ std::optional<double> SettingsFile::Double(Entry const& entry) const {
     return kvarn::Scan(entry.value, number) == 1 ? std::optional(number) : std::nullopt;
 }
 
-int SettingsFile::Write(std::string const& key, NewValue const& value) const {
-    if (IsCfg()) {
-        // "MAX" is the facade's.
-        std::string const text = Printed("", value);
-        return CKvarnCFG(&m_context->ini).WriteKey(key.c_str(), text.c_str());
-    }
-    if (IsJb23()) {
-        std::string const path =
-            m_path.empty() ? kvarn::PathOf(m_context->ini.m_cfgKat.GetString(), m_name) : m_path;
-        auto const result = kvarn::RewriteFile(path.c_str(), WithScales(key, Printed(key, value)),
-                                               kvarn::TemporaryOf(path).c_str());
-        return result == kvarn::Rewritten::done ? 0 : -1;
-    }
-    return WriteThroughFacade(key, value);
+std::vector<Finding> SettingsFile::Check(std::string_view content) const {
+    return IsJb23() ? kvarn::CheckJb23(content) : kvarn::CheckKeys(content, m_standard);
 }
 
-int SettingsFile::WriteThroughFacade(std::string const& key, NewValue const& value) const {
-    CKvarnInst& settings = m_context->settings;
-    if (int const* const number = std::get_if<int>(&value)) {
-        return settings.WriteKey(m_name.c_str(), key.c_str(), *number);
-    }
-    if (Decimal const* const number = std::get_if<Decimal>(&value)) {
-        return settings.WriteKey(m_name.c_str(), key.c_str(), number->value, number->decimals);
-    }
-    return settings.WriteKey(m_name.c_str(), key.c_str(),
-                             CString(std::get<std::string>(value).c_str()));
+kvarn::Fault SettingsFile::FaultOf(NewEntry const& entry) const {
+    return kvarn::ValueFault(m_standard, entry.key, Printed(entry, !IsCfg()));
 }
 
-int SettingsFile::MissingScales(std::string const& key) const {
-    return std::max(kvarn::ScalePlace(Standard(key)->nyckel).line - LineCount(), 0);
+bool SettingsFile::IsKnown(std::string const& key) const {
+    return m_standard.empty() || kvarn::IsKnownKey(m_standard, key) || Stored(key) != nullptr;
 }
 
-std::string SettingsFile::WithScales(std::string const& key, std::string const& value) const {
+std::string SettingsFile::Nearest(std::string const& key) const {
+    return std::string(kvarn::NearestKey(m_standard, key));
+}
+
+std::optional<Entry> SettingsFile::After(NewEntry const& entry) const {
+    std::string const value = Printed(entry, !IsCfg());
+    if (!value.empty()) {
+        return Entry{entry.key, value, m_path};
+    }
+    kvarn::KeyDefault const* const standard = Standard(entry.key);
+    return standard != nullptr ? std::optional(Entry{entry.key, standard->varde, ""})
+                               : std::nullopt;
+}
+
+int SettingsFile::Write(std::span<NewEntry const> entries) const {
+    if (!IsJb23()) {
+        return WriteKeys(entries);
+    }
+    std::string const path =
+        m_path.empty() ? kvarn::PathOf(m_context->ini.m_cfgKat.GetString(), m_name) : m_path;
+    auto const result =
+        kvarn::RewriteFile(path.c_str(), WithScales(entries), kvarn::TemporaryOf(path).c_str());
+    return result == kvarn::Rewritten::done ? 0 : -1;
+}
+
+int SettingsFile::WriteKeys(std::span<NewEntry const> entries) const {
+    std::vector<std::string> values;
+    for (NewEntry const& entry : entries) {
+        values.push_back(Printed(entry, !IsCfg()));
+    }
+    std::vector<nyckelvarde> keys;
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        keys.push_back({entries[i].key.c_str(), values[i].c_str(), 0});
+    }
+    int const count = static_cast<int>(keys.size());
+    return IsCfg() ? CKvarnCFG(&m_context->ini).WriteKeys(keys.data(), count)
+                   : m_context->settings.WriteKeys(m_name.c_str(), keys.data(), count);
+}
+
+int SettingsFile::ScaleLineOf(std::string const& key) const {
+    return kvarn::ScalePlace(Standard(key)->nyckel).line;
+}
+
+std::vector<int> SettingsFile::ScaleLinesOf(std::span<NewEntry const> entries) const {
+    std::vector<int> lines;
+    for (NewEntry const& entry : entries) {
+        lines.push_back(ScaleLineOf(entry.key));
+    }
+    return lines;
+}
+
+int SettingsFile::MissingScales(std::span<NewEntry const> entries) const {
+    return std::max(std::ranges::max(ScaleLinesOf(entries)) - LineCount(), 0);
+}
+
+std::string SettingsFile::WithScales(std::span<NewEntry const> entries) const {
     std::string text = m_content;
-    auto const put = [&text](std::string_view each, std::string_view word) {
+    auto const put = [&text](std::string_view key, std::string_view word) {
         kvarn::LineReader lines{std::string_view(text)};
-        text = kvarn::WithScale(lines, kvarn::ScalePlace(each), word);
+        text = kvarn::WithScale(lines, kvarn::ScalePlace(key), word);
     };
+    std::vector<int> const written = ScaleLinesOf(entries);
     int const lines = LineCount();
-    int const line = kvarn::ScalePlace(Standard(key)->nyckel).line;
     for (kvarn::KeyDefault const& row : m_standard) {
         kvarn::ScalePlace const place(row.nyckel);
-        bool const missing = place.line > lines && place.line <= line;
-        bool const alone = place.line == line && !place.isStep && Stored(row.nyckel) == nullptr;
+        bool const missing = place.line > lines && place.line <= std::ranges::max(written);
+        bool const alone = std::ranges::find(written, place.line) != written.end() &&
+                           !place.isStep && Stored(row.nyckel) == nullptr;
         if (missing || alone) {
             put(row.nyckel, row.varde);
         }
     }
-    put(key, value);
+    for (NewEntry const& entry : entries) {
+        put(entry.key, Printed(entry, true));
+    }
     return text;
 }
 

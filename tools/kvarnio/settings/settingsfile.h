@@ -9,6 +9,7 @@
 #include <variant>
 #include <vector>
 
+#include <formats/checks/linechecker.h>
 #include <kvarnfiles/defaults.h>
 
 #include "../shared/context.h"
@@ -30,6 +31,11 @@ struct Decimal {
 };
 
 using NewValue = std::variant<std::string, int, Decimal>;
+
+struct NewEntry {
+    std::string key;
+    NewValue value;
+};
 
 class SettingsFile {
   public:
@@ -56,17 +62,29 @@ class SettingsFile {
     std::optional<int> Int(Entry const& entry) const;
     std::optional<double> Double(Entry const& entry) const;
 
-    // What is wrong with the file when the key is about to be written.
-    std::vector<Finding> Check(std::string const& key) const;
-    int LineCount() const;
+    // What programs can make of a value that is to be written.
+    kvarn::Fault FaultOf(NewEntry const& entry) const;
+    // False where the file's keys are known, and this is none of them; then the one that it is
+    // like, which may be none.
+    bool IsKnown(std::string const& key) const;
+    std::string Nearest(std::string const& key) const;
+    // The key as it would be after the writing; nothing when it would have no value.
+    std::optional<Entry> After(NewEntry const& entry) const;
 
-    // Writes the key into the file, as the library does, with its result. Into the file of the
-    // scales, whose keys have lines of two words, the defaults of what is missing up to the key's
-    // line are written by the same step: the library alone appends a missing line after the last,
-    // whichever it is, and takes a step alone for a scale.
-    int Write(std::string const& key, NewValue const& value) const;
+    // What is wrong with the file when the keys are about to be written.
+    std::vector<Finding> Check(std::span<NewEntry const> entries) const;
+    // Of another content of the file.
+    std::vector<Finding> Check(std::string_view content) const;
+    int LineCount() const;
+    std::string const& Content() const { return m_content; }
+
+    // Writes the keys into the file by one step, all or none, as the library does, with its result.
+    // Into the file of the scales, whose keys have lines of two words, the defaults of what is
+    // missing up to the keys' last line are written by the same step: the library alone appends a
+    // missing line after the last, whichever it is, and takes a step alone for a scale.
+    int Write(std::span<NewEntry const> entries) const;
     // How many lines of scales it adds.
-    int MissingScales(std::string const& key) const;
+    int MissingScales(std::span<NewEntry const> entries) const;
 
   private:
     struct Record {
@@ -76,8 +94,10 @@ class SettingsFile {
     void Locate();
     std::vector<Record> KeyRecords() const;
     std::vector<Record> ScaleRecords() const;
-    int WriteThroughFacade(std::string const& key, NewValue const& value) const;
-    std::string WithScales(std::string const& key, std::string const& value) const;
+    int WriteKeys(std::span<NewEntry const> entries) const;
+    int ScaleLineOf(std::string const& key) const;
+    std::vector<int> ScaleLinesOf(std::span<NewEntry const> entries) const;
+    std::string WithScales(std::span<NewEntry const> entries) const;
     Record const* Stored(std::string const& key) const;
     kvarn::KeyDefault const* Standard(std::string const& key) const;
 

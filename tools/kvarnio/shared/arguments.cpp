@@ -21,19 +21,37 @@ template <class T> T Parsed(char const* what, std::string const& typed, char con
     return number;
 }
 
+std::string HasNoPlace(std::string const& what, std::string const& typed) {
+    return what + " \"" + typed +
+           "\" holds a letter outside code page 1252, which the files are in";
+}
+
 } // namespace
 
-std::string Text(char const* what, std::string const& typed) {
-    auto text = kvarn::FromUtf8(typed);
-    if (!text) {
-        throw UsageError(std::string(what) + " \"" + typed +
-                         "\" holds a letter outside code page 1252, which the files are in");
+std::string In1252(std::string const& what, std::string const& typed) {
+    std::string text;
+    for (std::string_view rest = typed; !rest.empty();) {
+        auto const letter = kvarn::TakeCodePoint(rest);
+        if (!letter) {
+            throw UsageError(what + " is not UTF-8 from byte " +
+                             std::to_string(typed.size() - rest.size() + 1) + " on");
+        }
+        auto const byte = kvarn::Byte1252(*letter);
+        if (!byte) {
+            throw UsageError(HasNoPlace(what, typed));
+        }
+        text += *byte;
     }
-    if (std::any_of(text->begin(), text->end(),
+    return text;
+}
+
+std::string Text(char const* what, std::string const& typed) {
+    std::string text = In1252(what, typed);
+    if (std::any_of(text.begin(), text.end(),
                     [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; })) {
         throw UsageError(std::string(what) + " holds a line end or another control character");
     }
-    return *std::move(text);
+    return text;
 }
 
 std::string FileName(std::string const& typed) {

@@ -6,7 +6,10 @@
 
 namespace kvarnio {
 
-// A text on one line; `what` is what the help names it, for the reason, here and below.
+// Any text that the code page can spell; `what` begins the reason, here and below.
+std::string In1252(std::string const& what, std::string const& typed);
+
+// A text on one line.
 std::string Text(char const* what, std::string const& typed);
 
 std::string FileName(std::string const& typed);

@@ -29,16 +29,33 @@ std::string WhyNotWritten(std::filesystem::path const& path) {
 
 } // namespace
 
+void ThrowNotRead(std::string const& path) {
+    if (kvarn::InFile(path.c_str()).Missing()) {
+        throw Failure("there is no file " + Shown(path));
+    }
+    std::error_code error;
+    bool const isFolder = std::filesystem::is_directory(HostPath(path), error);
+    throw IoFailure(Shown(path) + (isFolder ? " is a folder" : " cannot be read"));
+}
+
 std::string ReadWhole(std::string const& path) {
     auto content = kvarn::WholeFile(path.c_str());
     if (!content) {
-        throw Failure(Shown(path) + " cannot be read");
+        ThrowNotRead(path);
     }
     return *std::move(content);
 }
 
 std::string ReadIfThere(std::string const& path) {
     return path.empty() || kvarn::InFile(path.c_str()).Missing() ? "" : ReadWhole(path);
+}
+
+void RequireText(std::string const& path, std::string_view content) {
+    if (content.find('\0') != std::string_view::npos) {
+        throw Failure("nothing was written: " + Shown(path) +
+                      " holds zero bytes, so that it is no text in code page 1252; kvarnio check " +
+                      "names the lines");
+    }
 }
 
 bool KeepCopy(std::string const& path) {

@@ -11,7 +11,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+} // namespace CLI
 
 namespace kvarnio {
 
@@ -32,16 +33,27 @@ class CommandLine {
     CLI::App& AddCommand(char const* name, char const* what, char const* footer);
     static CLI::App& AddCommand(CLI::App& group, std::string const& name, std::string const& what,
                                 std::string const& footer);
+    // An argument for any number of words, which its results() are. A vector would not do: the
+    // parser takes a word in brackets apart.
+    static CLI::Option& AddWords(CLI::App& command, char const* name, char const* what);
+    // An option for the same, that may be given again.
+    static CLI::Option& AddOptionOfWords(CLI::App& command, char const* name, char const* type,
+                                         char const* what);
+    // Of a command that writes.
+    void AddDryRun(CLI::App& command);
     // What it does when it is chosen. Adds the common options.
     void Run(CLI::App& command, Action action);
 
-    // Reads the arguments and runs the subcommand that they name. Returns the exit status.
+    // Reads the arguments and runs the subcommand that they name. Returns the exit status. Throws
+    // UsageError for what the command line cannot say, and what the subcommand throws.
     int Execute(std::vector<std::string> arguments);
 
   private:
     void AddCommonOptions(CLI::App& app);
-    int Explain(std::string const& error) const;
-    std::string UnknownCommand() const;
+    void AddCommonOptionsWhenChosen(CLI::App& app);
+    CLI::App const& Chosen() const;
+    std::string WhatIsWrong(char const* parserSays, bool isExtra) const;
+    std::string Explained(std::string const& error) const;
 
     std::unique_ptr<CLI::App> m_app;
     CommonOptions m_options;

@@ -1,5 +1,6 @@
 #include "messages.h"
 
+#include <algorithm>
 #include <array>
 #include <iostream>
 #include <sstream>
@@ -14,6 +15,7 @@ namespace {
 
 bool messageShown = false;
 bool answerIsYes = false;
+std::vector<std::string> shown;
 
 int DefaultButton(unsigned style) {
     // The buttons of each style, from MB_OK to MB_RETRYCANCEL, in the order of MessageBox.
@@ -28,18 +30,36 @@ int DefaultButton(unsigned style) {
     return kind < buttons.size() && standard < 3 ? buttons[kind][standard] : IDOK;
 }
 
-// The caption, and the lines of the text below it.
+std::string NameOf(int button) {
+    constexpr std::array<char const*, 8> names = {"",      "OK",     "Cancel", "Abort",
+                                                  "Retry", "Ignore", "Yes",    "No"};
+    return names.at(static_cast<std::size_t>(button));
+}
+
+// Its lines one after the other.
+std::string OnOneLine(std::string const& text) {
+    std::istringstream words(text);
+    std::string line;
+    for (std::string word; words >> word;) {
+        line += (line.empty() ? "" : " ") + word;
+    }
+    return line;
+}
+
 int ShowMessage(MessageBoxRequest const& request) {
-    if (answerIsYes && (request.style & MB_TYPEMASK) == MB_YESNO) {
+    unsigned const kind = request.style & MB_TYPEMASK;
+    if (answerIsYes && kind == MB_YESNO) {
         return IDYES; // and need not be shown
     }
     messageShown = true;
-    std::cerr << (request.caption != nullptr ? kvarn::ToUtf8(request.caption) : "kvarnio") << ":\n";
-    std::istringstream lines(kvarn::ToUtf8(request.text));
-    for (std::string line; std::getline(lines, line);) {
-        std::cerr << "  " << line << '\n';
+    int const answer = DefaultButton(request.style);
+    std::string const text = OnOneLine(kvarn::ToUtf8(request.text));
+    if (std::find(shown.begin(), shown.end(), text) == shown.end()) {
+        shown.push_back(text);
+        std::cerr << "programs show: \"" << text << '"'
+                  << (kind == MB_OK ? "" : ", answered " + NameOf(answer)) << '\n';
     }
-    return DefaultButton(request.style);
+    return answer;
 }
 
 } // namespace
@@ -50,6 +70,10 @@ void ShowMessagesOnTerminal() {
 
 void AnswerYes() {
     answerIsYes = true;
+}
+
+std::vector<std::string> const& MessagesShown() {
+    return shown;
 }
 
 bool MessageWasShown() {

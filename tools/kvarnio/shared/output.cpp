@@ -8,14 +8,16 @@
 namespace kvarnio {
 namespace {
 
+bool jsonIsPrinted = false;
+
 std::size_t Width(std::string const& utf8) {
     return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), [](char c) {
         return (static_cast<unsigned char>(c) & 0xC0U) != 0x80;
     }));
 }
 
-std::vector<std::size_t> ColumnWidths(std::vector<std::vector<std::string>> const& rows) {
-    constexpr std::size_t widest = 40;
+std::vector<std::size_t> ColumnWidths(std::vector<std::vector<std::string>> const& rows,
+                                      std::size_t widest) {
     std::vector<std::size_t> widths(rows.front().size());
     for (auto const& row : rows) {
         for (std::size_t i = 0; i < row.size(); ++i) {
@@ -33,8 +35,8 @@ std::string Shown(std::string_view path) {
     return {host.begin(), host.end()};
 }
 
-void PrintTable(std::vector<std::vector<std::string>> const& rows) {
-    std::vector<std::size_t> const widths = ColumnWidths(rows);
+void PrintTable(std::vector<std::vector<std::string>> const& rows, std::size_t widest) {
+    std::vector<std::size_t> const widths = ColumnWidths(rows, widest);
     for (auto const& row : rows) {
         std::string line;
         for (std::size_t i = 0; i < row.size(); ++i) {
@@ -49,7 +51,13 @@ void PrintTable(std::vector<std::vector<std::string>> const& rows) {
 
 void PrintJson(Json const& json) {
     constexpr int indent = 2;
-    std::cout << json.dump(indent) << '\n';
+    constexpr bool onlyAscii = false;
+    std::cout << json.dump(indent, ' ', onlyAscii, Json::error_handler_t::replace) << '\n';
+    jsonIsPrinted = true;
+}
+
+bool JsonIsPrinted() {
+    return jsonIsPrinted;
 }
 
 } // namespace kvarnio

@@ -19,10 +19,14 @@ std::string Shown(std::string_view path);
 using kvarn::OneLine;
 using kvarn::Shortest;
 
-// Rows of UTF-8 cells in aligned columns, the first row being the heading. One long cell moves only
-// what follows it on its own row.
-void PrintTable(std::vector<std::vector<std::string>> const& rows);
+// Rows of UTF-8 cells in aligned columns, the first row being the heading. A cell that is wider
+// than that moves only what follows it on its own row.
+constexpr std::size_t widestCell = 40;
+void PrintTable(std::vector<std::vector<std::string>> const& rows, std::size_t widest = widestCell);
 
+// The one JSON text of a command's answer; bytes that are not UTF-8 are replaced.
 void PrintJson(Json const& json);
+// Whether there has been one.
+bool JsonIsPrinted();
 
 } // namespace kvarnio

@@ -3,17 +3,24 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
+#include <tuple>
 
 #include <host/host.h>
 #include <text/codepage.h>
 
 #if defined(_WIN32)
+#include <fcntl.h>
+#include <io.h>
 #include <shellapi.h>
 #else
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <compat/win32/paths.h>
+#include <host/win32/regfile.h>
 #endif
 
-#include "failure.h"
+#include "arguments.h"
 
 namespace kvarnio {
 namespace {
@@ -24,11 +31,7 @@ std::string WithoutLastSeparators(std::string path) {
 }
 
 std::string To1252(std::string const& path) {
-    auto const text = kvarn::FromUtf8(path);
-    if (!text) {
-        throw UsageError(path + ": the path holds a letter outside code page 1252");
-    }
-    return *text;
+    return In1252("the path", path);
 }
 
 } // namespace
@@ -66,6 +69,41 @@ void ShowUtf8() {
     SetConsoleOutputCP(CP_UTF8);
 }
 
+bool ErrorsAloneAreOnTerminal() {
+    return _isatty(_fileno(stderr)) != 0 && _isatty(_fileno(stdout)) == 0;
+}
+
+bool CanAsk() {
+    return _isatty(_fileno(stderr)) != 0 && _isatty(_fileno(stdin)) != 0;
+}
+
+std::uintmax_t SizeOfInput() {
+    LARGE_INTEGER size{};
+    HANDLE const input = GetStdHandle(STD_INPUT_HANDLE);
+    bool const isFile = GetFileType(input) == FILE_TYPE_DISK && GetFileSizeEx(input, &size) != 0;
+    return isFile ? static_cast<std::uintmax_t>(size.QuadPart) : 0;
+}
+
+bool IsStandardInput(std::filesystem::path const& file) {
+    HANDLE const opened = CreateFileW(file.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                      OPEN_EXISTING, 0, nullptr);
+    BY_HANDLE_FILE_INFORMATION input{};
+    BY_HANDLE_FILE_INFORMATION other{};
+    bool const isSame =
+        opened != INVALID_HANDLE_VALUE &&
+        GetFileInformationByHandle(GetStdHandle(STD_INPUT_HANDLE), &input) != 0 &&
+        GetFileInformationByHandle(opened, &other) != 0 &&
+        std::tie(input.dwVolumeSerialNumber, input.nFileIndexHigh, input.nFileIndexLow) ==
+            std::tie(other.dwVolumeSerialNumber, other.nFileIndexHigh, other.nFileIndexLow);
+    CloseHandle(opened);
+    return isSame;
+}
+
+void UseStreamsAsTheyAre() {
+    _setmode(_fileno(stdin), _O_BINARY);
+    _setmode(_fileno(stdout), _O_BINARY);
+}
+
 void SetEnvironment(char const* name, std::string const& value) {
     SetEnvironmentVariableW(FromUtf8(name).c_str(), FromUtf8(value).c_str());
 }
@@ -84,6 +122,14 @@ std::filesystem::path UserPath(std::string const& typed) {
     return FromUtf8(typed);
 }
 
+std::string RegistryStore() {
+    return {};
+}
+
+std::vector<std::size_t> BadRegistryLines(std::string_view) {
+    return {};
+}
+
 std::filesystem::path HostPath(std::string_view path) {
     return FromUtf8(kvarn::ToUtf8(path));
 }
@@ -95,6 +141,30 @@ std::vector<std::string> Arguments(int argc, char** argv) {
 }
 
 void ShowUtf8() {} // terminals do
+
+bool ErrorsAloneAreOnTerminal() {
+    return isatty(STDERR_FILENO) != 0 && isatty(STDOUT_FILENO) == 0;
+}
+
+bool CanAsk() {
+    return isatty(STDERR_FILENO) != 0 && isatty(STDIN_FILENO) != 0;
+}
+
+std::uintmax_t SizeOfInput() {
+    struct stat status {};
+    bool const isFile = fstat(STDIN_FILENO, &status) == 0 && S_ISREG(status.st_mode);
+    return isFile ? static_cast<std::uintmax_t>(status.st_size) : 0;
+}
+
+bool IsStandardInput(std::filesystem::path const& file) {
+    struct stat input {};
+    struct stat other {};
+    return fstat(STDIN_FILENO, &input) == 0 && S_ISREG(input.st_mode) &&
+           stat(file.c_str(), &other) == 0 && input.st_dev == other.st_dev &&
+           input.st_ino == other.st_ino;
+}
+
+void UseStreamsAsTheyAre() {} // they are bytes
 
 void SetEnvironment(char const* name, std::string const& value) {
     setenv(name, value.c_str(), 1);
@@ -115,11 +185,24 @@ std::filesystem::path UserPath(std::string const& typed) {
     return typed;
 }
 
+std::string RegistryStore() {
+    return kvarn::StorePath();
+}
+
+std::vector<std::size_t> BadRegistryLines(std::string_view content) {
+    return kvarn::RegStore(content).BadLines();
+}
+
 std::filesystem::path HostPath(std::string_view path) {
     return kvarn::HostPath(path);
 }
 
 #endif
+
+std::optional<std::string> LibraryName(std::filesystem::path const& name) {
+    std::u8string const utf8 = name.u8string();
+    return kvarn::FromUtf8(std::string(utf8.begin(), utf8.end()));
+}
 
 std::string LibraryFolder(std::string const& typed) {
     return WithoutLastSeparators(LibraryPath(typed));

@@ -26,7 +26,7 @@ void RequireSegment(std::string const& path, std::vector<kovltype> const& vertic
 RoadFile::RoadFile(std::string const& typed) : m_path(LibraryPath(typed)) {
     int const result = m_road.Init(m_path.c_str());
     if (MessageWasShown() || result != 0) {
-        throw Failure(Shown(m_path) + " cannot be read");
+        ThrowNotRead(m_path);
     }
     m_content = kvarn::ReadVagfil(ReadWhole(m_path));
 }
@@ -46,7 +46,7 @@ CVaglinje& RoadFile::ProfileToAsk() {
 }
 
 void RoadFile::WarnOfSkippedLines() const {
-    std::size_t const count = m_content.skipped.size();
+    std::size_t const count = m_content.skipped;
     if (count > 0) {
         std::cerr << "kvarnio: " << count << (count == 1 ? " line was" : " lines were")
                   << " skipped in " << Shown(m_path) << "; kvarnio road check names "

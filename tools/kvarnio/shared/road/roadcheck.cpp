@@ -4,9 +4,11 @@
 #include <cmath>
 #include <string>
 
+#include <formats/checks/checkvagfil.h>
+#include <kvarnprog.h>
 #include <text/format.h>
 
-#include "../shared/road/roadgeometry.h"
+#include "roadgeometry.h"
 
 namespace kvarnio {
 namespace {
@@ -27,11 +29,13 @@ class Checker {
     void Plan(double tolerance) {
         Alone("plan", "coordinates");
         Finiteness();
+        Axes();
         bool const decreasing =
             m_vertices.size() > 1 && m_vertices[1].sektion < m_vertices[0].sektion;
         if (decreasing) {
-            Add(m_lines[0], "the stations decrease along the line: a search for the station of a "
-                            "point gives the offset with the opposite sign");
+            Add(m_lines[0], Rule::fallingStations,
+                "the stations decrease along the line: a search for the station of a "
+                "point gives the offset with the opposite sign");
         }
         EachSegment([&](Place p, Place q) {
             bool const coincident = Coincidence(p, q);
@@ -62,7 +66,9 @@ class Checker {
     }
 
   private:
-    void Add(std::size_t line, std::string what) { m_findings.push_back({line, std::move(what)}); }
+    void Add(std::size_t line, Rule rule, std::string what) {
+        m_findings.push_back({line, rule, std::move(what)});
+    }
 
     // Those whose ends are numbers.
     template <class Look> void EachSegment(Look look) {
@@ -75,7 +81,7 @@ class Checker {
 
     void Alone(char const* part, char const* what) {
         if (m_vertices.size() == 1) {
-            Add(m_lines[0],
+            Add(m_lines[0], Rule::oneVertex,
                 std::string("the ") + part + " has one vertex alone: it gives no " + what);
         }
     }
@@ -83,8 +89,25 @@ class Checker {
     void Finiteness() {
         for (std::size_t i = 0; i < m_vertices.size(); ++i) {
             if (!IsFinite(m_vertices[i])) {
-                Add(m_lines[i], "the vertex holds a value that is not a number or is infinite");
+                Add(m_lines[i], Rule::notFinite,
+                    "the vertex holds a value that is not a number or is infinite");
             }
+        }
+    }
+
+    // x is north. A line of which all of y is as far north as the Nordic countries are, and all of
+    // x as far east, was typed with the two the other way round.
+    void Axes() {
+        constexpr double leastNorth = 6.0e6; // metres from the equator, of every grid there
+        constexpr double mostNorth = 8.0e6;
+        constexpr double mostEast = 2.0e6; // with the false easting
+        bool const swapped =
+            std::all_of(m_vertices.begin(), m_vertices.end(), [](kovltype const& p) {
+                return p.y >= leastNorth && p.y <= mostNorth && p.x > 0 && p.x <= mostEast;
+            });
+        if (swapped && !m_vertices.empty()) {
+            Add(m_lines[0], Rule::swappedAxes,
+                "x and y look swapped: x, the first number, is the northing");
         }
     }
 
@@ -96,8 +119,9 @@ class Checker {
         if (!kvarn::LineFoot(from, to, to).IsTooShort()) {
             return false;
         }
-        Add(q.line, "the vertex coincides with that of line " + std::to_string(p.line) +
-                        Format(": they are %.4lf m apart", distance));
+        Add(q.line, Rule::coincident,
+            "the vertex coincides with that of line " + std::to_string(p.line) +
+                Format(": they are %.4lf m apart", distance));
         return true;
     }
 
@@ -106,19 +130,20 @@ class Checker {
         if (step > 0) {
             return true;
         }
-        Add(q.line, Format("station %.4lf ", q.vertex.sektion) +
-                        (step == 0       ? "equals that"
-                         : direction > 0 ? "is smaller than that"
-                                         : "is greater than that") +
-                        " of line " + std::to_string(p.line) +
-                        (step == 0 ? "" : Format(", %.4lf", p.vertex.sektion)));
+        Add(q.line, Rule::stationOrder,
+            Format("station %.4lf ", q.vertex.sektion) +
+                (step == 0       ? "equals that"
+                 : direction > 0 ? "is smaller than that"
+                                 : "is greater than that") +
+                " of line " + std::to_string(p.line) +
+                (step == 0 ? "" : Format(", %.4lf", p.vertex.sektion)));
         return false;
     }
 
     void Bulge(Place p) {
         double const size = std::fabs(p.vertex.bulge);
         if (size >= 1) {
-            Add(p.line,
+            Add(p.line, Rule::wideBulge,
                 Format("bulge %.4lf: ", p.vertex.bulge) +
                     (size > 1 ? "beyond a half circle the other arc is followed"
                               : "a half circle that does not cross the bearing zero is followed "
@@ -130,8 +155,9 @@ class Checker {
         double const length = Segment(p.vertex, q.vertex).Length();
         double const stations = std::fabs(q.vertex.sektion - p.vertex.sektion);
         if (!(std::fabs(length - stations) <= tolerance)) {
-            Add(p.line, Format("the segment is %.4lf m long, its stations differ by %.4lf", length,
-                               stations));
+            Add(p.line, Rule::stationJump,
+                Format("the segment is %.4lf m long, its stations differ by %.4lf", length,
+                       stations));
         }
     }
 
@@ -150,12 +176,13 @@ class Checker {
         bool const start = onAxis(arc.From());
         bool const end = onAxis(arc.To());
         if (start || end) {
-            Add(p.line, std::string("the arc ") +
-                            (start && end ? "starts and ends"
-                             : start      ? "starts"
-                                          : "ends") +
-                            " straight north, east, south or west of its centre: a search for the "
-                            "station of a point may miss points beside it, and accept others");
+            Add(p.line, Rule::missedArc,
+                std::string("the arc ") +
+                    (start && end ? "starts and ends"
+                     : start      ? "starts"
+                                  : "ends") +
+                    " straight north, east, south or west of its centre: a search for the "
+                    "station of a point may miss points beside it, and accept others");
         }
     }
 
@@ -163,9 +190,10 @@ class Checker {
     void StationTwice(Place p) {
         constexpr double printed = 0.0001;
         if (std::fabs(p.vertex.y - p.vertex.sektion) > printed) {
-            Add(p.line, Format("the second column, %.4lf, and the fourth, %.4lf, are both the "
-                               "station and differ",
-                               p.vertex.y, p.vertex.sektion));
+            Add(p.line, Rule::twoStations,
+                Format("the second column, %.4lf, and the fourth, %.4lf, are both the "
+                       "station and differ",
+                       p.vertex.y, p.vertex.sektion));
         }
     }
 
@@ -191,9 +219,10 @@ class Checker {
             }
         }
         if (most > worthTelling) {
-            Add(p.line, Format("the vertical curve is steep: heights differ from its circle by up "
-                               "to %.4lf m between its ends",
-                               most));
+            Add(p.line, Rule::steepCurve,
+                Format("the vertical curve is steep: heights differ from its circle by up "
+                       "to %.4lf m between its ends",
+                       most));
         }
     }
 
@@ -204,14 +233,13 @@ class Checker {
 
 } // namespace
 
-std::vector<Finding> CheckRoad(RoadFile const& file, double tolerance) {
-    kvarn::VagfilContent const& content = file.Content();
-    std::vector<Finding> findings = content.skipped;
-    findings.insert(findings.end(), content.cut.begin(), content.cut.end());
-    Checker(content.plan, findings).Plan(tolerance);
-    Checker(content.profile, findings).Profile();
-    if (file.Plan().empty() && file.Profile().empty()) {
-        findings.push_back({1, "the file holds no vertex"});
+std::vector<Finding> CheckRoad(std::string_view content, double tolerance) {
+    kvarn::VagfilContent const road = kvarn::ReadVagfil(content);
+    std::vector<Finding> findings = kvarn::CheckVagfil(content);
+    Checker(road.plan, findings).Plan(tolerance);
+    Checker(road.profile, findings).Profile();
+    if (road.plan.vertices.empty() && road.profile.vertices.empty()) {
+        findings.push_back({1, Rule::noVertex, "the file holds no vertex"});
     }
     std::stable_sort(findings.begin(), findings.end(),
                      [](Finding const& a, Finding const& b) { return a.line < b.line; });

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string>
 
+#include "rule.h"
+
 namespace kvarn {
 
 // What becomes of that part of the file when the library rewrites it.
@@ -16,10 +18,16 @@ enum class Loss {
 
 // A place in a file and what is to be said of it.
 struct Finding {
-    std::size_t line; // counted from 1
-    std::string what; // in UTF-8
+    std::size_t line = 0; // counted from 1; 0: the file as such
+    Rule rule{};
+    std::string what{}; // in UTF-8
     Loss loss = Loss::none;
     std::string text{}; // the text at that place, in code page 1252
+
+    Severity HowBad() const {
+        bool const isLost = loss == Loss::line || loss == Loss::header;
+        return isLost ? Severity::lost : TextOf(rule).severity;
+    }
 };
 
 } // namespace kvarn

@@ -1,0 +1,2 @@
+// The limit of a command: what it costs to start a process.
+int main() {}

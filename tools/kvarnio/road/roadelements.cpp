@@ -1,0 +1,64 @@
+#include "roadelements.h"
+
+#include <cmath>
+#include <numbers>
+
+#include <text/format.h>
+
+#include "../shared/road/roadgeometry.h"
+
+namespace kvarnio {
+namespace {
+
+// At a fraction of the segment's length; nothing where it has no direction.
+Json Bearing(Segment const& segment, double fraction) {
+    constexpr double fullTurn = 400; // gon
+    RoadPoint const right = segment.Across(fraction);
+    double const bearing = std::atan2(-right.x, right.y) * fullTurn / (2 * std::numbers::pi);
+    if (!std::isfinite(bearing)) {
+        return {};
+    }
+    return bearing < 0 ? bearing + fullTurn : bearing;
+}
+
+Json ElementBetween(kovltype const& from, kovltype const& to) {
+    Segment const segment(from, to);
+    bool const isArc = segment.IsArc();
+    return {{"type", !isArc           ? "straight"
+                     : from.bulge > 0 ? "left"
+                                      : "right"},
+            {"from", from.sektion},
+            {"to", to.sektion},
+            {"length", segment.Length()},
+            {"radius", isArc ? Json(segment.Radius()) : Json()},
+            {"bearing", Bearing(segment, 0)},
+            {"bearingAtEnd", Bearing(segment, 1)}};
+}
+
+std::string Cell(Json const& number) {
+    return number.is_null() ? "-" : kvarn::Format("%.4lf", number.get<double>());
+}
+
+} // namespace
+
+Json ElementsOf(std::span<kovltype const> plan) {
+    Json elements = Json::array();
+    for (std::size_t i = 1; i < plan.size(); ++i) {
+        elements.push_back(ElementBetween(plan[i - 1], plan[i]));
+    }
+    return elements;
+}
+
+void PrintElements(Json const& elements) {
+    std::vector<std::vector<std::string>> rows = {
+        {"ELEMENT", "FROM", "TO", "LENGTH", "RADIUS", "BEARING", "AT ITS END"}};
+    for (Json const& element : elements) {
+        auto const& type = element["type"].get_ref<std::string const&>();
+        rows.push_back({type == "straight" ? type : "arc to the " + type, Cell(element["from"]),
+                        Cell(element["to"]), Cell(element["length"]), Cell(element["radius"]),
+                        Cell(element["bearing"]), Cell(element["bearingAtEnd"])});
+    }
+    PrintTable(rows);
+}
+
+} // namespace kvarnio
