@@ -5,6 +5,8 @@
 
 #include "platform.h"
 
+template class nlohmann::basic_json<nlohmann::ordered_map>;
+
 namespace kvarnio {
 namespace {
 

@@ -9,6 +9,9 @@
 #include <nlohmann/json.hpp>
 #include <text/shown.h>
 
+// Compiled once, in output.cpp: it would cost every other unit a second.
+extern template class nlohmann::basic_json<nlohmann::ordered_map>;
+
 namespace kvarnio {
 
 using Json = nlohmann::ordered_json;
