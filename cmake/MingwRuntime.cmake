@@ -1,14 +1,25 @@
 # The run-time libraries that the DLL and its clients share: thrown texts cross the border, and a
 # static copy on each side would miscount them. They lie beside the programs and go into the package.
+#
+# A compiler that runs on Windows keeps them in its own folder and answers with the bare name: that
+# folder is on the user's path.
 set(kvarnprog_runtime)
 set(beside "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
 if(NOT beside)
     set(beside "${CMAKE_CURRENT_BINARY_DIR}")
 endif()
 file(MAKE_DIRECTORY "${beside}")
+cmake_path(GET CMAKE_CXX_COMPILER PARENT_PATH compiler_folder)
 foreach(name libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}
         OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-    file(COPY_FILE "${path}" "${beside}/${name}" ONLY_IF_DIFFERENT)
-    list(APPEND kvarnprog_runtime "${path}")
+    if(NOT IS_ABSOLUTE "${path}")
+        set(path "${compiler_folder}/${name}")
+    endif()
+    if(EXISTS "${path}")
+        file(COPY_FILE "${path}" "${beside}/${name}" ONLY_IF_DIFFERENT)
+        list(APPEND kvarnprog_runtime "${path}")
+    else()
+        message(STATUS "${name} is not known to the compiler: programs find it on their path")
+    endif()
 endforeach()

@@ -2,11 +2,20 @@
 # library.
 add_library(kvarnprog_options INTERFACE)
 target_compile_features(kvarnprog_options INTERFACE cxx_std_20)
+# Never for those who build the library within their own project.
+set(warnings_are_errors $<BOOL:${PROJECT_IS_TOP_LEVEL}>)
+if(MSVC)
+    # Texts in the sources are UTF-8, and literals of code page 1252 are made from them. Its floating
+    # point is the precise one, which fuses nothing.
+    target_compile_options(kvarnprog_options INTERFACE /W4 $<${warnings_are_errors}:/WX>
+        /utf-8 /permissive- /Zc:__cplusplus /Zc:preprocessor /fp:precise /sdl /guard:cf)
+    target_link_options(kvarnprog_options INTERFACE /guard:cf)
+    return()
+endif()
 target_compile_options(kvarnprog_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
     -Wold-style-cast
-    # Never for those who build the library within their own project.
-    $<$<BOOL:${PROJECT_IS_TOP_LEVEL}>:-Werror>
+    $<${warnings_are_errors}:-Werror>
     # Two ways through one build must give the same bits: a fused multiply-add would round once
     # where the written formula rounds twice.
     -ffp-contract=off)
@@ -25,8 +34,13 @@ endif()
 if(WIN32)
     target_link_options(kvarnprog_options INTERFACE
         -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
-    # The canary's part of the run-time library is small and without state that is shared.
-    target_link_libraries(kvarnprog_options INTERFACE -l:libssp.a)
+    # The canary's part of the run-time library is small and without state that is shared. Where the
+    # compiler has none, the C run-time library has it.
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libssp.a
+        OUTPUT_VARIABLE libssp OUTPUT_STRIP_TRAILING_WHITESPACE)
+    if(IS_ABSOLUTE "${libssp}")
+        target_link_libraries(kvarnprog_options INTERFACE -l:libssp.a)
+    endif()
 else()
     target_link_options(kvarnprog_options INTERFACE -Wl,-z,relro,-z,now)
 endif()

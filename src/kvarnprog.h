@@ -6,6 +6,7 @@
 #include "core/list0.h"
 #include "core/message.h"
 #include "core/registry.h"
+#include "core/utf8.h"
 #include "geodata/bergormatelista.h"
 #include "geodata/stodpunkt.h"
 #include "geodata/vag2.h"

@@ -15,6 +15,7 @@
 
 #if defined(_AFXDLL) || defined(KVARNPROG_MFC)
 #include <afxcmn.h>
+#include <afxdisp.h> // COleDateTime
 #include <afxext.h>
 #else
 

@@ -1,0 +1,6 @@
+// Automation's classes in the syntax check's MFC.
+#pragma once
+
+#include "afxwin.h"
+
+using COleDateTime = OleDateTimeOfAfxdisp;
