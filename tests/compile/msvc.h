@@ -1,4 +1,4 @@
-// What the headers of MinGW-w64 lack for clang's MSVC target: the syntax check includes it before all
+// What the headers of MinGW-w64 lack for clang's MSVC target: the check includes it before all
 // else.
 #include <_mingw.h>
 #undef __MINGW_IMPORT
