@@ -1,5 +1,6 @@
 # The run-time libraries that the DLL and its clients share: thrown texts cross the border, and a
-# static copy on each side would miscount them. They lie beside the programs and go into the package.
+# static copy on each side would miscount them. They lie beside the programs and go into the package,
+# without the compiler's own debug symbols, which are nine tenths of them.
 set(kvarnprog_runtime)
 set(beside "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
 if(NOT beside)
@@ -9,6 +10,9 @@ file(MAKE_DIRECTORY "${beside}")
 foreach(name libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}
         OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-    file(COPY_FILE "${path}" "${beside}/${name}" ONLY_IF_DIFFERENT)
-    list(APPEND kvarnprog_runtime "${path}")
+    if("${path}" IS_NEWER_THAN "${beside}/${name}")
+        execute_process(COMMAND "${CMAKE_STRIP}" -o "${beside}/${name}" "${path}"
+            COMMAND_ERROR_IS_FATAL ANY)
+    endif()
+    list(APPEND kvarnprog_runtime "${beside}/${name}")
 endforeach()

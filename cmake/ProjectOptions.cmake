@@ -5,8 +5,8 @@ target_compile_features(kvarnprog_options INTERFACE cxx_std_20)
 target_compile_options(kvarnprog_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
     -Wold-style-cast
-    # Never for those who build the library within their own project.
-    $<$<BOOL:${PROJECT_IS_TOP_LEVEL}>:-Werror>
+    # Where the presets ask for it: another compiler may know warnings that nobody has met here.
+    $<$<BOOL:${KVARNPROG_WERROR}>:-Werror>
     # Two ways through one build must give the same bits: a fused multiply-add would round once
     # where the written formula rounds twice.
     -ffp-contract=off)

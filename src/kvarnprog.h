@@ -17,4 +17,5 @@
 #include "project/projektstatus.h"
 #include "project/projpath.h"
 #include "project/ritningsformat.h"
+#include "resources/version.h"
 #include "settings/autoini.h"

@@ -1,0 +1,12 @@
+# cpack reads this for each kind of package: how the components are put together.
+if(CPACK_GENERATOR STREQUAL "DEB")
+    set(CPACK_DEB_COMPONENT_INSTALL ON)
+    set(CPACK_COMPONENTS_GROUPING IGNORE)
+elseif(CPACK_GENERATOR STREQUAL "ZIP")
+    set(CPACK_ARCHIVE_COMPONENT_INSTALL ON)
+    set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
+    set(CPACK_COMPONENT_INCLUDE_TOPLEVEL_DIRECTORY ON)
+else()
+    # All but the symbols.
+    set(CPACK_MONOLITHIC_INSTALL ON)
+endif()
