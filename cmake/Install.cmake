@@ -31,6 +31,7 @@ install(FILES "${PROJECT_BINARY_DIR}/KvarnProgConfig.cmake"
     DESTINATION "${package_folder}" COMPONENT Development)
 
 file(RELATIVE_PATH prefix_from_pc "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+string(REGEX REPLACE "/$" "" prefix_from_pc "${prefix_from_pc}")
 get_target_property(library_name kvarnprog OUTPUT_NAME)
 if(NOT library_name)
     set(library_name kvarnprog)
