@@ -1,5 +1,6 @@
 # The run-time libraries that the DLL and its clients share: thrown texts cross the border, and a
-# static copy on each side would miscount them. They lie beside the programs and go into the package.
+# static copy on each side would miscount them. They lie beside the programs and go into the package,
+# without the compiler's own debug symbols, which are nine tenths of them.
 #
 # A compiler that runs on Windows keeps them in its own folder and answers with the bare name: that
 # folder is on the user's path.
@@ -16,10 +17,13 @@ foreach(name libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
     if(NOT IS_ABSOLUTE "${path}")
         set(path "${compiler_folder}/${name}")
     endif()
-    if(EXISTS "${path}")
-        file(COPY_FILE "${path}" "${beside}/${name}" ONLY_IF_DIFFERENT)
-        list(APPEND kvarnprog_runtime "${path}")
-    else()
+    if(NOT EXISTS "${path}")
         message(STATUS "${name} is not known to the compiler: programs find it on their path")
+        continue()
     endif()
+    if("${path}" IS_NEWER_THAN "${beside}/${name}")
+        execute_process(COMMAND "${CMAKE_STRIP}" -o "${beside}/${name}" "${path}"
+            COMMAND_ERROR_IS_FATAL ANY)
+    endif()
+    list(APPEND kvarnprog_runtime "${beside}/${name}")
 endforeach()

@@ -2,8 +2,8 @@
 # library.
 add_library(kvarnprog_options INTERFACE)
 target_compile_features(kvarnprog_options INTERFACE cxx_std_20)
-# Never for those who build the library within their own project.
-set(warnings_are_errors $<BOOL:${PROJECT_IS_TOP_LEVEL}>)
+# Where the presets ask for it: another compiler may know warnings that nobody has met here.
+set(warnings_are_errors $<BOOL:${KVARNPROG_WERROR}>)
 if(MSVC)
     # Texts in the sources are UTF-8, and literals of code page 1252 are made from them. Its floating
     # point is the precise one, which fuses nothing.

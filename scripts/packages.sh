@@ -19,3 +19,8 @@ kvarnprog_need() {
 kvarnprog_build_tools=(g++ cmake ninja-build)
 kvarnprog_tool_libraries=(libcli11-dev nlohmann-json3-dev)
 export LC_ALL=C.UTF-8 # Wine takes its code page from the locale
+
+kvarnprog_version() { # as the header has it
+    sed -nE 's/^#define KVARNPROG_VERSION_(MAJOR|MINOR|PATCH) ([0-9]+)$/\2/p' \
+        src/resources/version.h | paste -sd .
+}

@@ -18,4 +18,5 @@
 #include "project/projektstatus.h"
 #include "project/projpath.h"
 #include "project/ritningsformat.h"
+#include "resources/version.h"
 #include "settings/autoini.h"

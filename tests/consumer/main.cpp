@@ -42,7 +42,8 @@ int main() {
     CKvarnInst inst;
     inst.Init(&ini, &projekt);
     bool const answered = inst.ReadKey(CProjPath::KvarnParNamn, "HSKALA") == "100";
-    bool const worked = answered && CopyIsRefused() && ResourcesAreReached();
+    bool const fits = std::strcmp(KvarnProgVersion(), KVARNPROG_VERSION) == 0;
+    bool const worked = fits && answered && CopyIsRefused() && ResourcesAreReached();
     std::printf("%s %d\n", ClientMessage(), worked);
     return worked ? 0 : 1;
 }

@@ -86,8 +86,8 @@ TEST(Loading, UnloadingForgetsWhatIsThePrograms) {
 }
 
 TEST(Loading, TheVersionNamesWhoseClientsItServes) {
-    EXPECT_EQ(VersionText("FileVersion"), KVARNPROG_VERSION_TEXT);
-    EXPECT_EQ(VersionText("ProductVersion"), KVARNPROG_VERSION_TEXT);
+    EXPECT_EQ(VersionText("FileVersion"), BUILD_VERSION);
+    EXPECT_EQ(VersionText("ProductVersion"), BUILD_VERSION);
     EXPECT_NE(VersionText("FileDescription").find("MinGW-w64"), std::string::npos);
     EXPECT_EQ(VersionText("OriginalFilename"), "Markvida.Core.IO.KvarnProg10064.dll");
 }

@@ -1,0 +1,10 @@
+# Reads the version from the header that has it: kvarnprog_version.
+set(version_header "${CMAKE_CURRENT_SOURCE_DIR}/src/resources/version.h")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${version_header}")
+set(kvarnprog_version)
+foreach(part MAJOR MINOR PATCH)
+    file(STRINGS "${version_header}" line REGEX "^#define KVARNPROG_VERSION_${part} ")
+    string(REGEX MATCH "[0-9]+$" number "${line}")
+    list(APPEND kvarnprog_version "${number}")
+endforeach()
+list(JOIN kvarnprog_version "." kvarnprog_version)

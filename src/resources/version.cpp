@@ -1,0 +1,5 @@
+#include "version.h"
+
+char const* KvarnProgVersion() {
+    return KVARNPROG_VERSION;
+}
