@@ -172,7 +172,7 @@ void AddEnvCommand(CommandLine& line) {
     CLI::App& env = line.AddCommand(
         "env", "Show where settings and folders are, and why",
         "--bootstrap makes and fills the user's settings folder at the first start, as programs "
-        "do.\nExample: kvarnio env --bootstrap 20 AX --refresh");
+        "do.\nExample: kvarnio env --bootstrap 0 AX --refresh");
     env.add_option("--bootstrap", arguments->bootstrap,
                    "Start as a program does: its release (18 to 20; 0 and 1 for that of the main "
                    "folder) and its name")
