@@ -205,8 +205,8 @@ void AddDiffCommand(CommandLine& line) {
         "The values of the settings files and the codes of the code files are compared, as "
         "programs take them: from the project, the CFG folder, the main folder or the built-in "
         "defaults, which stand in brackets.\n"
-        "Example: kvarnio diff Vag27 Hamnkajen\n"
-        "Exit status: 0 no differences, 1 differences, 3 a file could not be read.");
+        "Exit status: 0 no differences, 1 differences, 3 a file could not be read.\n"
+        "Example: kvarnio diff Vag27 Hamnkajen");
     diff.add_option("PROJECT", arguments->first, "Project folder")->required();
     diff.add_option("OTHER", arguments->second,
                     "Another one; without it the project is compared with the office's files");

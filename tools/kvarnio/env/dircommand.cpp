@@ -63,9 +63,9 @@ void AddDirCommand(CommandLine& line) {
     auto const arguments = std::make_shared<DirArguments>();
     CLI::App& dir = line.AddCommand(
         "dir", "List the files that match a pattern",
-        "Example: kvarnio dir 'C:\\Projekt\\Vag27\\*.PAR' --sort date\n"
         "Names are sorted by the number that they begin with, then as texts. Files of 1 to 999 "
-        "bytes count\nas 1000, as programs show them.");
+        "bytes count\nas 1000, as programs show them.\n"
+        "Example: kvarnio dir 'C:\\Projekt\\Vag27\\*.PAR' --sort date");
     dir.add_option("PATTERN", arguments->pattern, "Path whose last part may hold * and ?")
         ->required();
     dir.add_option("--sort", arguments->sort, "name, size or date; name without it")

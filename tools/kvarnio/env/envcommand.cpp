@@ -171,9 +171,8 @@ void AddEnvCommand(CommandLine& line) {
     auto const arguments = std::make_shared<EnvArguments>();
     CLI::App& env = line.AddCommand(
         "env", "Show where settings and folders are, and why",
-        "Example: kvarnio env --bootstrap 20 AX --refresh\n"
         "--bootstrap makes and fills the user's settings folder at the first start, as programs "
-        "do.");
+        "do.\nExample: kvarnio env --bootstrap 0 AX --refresh");
     env.add_option("--bootstrap", arguments->bootstrap,
                    "Start as a program does: its release (18 to 20; 0 and 1 for that of the main "
                    "folder) and its name")

@@ -211,11 +211,10 @@ void AddRegistryCommand(CommandLine& line) {
         "registry",
         "Show the values of a key of the registry, or one in every form in which programs "
         "read it",
-        "Example: kvarnio registry 'HKCU\\Software\\Orsakor\\Vallentra\\Markvida\\Samlaren' "
-        "ACADVER\n"
         "A number is stored as bytes, and may be an integer, a colour or a truth value: all that "
-        "fit "
-        "are shown.");
+        "fit are shown.\n"
+        "Example: kvarnio registry 'HKCU\\Software\\Orsakor\\Vallentra\\Markvida\\Samlaren' "
+        "ACADVER");
     registry.add_option("KEY", arguments->key, "Key, beginning with HKCU, HKLM, HKCR or HKU")
         ->required();
     registry.add_option("NAME", arguments->name,

@@ -61,7 +61,7 @@ void AddFormatsCommand(CommandLine& line) {
     auto const name = std::make_shared<std::string>();
     CLI::App& formats =
         line.AddCommand("formats", "Show the sheet formats of drawings, in millimetres",
-                        "Width x height. Example: kvarnio formats A3L");
+                        "Width x height.\nExample: kvarnio formats A3L");
     formats.add_option("NAME", *name, "One format, in capitals; without it, all");
     line.Run(formats, [name](Context& context) { return Formats(context, *name); });
 }

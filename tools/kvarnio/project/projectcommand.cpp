@@ -118,7 +118,7 @@ CLI::App& AddProjectCommands(CommandLine& line) {
     auto const typed = std::make_shared<std::string>();
     CLI::App& status = CommandLine::AddCommand(
         project, "status", "Show the states that a project can be in, or one of them",
-        "Example: kvarnio project status levererat\nExit status: 1 for one that does not exist.");
+        "Exit status: 1 for one that does not exist.\nExample: kvarnio project status levererat");
     status.add_option("STATE", *typed, "Its code, or its text in any case; without it, all");
     line.Run(status, [typed](Context& context) { return Status(context, *typed); });
     return project;
