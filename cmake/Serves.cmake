@@ -1,6 +1,12 @@
 # Whose programs the library serves, which the package file asks of its reader's compiler: in words,
 # and as the preprocessor knows it. Classes, exceptions and C files cross the border.
-if(WIN32)
+if(MSVC)
+    set(kvarnprog_serves "Visual C++ 2015 or later with 64 bits and the shared run-time library")
+    if(KVARNPROG_MFC)
+        string(APPEND kvarnprog_serves ", with the shared MFC library and 8-bit texts")
+    endif()
+    set(kvarnprog_served "defined(_MSC_VER) && _MSC_VER >= 1900 && defined(_M_X64) && defined(_DLL)")
+elseif(WIN32)
     include(CheckCXXSymbolExists)
     check_cxx_symbol_exists(_UCRT cstdio kvarnprog_has_ucrt)
     if(kvarnprog_has_ucrt)
