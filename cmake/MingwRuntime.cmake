@@ -6,13 +6,15 @@ set(beside "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
 if(NOT beside)
     set(beside "${CMAKE_CURRENT_BINARY_DIR}")
 endif()
-file(MAKE_DIRECTORY "${beside}")
+set(stripped "${CMAKE_CURRENT_BINARY_DIR}/stripped")
+file(MAKE_DIRECTORY "${beside}" "${stripped}")
 foreach(name libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}
         OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-    if("${path}" IS_NEWER_THAN "${beside}/${name}")
-        execute_process(COMMAND "${CMAKE_STRIP}" -o "${beside}/${name}" "${path}"
+    if("${path}" IS_NEWER_THAN "${stripped}/${name}")
+        execute_process(COMMAND "${CMAKE_STRIP}" -o "${stripped}/${name}" "${path}"
             COMMAND_ERROR_IS_FATAL ANY)
     endif()
+    file(COPY_FILE "${stripped}/${name}" "${beside}/${name}" ONLY_IF_DIFFERENT)
     list(APPEND kvarnprog_runtime "${beside}/${name}")
 endforeach()
