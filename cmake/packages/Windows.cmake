@@ -20,6 +20,7 @@ set(CPACK_NSIS_PACKAGE_NAME "KvarnProg ${PROJECT_VERSION}")
 set(CPACK_NSIS_DISPLAY_NAME "KvarnProg ${PROJECT_VERSION}")
 set(CPACK_NSIS_ENABLE_UNINSTALL_BEFORE_INSTALL ON)
 set(CPACK_NSIS_COMPRESSOR "/SOLID lzma")
+set(CPACK_NSIS_DEFINES "SetDateSave off") # the same bytes whenever it is made
 set(CPACK_RESOURCE_FILE_LICENSE "${kvarnprog_notice}")
 
 # The run-time libraries go with their licences.
