@@ -23,7 +23,9 @@ foreach(name libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
         continue()
     endif()
     if("${path}" IS_NEWER_THAN "${stripped}/${name}")
-        execute_process(COMMAND "${CMAKE_STRIP}" -o "${stripped}/${name}" "${path}"
+        # Which writes the time of its run otherwise.
+        execute_process(COMMAND "${CMAKE_COMMAND}" -E env SOURCE_DATE_EPOCH=0
+            "${CMAKE_STRIP}" -o "${stripped}/${name}" "${path}"
             COMMAND_ERROR_IS_FATAL ANY)
     endif()
     file(COPY_FILE "${stripped}/${name}" "${beside}/${name}" ONLY_IF_DIFFERENT)
