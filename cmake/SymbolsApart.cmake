@@ -6,12 +6,10 @@ function(kvarnprog_symbols_apart target folder)
         return()
     endif()
     set(file "$<TARGET_FILE:${target}>")
-    # The tools for Windows write the time of their run, or this one.
-    set(timeless "${CMAKE_COMMAND}" -E env SOURCE_DATE_EPOCH=0)
     add_custom_command(TARGET ${target} POST_BUILD
-        COMMAND ${timeless} "${CMAKE_OBJCOPY}" --only-keep-debug "${file}" "${file}.debug"
-        COMMAND ${timeless} "${CMAKE_STRIP}" --strip-unneeded "${file}"
-        COMMAND ${timeless} "${CMAKE_OBJCOPY}" "--add-gnu-debuglink=${file}.debug" "${file}"
+        COMMAND "${CMAKE_COMMAND}" "-DFILE=${file}" "-DOBJCOPY=${CMAKE_OBJCOPY}"
+            "-DOBJDUMP=${CMAKE_OBJDUMP}" "-DSTRIP=${CMAKE_STRIP}"
+            -P "${PROJECT_SOURCE_DIR}/cmake/TakeSymbols.cmake"
         VERBATIM)
     if(NOT WIN32)
         set(folder "lib/debug${CMAKE_INSTALL_PREFIX}/${folder}")
