@@ -146,7 +146,9 @@ TEST_F(KodfilerTest, MiljkodReads) {
         {"A " + longWord + " max=5 steg=2", "A/" + cutWord + "/5/2"},
     };
     for (auto const& [records, read] : cases) {
-        Write("MILJKOD.DAT", head + "*\n*\n" + records + "\n\n*\nB efter\n");
+        std::string text = head;
+        text.append("*\n*\n").append(records).append("\n\n*\nB efter\n");
+        Write("MILJKOD.DAT", text);
         EXPECT_EQ(Miljkod(3), read + "\n") << records;
     }
     Boxes const boxes;

@@ -20,7 +20,7 @@ class LokalaFilerTest : public ProjektTest {
     void Fill(std::string const& folder, std::string const& content) const {
         for (std::string const name : {"KVARNBOK.PAR", "LINKOD.PAR", "KODFIL.DAT", "Stenkod.dat",
                                        "StenkodN.dat", "JB23.PAR", "MILJKOD.DAT", "KLIPPBOK.PAR"}) {
-            m_folder.Write(folder + '/' + name, content);
+            m_folder.Write(std::string(folder).append("/").append(name), content);
         }
     }
 };

@@ -207,12 +207,15 @@ TEST_F(KvarnParTest, TheFirstOfThreePlacesIsReadAndWritten) {
         };
         EXPECT_EQ(open()->GetParFilNamn(), "");
         for (std::string const place : {"huvud", "cfg", "projekt"}) { // each before the last
-            m_folder.Write(place + "/" + name, "PLATS=" + place + "\r\n");
+            std::string const file = std::string(place).append("/").append(name);
+            std::string content = "PLATS=";
+            content.append(place).append("\r\n");
+            m_folder.Write(file, content);
             auto const par = open();
-            EXPECT_EQ(par->GetParFilNamn(), m_folder.Api(place + "\\" + name).c_str());
+            EXPECT_EQ(par->GetParFilNamn(), m_folder.Api(file).c_str());
             EXPECT_EQ(par->ReadKey("plats"), place.c_str());
             EXPECT_EQ(par->WriteKey("NY", "1"), 0);
-            EXPECT_EQ(m_folder.Read(place + "/" + name), "PLATS=" + place + "\r\nNY=1\r\n");
+            EXPECT_EQ(m_folder.Read(file), content.append("NY=1\r\n"));
         }
         EXPECT_EQ(m_folder.Read("cfg/" + name), "PLATS=cfg\r\nNY=1\r\n");
     }

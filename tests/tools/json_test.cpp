@@ -102,7 +102,7 @@ TEST_F(JsonTest, EveryCommandIsOnThePage) {
     for (std::string const& command : Subcommands("")) {
         Words const below = Subcommands(command);
         for (std::string const& name : below) {
-            ExpectPart(titles, command + ' ' + name);
+            ExpectPart(titles, std::string(command).append(" ").append(name));
         }
         ExpectPart(titles, below.empty() ? command : command + ' ');
     }

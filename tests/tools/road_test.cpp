@@ -261,7 +261,8 @@ TEST_F(RoadTest, PlotTakesWhatFilesMayHold) {
     std::string many;
     for (int i = 0; i < 20000; ++i) {
         std::string const station = std::to_string(i);
-        many += station + " " + std::to_string(i % 7) + " 0.3 " + station + "\n";
+        many.append(station).append(" ").append(std::to_string(i % 7));
+        many.append(" 0.3 ").append(station).append("\n");
     }
     std::pair<std::string, int> const cases[] = {
         {"1 2 0 0\n", 0},
