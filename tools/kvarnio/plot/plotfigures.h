@@ -4,8 +4,8 @@
 #include <optional>
 #include <vector>
 
-#include "../shared/road/roadgeometry.h"
 #include "plotlayout.h"
+#include <neighbours/roadgeometry.h>
 
 namespace kvarnio {
 

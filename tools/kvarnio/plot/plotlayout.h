@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "../shared/road/roadgeometry.h"
 #include "../shared/road/station.h"
 #include "svg.h"
+#include <neighbours/roadgeometry.h>
 
 namespace kvarnio {
 

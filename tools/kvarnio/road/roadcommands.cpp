@@ -8,8 +8,8 @@
 #include "../commands.h"
 #include "../shared/output.h"
 #include "../shared/road/roadfile.h"
-#include "../shared/road/roadgeometry.h"
 #include "roadelements.h"
+#include <neighbours/roadgeometry.h>
 
 namespace kvarnio {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <text/format.h>
 
-#include "../shared/road/roadgeometry.h"
+#include <neighbours/roadgeometry.h>
 
 namespace kvarnio {
 namespace {

@@ -8,7 +8,7 @@
 #include <kvarnprog.h>
 #include <text/format.h>
 
-#include "roadgeometry.h"
+#include <neighbours/roadgeometry.h>
 
 namespace kvarnio {
 namespace {
