@@ -137,8 +137,6 @@ void VagfilReader::ReadProfileLine(VagfilLine& line) {
 
 namespace {
 
-constexpr int vertexDecimals = 4;
-
 void AppendNumbers(std::string& out, std::initializer_list<double> numbers) {
     for (char const* separator = ""; double const number : numbers) {
         out += separator;

@@ -16,6 +16,7 @@ namespace kvarn {
 
 inline constexpr std::size_t longestVagnamn = 255;
 inline constexpr int vertexValues = 4;
+inline constexpr int vertexDecimals = 4; // as they are written; more are read
 inline constexpr int profileVertexValues = 3;
 
 // The first line of a road file, which is also its first vertex.

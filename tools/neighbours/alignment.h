@@ -32,10 +32,10 @@ struct Spiral {
 struct PlanElement {
     RoadPoint from;
     RoadPoint to;
-    double bulge = 0;              // tangent of a quarter of the angle that an arc turns
-    std::optional<Spiral> spiral;  // then there is no bulge
-    std::optional<double> station; // of its start, where the file states it
-    std::string where;             // for messages: line 12, Curve "K1"
+    double bulge = 0;                   // tangent of a quarter of the angle that an arc turns
+    std::optional<Spiral> spiral = {};  // then there is no bulge
+    std::optional<double> station = {}; // of its start, where the file states it
+    std::string where = {};             // for messages: line 12, Curve "K1"
 };
 
 // A point where two gradients meet, with the vertical curve between them.
@@ -45,8 +45,8 @@ struct ProfilePoint {
     double lengthBefore =
         0; // of the curve, along the stations, before the point and after it; 0: none
     double lengthAfter = 0;
-    std::optional<double> radius; // a circle's; otherwise the curve is a parabola
-    std::string where;
+    std::optional<double> radius = {}; // a circle's; otherwise the curve is a parabola
+    std::string where = {};
 };
 
 // An alignment as the other program has it.

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+#include <gtest/gtest.h>
+#include <neighbours/alignment.h>
+
+// Runs what is to throw NotTaken, with a part of its text.
+template <class Run> void ExpectRefused(Run run, std::string const& why) {
+    try {
+        run();
+        ADD_FAILURE() << "not refused: " << why;
+    } catch (kvarnio::NotTaken const& refusal) {
+        EXPECT_NE(std::string(refusal.what()).find(why), std::string::npos) << refusal.what();
+    }
+}
