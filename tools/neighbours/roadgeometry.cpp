@@ -86,6 +86,16 @@ void Segment::AddTo(Extent& extent) const {
     }
 }
 
+std::optional<double> BearingAt(Segment const& segment, double fraction) {
+    constexpr double fullTurn = 400; // gon
+    RoadPoint const right = segment.Across(fraction);
+    double const bearing = std::atan2(-right.x, right.y) * fullTurn / (2 * std::numbers::pi);
+    if (!std::isfinite(bearing)) {
+        return std::nullopt;
+    }
+    return bearing < 0 ? bearing + fullTurn : bearing;
+}
+
 bool IsFinite(kovltype const& v) {
     return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.bulge) &&
            std::isfinite(v.sektion);

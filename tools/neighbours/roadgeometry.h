@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -62,6 +63,10 @@ class Segment {
     double m_bearing = 0; // of the start from the centre, from the y axis towards the x axis
     double m_sweep = 0;   // to the end
 };
+
+// The bearing of travel at a fraction of the segment's length, in gon, clockwise from north;
+// nothing where it has no direction.
+std::optional<double> BearingAt(Segment const& segment, double fraction);
 
 // Whether a vertex can be drawn and measured.
 bool IsFinite(kovltype const& v);

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <numbers>
 
+#include <neighbours/upright.h>
+
 namespace kvarnio {
 namespace {
 
@@ -19,21 +21,6 @@ Point Moved(Point from, Point direction, double distance) {
 
 double Dot(Point a, Point b) {
     return a.x * b.x + a.y * b.y;
-}
-
-// Turned by half a turn where the text would stand on its head.
-bool Upright(double& angle) {
-    constexpr double mostDown = 85; // nearly straight up reads from below
-    constexpr double mostUp = -95;
-    if (angle > mostDown) {
-        angle -= halfTurn;
-        return false;
-    }
-    if (angle < mostUp) {
-        angle += halfTurn;
-        return false;
-    }
-    return true;
 }
 
 } // namespace

@@ -26,17 +26,6 @@ constexpr double belowProfile = 16; // for the heights of the vertices
 
 constexpr double millimetres = 1000; // a metre
 
-// The first number of the series, times a power of ten, that is not below it.
-template <std::size_t N> double FirstOf(std::array<double, N> const& series, double atLeast) {
-    double const decade = std::pow(10, std::floor(std::log10(atLeast)));
-    for (double const digit : series) {
-        if (digit * decade >= atLeast * (1 - 1e-9)) {
-            return digit * decade;
-        }
-    }
-    return 10 * decade;
-}
-
 constexpr std::array<double, 4> scaleSeries = {1, 2, 4, 5};
 
 double RoundScale(double atLeast) {
@@ -143,29 +132,9 @@ Sheet LayOut(std::optional<Extent> const& plan, std::optional<Extent> const& pro
     return portrait.plan->right > landscape.plan->right * 1.01 ? portrait : landscape;
 }
 
-double RoundInterval(double atLeast) {
-    return FirstOf(std::array<double, 3>{1, 2, 5}, atLeast);
-}
-
 int PartsOf(double interval) {
     double const digit = interval / std::pow(10, std::floor(std::log10(interval * 1.01)));
     return digit > 1.5 && digit < 2.5 ? 4 : 5;
-}
-
-std::vector<double> Multiples(double from, double to, double step) {
-    constexpr int most = 1000;
-    std::vector<double> values;
-    double const first = std::ceil(std::min(from, to) / step - 1e-6);
-    double const last = std::floor(std::max(from, to) / step + 1e-6);
-    for (int i = 0; i < most && first + i <= last; ++i) {
-        values.push_back((first + i) * step);
-    }
-    return values;
-}
-
-double StationInterval(double apart, double from, double to) {
-    constexpr double mostLabels = 200;
-    return RoundInterval(std::max(apart, std::fabs(to - from) / mostLabels));
 }
 
 std::string ScaleText(double millimetresPerMetre) {
@@ -193,10 +162,6 @@ std::string Trimmed(double number, int decimals) {
         text.erase(text.find_last_not_of('.') + 1);
     }
     return text == "-0" ? "0" : text;
-}
-
-int DecimalsOf(double interval) {
-    return std::max(0, static_cast<int>(std::ceil(-std::log10(interval * 1.01))));
 }
 
 } // namespace kvarnio

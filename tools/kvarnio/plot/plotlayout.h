@@ -5,9 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "../shared/road/station.h"
 #include "svg.h"
+#include <neighbours/intervals.h>
 #include <neighbours/roadgeometry.h>
+#include <neighbours/station.h>
 
 namespace kvarnio {
 
@@ -39,14 +40,8 @@ struct Sheet {
 // Extents in metres; what is not there has none.
 Sheet LayOut(std::optional<Extent> const& plan, std::optional<Extent> const& profile);
 
-// The number 1, 2 or 5 times a power of ten that is not below it.
-double RoundInterval(double atLeast);
-// Into how many parts such a number is divided in round numbers.
+// Into how many parts an interval is divided in round numbers.
 int PartsOf(double interval);
-// The multiples of the step from one number to another, both included; at most a thousand.
-std::vector<double> Multiples(double from, double to, double step);
-// The station interval whose labels are at least so many metres apart, over that range.
-double StationInterval(double apart, double from, double to);
 
 // The denominator of a scale, "1:2 000".
 std::string ScaleText(double millimetresPerMetre);
@@ -54,7 +49,5 @@ std::string ScaleText(double millimetresPerMetre);
 std::string Grouped(double number);
 // A number without zeros at its end.
 std::string Trimmed(double number, int decimals);
-// The decimals that multiples of an interval have.
-int DecimalsOf(double interval);
 
 } // namespace kvarnio

@@ -216,11 +216,6 @@ void DrawSide(Svg& svg, Sheet const& sheet, Parts const& parts, PlotText const& 
     DrawTitle(svg, side, text.name, TitleRows(parts, sheet, text.file));
 }
 
-bool IsFinite(Area const& area) {
-    return std::isfinite(area.fromStation) && std::isfinite(area.toStation) &&
-           std::isfinite(area.minOffset) && std::isfinite(area.maxOffset);
-}
-
 } // namespace
 
 Plot PlotRoad(std::vector<kovltype> const& plan, std::vector<kovltype> const& profile,

@@ -6,7 +6,8 @@
 #include "../shared/output.h"
 #include "../shared/platform.h"
 #include "../shared/progress.h"
-#include "../shared/road/station.h"
+
+#include <neighbours/station.h>
 
 namespace kvarnio {
 namespace {

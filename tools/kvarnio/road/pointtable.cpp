@@ -11,8 +11,9 @@
 #include "../shared/output.h"
 #include "../shared/platform.h"
 #include "../shared/progress.h"
-#include "../shared/road/station.h"
 #include "csvfields.h"
+
+#include <neighbours/station.h>
 
 namespace kvarnio {
 namespace {

@@ -5,7 +5,7 @@
 #include <text/codepage.h>
 #include <text/format.h>
 
-#include "../shared/road/station.h"
+#include <neighbours/station.h>
 
 namespace kvarnio {
 namespace {

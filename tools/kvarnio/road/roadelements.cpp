@@ -1,8 +1,5 @@
 #include "roadelements.h"
 
-#include <cmath>
-#include <numbers>
-
 #include <text/format.h>
 
 #include <neighbours/roadgeometry.h>
@@ -10,15 +7,9 @@
 namespace kvarnio {
 namespace {
 
-// At a fraction of the segment's length; nothing where it has no direction.
 Json Bearing(Segment const& segment, double fraction) {
-    constexpr double fullTurn = 400; // gon
-    RoadPoint const right = segment.Across(fraction);
-    double const bearing = std::atan2(-right.x, right.y) * fullTurn / (2 * std::numbers::pi);
-    if (!std::isfinite(bearing)) {
-        return {};
-    }
-    return bearing < 0 ? bearing + fullTurn : bearing;
+    auto const bearing = BearingAt(segment, fraction);
+    return bearing ? Json(*bearing) : Json();
 }
 
 Json ElementBetween(kovltype const& from, kovltype const& to) {

@@ -7,9 +7,10 @@
 
 #include "../commands.h"
 #include "../shared/arguments.h"
-#include "../shared/road/station.h"
 #include "answers.h"
 #include "pointtable.h"
+
+#include <neighbours/station.h>
 
 namespace kvarnio {
 namespace {

@@ -8,8 +8,9 @@
 
 #include "../shared/failure.h"
 #include "../shared/output.h"
-#include "../shared/road/station.h"
 #include "csvfields.h"
+
+#include <neighbours/station.h>
 
 namespace kvarnio {
 namespace {
