@@ -1,0 +1,84 @@
+#include "dxfoutput.h"
+
+#include <charconv>
+
+#include <text/format.h>
+
+#include "alignment.h"
+
+namespace kvarnio::dxf {
+
+Output& Output::Text(int code, std::string_view ascii) {
+    m_text += kvarn::Format("%d", code);
+    m_text += '\n';
+    m_text += ascii;
+    m_text += '\n';
+    return *this;
+}
+
+// A backslash and a caret begin escapes, and blanks at an end are lost.
+Output& Output::Letters(int code, std::u16string_view letters) {
+    constexpr int digits = 4;
+    constexpr int hexadecimal = 16;
+    std::string text;
+    for (std::size_t i = 0; i < letters.size(); ++i) {
+        char16_t const c = letters[i];
+        bool const isInside = i > 0 && i + 1 < letters.size();
+        bool const isPlain = c > 0x20 && c < 0x7F && c != u'\\' && c != u'^' && c != u'%';
+        if (isPlain || (c == u' ' && isInside)) {
+            text += static_cast<char>(c);
+            continue;
+        }
+        char code16[digits + 1];
+        auto const end = std::to_chars(code16, code16 + digits, unsigned{c}, hexadecimal);
+        std::string const hex(code16, end.ptr);
+        text += "\\U+" + std::string(digits - hex.size(), '0') + hex;
+    }
+    return Text(code, text);
+}
+
+Output& Output::Integer(int code, std::int64_t number) {
+    return Text(code, std::to_string(number));
+}
+
+Output& Output::Number(int code, double number) {
+    return Text(code, Metres(number));
+}
+
+Output& Output::Bulge(int code, double bulge) {
+    return Text(code, kvarn::Format("%.12lf", bulge));
+}
+
+Output& Output::HandleOf(int code, Handle handle) {
+    constexpr int hexadecimal = 16;
+    char digits[2 * sizeof handle];
+    auto const end = std::to_chars(digits, digits + sizeof digits, handle, hexadecimal);
+    for (char* c = digits; c != end.ptr; ++c) {
+        *c = static_cast<char>(*c >= 'a' ? *c - 'a' + 'A' : *c);
+    }
+    return Text(code, {digits, static_cast<std::size_t>(end.ptr - digits)});
+}
+
+Output& Output::Point(int which, RoadPoint p) {
+    constexpr int east = 10;
+    constexpr int north = 20;
+    constexpr int height = 30;
+    return Number(east + which, p.y).Number(north + which, p.x).Number(height + which, 0);
+}
+
+Output& Output::Begin(char const* type, Handle handle, Handle owner, Handle dictionary) {
+    Text(0, type).HandleOf(5, handle);
+    if (dictionary != 0) {
+        Text(102, "{ACAD_XDICTIONARY").HandleOf(360, dictionary).Text(102, "}");
+    }
+    m_begun = handle;
+    return HandleOf(330, owner);
+}
+
+Output& Output::BeginEntity(char const* type, char const* kind, char const* layer,
+                            Handle dictionary) {
+    Begin(type, NewHandle(), modelSpace, dictionary);
+    return Text(100, "AcDbEntity").Text(8, layer).Text(100, kind);
+}
+
+} // namespace kvarnio::dxf
