@@ -20,7 +20,7 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(kvarnprog_notice "${PROJECT_BINARY_DIR}/packages/copyright")
 set(notices)
 if(KVARNPROG_BUILD_TOOLS)
-    set(notices libcli11-dev nlohmann-json3-dev)
+    set(notices libcli11-dev nlohmann-json3-dev libpugixml-dev)
 endif()
 set(NOTICES)
 foreach(package IN LISTS notices)

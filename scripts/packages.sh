@@ -17,7 +17,7 @@ kvarnprog_need() {
 }
 
 kvarnprog_build_tools=(g++ cmake ninja-build)
-kvarnprog_tool_libraries=(libcli11-dev nlohmann-json3-dev)
+kvarnprog_tool_libraries=(libcli11-dev nlohmann-json3-dev libpugixml-dev)
 export LC_ALL=C.UTF-8 # Wine takes its code page from the locale
 
 kvarnprog_version() { # as the header has it

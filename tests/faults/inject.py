@@ -57,6 +57,10 @@ TOOL = {
                                              "--home", r"C:\Prog"]),
     "road-plot": ("told", "", ["road", "plot", r"C:\Projekt\Vag27\KVARNBOK.DBF\VAG27.VL", "-o",
                                "TREE/vag.svg", *VAG27]),
+    "road-export": ("told", "", ["road", "export", r"C:\Projekt\Vag27\KVARNBOK.DBF\VAG27.VL", "-o",
+                                 "TREE/vag.dxf", *VAG27]),
+    "road-import": ("told", "", ["road", "import", "TREE/linje.xml", "-o",
+                                 r"C:\Projekt\Vag27\KVARNBOK.DBF\VAG27.VL", *VAG27]),
 }
 LISTED = "/(" + "|".join(
     re.escape(line.split("\\")[0]) for line in open(
@@ -89,6 +93,7 @@ TIMES = {"c/Gemensam": 2 * 10**9, "c/Program/": 2 * 10**9, "c/Konf": 5 * 10**8} 
 def make_tree(folder):
     """The sample drive with a project that has all files, settings of users, and a registry."""
     shutil.copytree(f"{SOURCE}/samples/drives/c", f"{folder}/c")
+    shutil.copy(f"{SOURCE}/samples/linje.xml", folder)
     for entry in os.scandir(f"{folder}/c/Kvarnbok/Cfg"):
         if not os.path.exists(f"{folder}/{OWN}/{entry.name}") and entry.name != "Mappar.txt":
             shutil.copy(entry.path, f"{folder}/{OWN}")

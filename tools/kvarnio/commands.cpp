@@ -24,6 +24,8 @@ void AddRoad(CommandLine& line) {
     AddRoadQueries(line, road);
     AddRoadCheck(line, road);
     AddRoadPlot(line, road);
+    AddRoadImport(line, road);
+    AddRoadExport(line, road);
 }
 
 struct Command {

@@ -34,6 +34,8 @@ CLI::App& AddRoadCommands(CommandLine& line);           // road info
 void AddRoadQueries(CommandLine& line, CLI::App& road); // road xy, station, z
 void AddRoadCheck(CommandLine& line, CLI::App& road);
 void AddRoadPlot(CommandLine& line, CLI::App& road);
+void AddRoadImport(CommandLine& line, CLI::App& road);
+void AddRoadExport(CommandLine& line, CLI::App& road);
 void AddEnvCommand(CommandLine& line);      // env
 void AddDirCommand(CommandLine& line);      // dir
 void AddRegistryCommand(CommandLine& line); // registry

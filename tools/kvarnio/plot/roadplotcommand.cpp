@@ -4,13 +4,11 @@
 
 #include <CLI/CLI.hpp>
 #include <files/filerewrite.h>
-#include <formats/omradesfil.h>
-#include <text/codepage.h>
 
 #include "../commands.h"
-#include "../shared/backup.h"
 #include "../shared/output.h"
 #include "../shared/platform.h"
+#include "../shared/road/roadarea.h"
 #include "../shared/road/roadfile.h"
 #include "roadplot.h"
 
@@ -21,27 +19,6 @@ struct PlotArguments {
     std::string file;
     std::string picture;
 };
-
-std::string NameOf(std::string const& path) {
-    return path.substr(path.find_last_of("\\/") + 1);
-}
-
-// That of the project's area file where it names this road, otherwise the usual band.
-std::optional<Area> AreaOf(Context& context, RoadFile& file) {
-    if (file.Plan().empty()) {
-        return std::nullopt;
-    }
-    if (!context.project.m_projKat.IsEmpty()) {
-        std::string const content = ReadIfThere(context.project.m_kvarnVl.GetString());
-        kvarn::LineReader lines{std::string_view(content)};
-        kvarn::Omrade area;
-        if (area.Read(lines) && kvarn::CompareNoCase1252(area.filnamn, NameOf(file.Path())) == 0) {
-            return Area{area.sekFran, area.sekTill, area.avstMin, area.avstMax};
-        }
-    }
-    CVaglinje const& plan = file.Road().plan;
-    return Area{plan.omrSekFran, plan.omrSekTill, plan.omrAvstMin, plan.omrAvstMax};
-}
 
 void Write(std::string const& typed, std::string const& text) {
     if (kvarn::RewriteFile(LibraryPath(typed).c_str(), text) != kvarn::Rewritten::done) {
@@ -58,7 +35,7 @@ ExitStatus PlotFile(Context& context, PlotArguments const& arguments) {
         throw UsageError("the picture would take the place of the road file");
     }
     Plot const plot = PlotRoad(file.Plan(), file.Profile(), AreaOf(context, file),
-                               {file.Name(), OneLine(NameOf(file.Path()))});
+                               {file.Name(), OneLine(FileNameOf(file.Path()))});
     if (plot.leftOut > 0) {
         std::cerr << "kvarnio: not drawn, being no numbers or too large: " << plot.leftOut
                   << " of the vertices and segments\n";

@@ -7,7 +7,9 @@
 
 #include "../commands.h"
 #include "../shared/output.h"
+#include "../shared/road/exchangeformat.h"
 #include "../shared/road/roadfile.h"
+#include "otherroads.h"
 #include "roadelements.h"
 #include <neighbours/roadgeometry.h>
 
@@ -95,6 +97,10 @@ struct InfoArguments {
 };
 
 ExitStatus Info(Context& context, InfoArguments const& arguments) {
+    if (IsExchangeFile(arguments.file)) {
+        PrintOtherRoads(context, arguments.file);
+        return done;
+    }
     RoadFile file(arguments.file);
     if (file.Plan().empty() && file.Profile().empty()) {
         throw Failure(Shown(file.Path()) + " is no road file: none of its lines gives a vertex");

@@ -6,6 +6,7 @@
 
 #include <text/codepage.h>
 
+#include "../shared/arguments.h"
 #include "../shared/failure.h"
 #include "../shared/output.h"
 #include "csvfields.h"
@@ -16,24 +17,6 @@ namespace kvarnio {
 namespace {
 
 using Quantities = std::vector<Quantity const*>;
-
-char GivenSeparator(std::string const& typed) {
-    constexpr std::string_view inNumbers = "+-./#\"";
-    if (typed == "tab" || typed == "\\t" || typed == "\t") {
-        return '\t';
-    }
-    auto const isPrintable = [](char c) { return c > ' ' && c < 0x7F; };
-    auto const isLetterOrDigit = [](char c) {
-        return (c >= '0' && c <= '9') || (kvarn::Lower1252(c) >= 'a' && kvarn::Lower1252(c) <= 'z');
-    };
-    if (typed.size() != 1 || !isPrintable(typed[0]) || isLetterOrDigit(typed[0]) ||
-        inNumbers.find(typed[0]) != std::string_view::npos) {
-        throw UsageError("--separator \"" + typed +
-                         "\" separates no fields; give one character such as \";\" or \",\", or "
-                         "the word tab");
-    }
-    return typed[0];
-}
 
 // The texts between commas.
 std::vector<std::string> SplitColumns(std::string const& typed) {
@@ -110,7 +93,7 @@ class LayoutFinder {
 
     char Separator() const {
         if (!m_options.separator.empty()) {
-            char const given = GivenSeparator(m_options.separator);
+            char const given = kvarnio::Separator(m_options.separator);
             if (given == ',' && m_options.decimalComma) {
                 throw UsageError("--decimal-comma: a comma cannot be both the separator and the "
                                  "decimal sign");

@@ -87,4 +87,22 @@ double Number(char const* what, std::string const& typed) {
     return number;
 }
 
+char Separator(std::string const& typed) {
+    constexpr std::string_view inNumbers = "+-./#\"";
+    if (typed == "tab" || typed == "\\t" || typed == "\t") {
+        return '\t';
+    }
+    auto const isPrintable = [](char c) { return c > ' ' && c < 0x7F; };
+    auto const isLetterOrDigit = [](char c) {
+        return (c >= '0' && c <= '9') || (kvarn::Lower1252(c) >= 'a' && kvarn::Lower1252(c) <= 'z');
+    };
+    if (typed.size() != 1 || !isPrintable(typed[0]) || isLetterOrDigit(typed[0]) ||
+        inNumbers.find(typed[0]) != std::string_view::npos) {
+        throw UsageError("--separator \"" + typed +
+                         "\" separates no fields; give one character such as \";\" or \",\", or "
+                         "the word tab");
+    }
+    return typed[0];
+}
+
 } // namespace kvarnio

@@ -23,4 +23,7 @@ std::string Value(std::string const& typed);
 int WholeNumber(char const* what, std::string const& typed);
 double Number(char const* what, std::string const& typed);
 
+// Between the fields of a table: a character, or "tab".
+char Separator(std::string const& typed);
+
 } // namespace kvarnio
