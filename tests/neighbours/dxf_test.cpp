@@ -1,5 +1,3 @@
-// Drawings in DXF. The road of most tests goes north along y = 240, and its arcs have the radius 50
-// round (100, 200) and (220, 280).
 #include <neighbours/dxf.h>
 
 #include <cmath>
@@ -8,6 +6,8 @@
 #include <sstream>
 
 #include <gtest/gtest.h>
+
+#include "roads.h"
 
 namespace {
 
@@ -19,18 +19,6 @@ using kvarnio::PlanElement;
 using kvarnio::ReadDxf;
 using kvarnio::Road;
 using kvarnio::ToDxf;
-
-constexpr double third = 1.0 / 3;
-
-Road Arcs() {
-    return {"V\xC3\xA4g \\ 27 ^",
-            {{10, 240, 0, 0},
-             {70, 240, third, 60},
-             {130, 240, 0, 124.3501},
-             {190, 240, -third, 184.3501},
-             {250, 240, 0, 248.7002}},
-            {}};
-}
 
 std::string Drawing(std::string const& entities, std::string const& header = "") {
     return header + "0\nSECTION\n2\nENTITIES\n" + entities + "0\nENDSEC\n0\nEOF\n";

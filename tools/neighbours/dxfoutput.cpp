@@ -5,6 +5,7 @@
 #include <text/format.h>
 
 #include "alignment.h"
+#include "letters.h"
 
 namespace kvarnio::dxf {
 
@@ -18,21 +19,13 @@ Output& Output::Text(int code, std::string_view ascii) {
 
 // A backslash and a caret begin escapes, and blanks at an end are lost.
 Output& Output::Letters(int code, std::u16string_view letters) {
-    constexpr int digits = 4;
-    constexpr int hexadecimal = 16;
     std::string text;
     for (std::size_t i = 0; i < letters.size(); ++i) {
         char16_t const c = letters[i];
         bool const isInside = i > 0 && i + 1 < letters.size();
         bool const isPlain = c > 0x20 && c < 0x7F && c != u'\\' && c != u'^' && c != u'%';
-        if (isPlain || (c == u' ' && isInside)) {
-            text += static_cast<char>(c);
-            continue;
-        }
-        char code16[digits + 1];
-        auto const end = std::to_chars(code16, code16 + digits, unsigned{c}, hexadecimal);
-        std::string const hex(code16, end.ptr);
-        text += "\\U+" + std::string(digits - hex.size(), '0') + hex;
+        text += isPlain || (c == u' ' && isInside) ? std::string(1, static_cast<char>(c))
+                                                   : "\\U+" + HexOf(c);
     }
     return Text(code, text);
 }

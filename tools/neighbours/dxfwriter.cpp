@@ -174,7 +174,7 @@ class RoadDrawing {
         for (std::size_t i = 0; i < plan.size(); ++i) {
             bool const isLast = i + 1 == plan.size();
             double const length = isLast ? 0 : Segment(plan[i], plan[i + 1]).Length();
-            m_out.Number(40, plan[i].sektion).Number(40, std::isfinite(length) ? length : 0);
+            m_out.Number(40, plan[i].sektion).Number(40, length);
         }
         m_out.Text(0, "ENDSEC");
     }

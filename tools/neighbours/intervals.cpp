@@ -101,6 +101,12 @@ void RequireLine(std::span<kovltype const> plan) {
         throw NotTaken(plan.empty() ? "the road has no plan"
                                     : "the plan has one vertex alone, which is no line");
     }
+    for (std::size_t i = 0; i + 1 < plan.size(); ++i) {
+        Segment const segment(plan[i], plan[i + 1]);
+        if (segment.IsArc() && !std::isfinite(segment.Length())) {
+            throw NotTaken("the arc from vertex " + std::to_string(i + 1) + " has no circle");
+        }
+    }
 }
 
 std::vector<StationPlace> StationsAlong(std::span<kovltype const> plan, double interval,

@@ -49,7 +49,8 @@ struct StationPlace {
 std::vector<StationPlace> StationsAlong(std::span<kovltype const> plan, double interval,
                                         std::size_t most);
 
-// Throws NotTaken, with its number, for a vertex that is no number, and for a plan without two.
+// Throws NotTaken, with its number, for a vertex that is no number or begins an arc without a
+// circle, and for a plan without two.
 void RequireLine(std::span<kovltype const> plan);
 
 } // namespace kvarnio

@@ -76,6 +76,15 @@ std::string AsUtf8(std::string_view text) {
     return std::string(text);
 }
 
+std::string HexOf(char16_t letter) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string text;
+    for (unsigned const shift : {12U, 8U, 4U, 0U}) {
+        text += digits[unsigned{letter} >> shift & 0xFU];
+    }
+    return text;
+}
+
 std::string Shown(std::string_view utf8) {
     constexpr std::size_t most = 80;
     constexpr char16_t firstShown = 0x20;

@@ -15,6 +15,9 @@ std::string ToUtf8(std::u16string_view text);
 // A text of another program's file: as it is where that is UTF-8, otherwise of code page 1252.
 std::string AsUtf8(std::string_view text);
 
+// The four digits by which escapes name a letter: "00E5".
+std::string HexOf(char16_t letter);
+
 // On one line, for messages.
 std::string Shown(std::string_view utf8);
 
