@@ -46,9 +46,8 @@ TEST_F(ExchangeTest, WhatIsApproximatedIsToldWithItsLine) {
     EXPECT_FALSE(IsThere("vag28.vl.bak"));
 
     // Its end, 849 m along, is where the file has it.
-    ExpectPart(RunBare("road xy " + Quoted("vag28.vl") + " 849 0").out,
-               "6580969.8648 153873.4576");
-    EXPECT_EQ(RunBare("road check " + Quoted("vag28.vl")).out, "");
+    ExpectPart(RunBare("road xy " + Quoted("vag28.vl") + " 849 0").out, "6580969.8648 153873.4576");
+    ExpectPart(RunBare("road check " + Quoted("vag28.vl")).out, "no problems");
 
     Json const json = Json::parse(Import("linje.xml", "vag28.vl", "--json --station 1/000").out);
     EXPECT_EQ(json["name"], "V\xC3\xA4g 28");

@@ -10,6 +10,8 @@
 #include <pugixml.hpp>
 #include <text/format.h>
 
+#include "letters.h"
+
 namespace kvarnio {
 namespace {
 
@@ -45,7 +47,7 @@ xml_node Child(xml_node node, std::string_view name) {
 }
 
 std::string Quoted(std::string const& text) {
-    return '"' + text + '"';
+    return '"' + ShownText(text) + '"';
 }
 
 std::string Listed(std::vector<std::string> const& names) {
@@ -250,8 +252,7 @@ class Reader {
             std::string_view const word = text.substr(0, text.find_first_of(blanks));
             std::optional<double> const read = NumberIn(word);
             if (!read) {
-                Refuse(node, "wanted two numbers, got " +
-                                 Quoted(std::string(node.child_value()).substr(0, 80)));
+                Refuse(node, "wanted two numbers, got " + Quoted(node.child_value()));
             }
             number = *read * m_unit.metres;
             text.remove_prefix(word.size());

@@ -150,8 +150,8 @@ void AddRoadExport(CommandLine& line, CLI::App& road) {
         "LandXML has the plan and the profile, DXF the plan with stations and the area, GeoJSON "
         "the line\nand stations in the road's own coordinates, and a table has a line for each "
         "station. In DXF and\nGeoJSON the first coordinate is the easting.\n"
-        "Examples: kvarnio road export VAG27.VL -o vag27.dxf\n"
-        "          kvarnio road export VAG27.VL -o vag27.csv --interval 20");
+        "Example: kvarnio road export VAG27.VL -o vag27.dxf\n"
+        "Example: kvarnio road export VAG27.VL -o vag27.csv --interval 20");
     AddRoadFile(out, arguments->file);
     auto const add = [&](char const* name, std::string& value, char const* type, char const* what) {
         return out.add_option(name, value, what)->type_name(type);
