@@ -232,7 +232,8 @@ TEST(LandXmlTest, ParabolasBecomeCircularCurvesAndTheDifferenceIsSaid) {
          {std::tuple("<ParaCurve length=\"200\">300 41</ParaCurve>", 100.0, 100.0),
           std::tuple("<UnsymParaCurve lengthIn=\"150\" lengthOut=\"80\">300 41</UnsymParaCurve>",
                      150.0, 80.0)}) {
-        MadeRoad const made = Made(WithProfile(points));
+        std::string const text = WithProfile(points);
+        MadeRoad const made = Made(text);
         CVaglinje line;
         line.typ = 10;
         for (kovltype vertex : made.road.profile) {
@@ -240,7 +241,8 @@ TEST(LandXmlTest, ParabolasBecomeCircularCurvesAndTheDifferenceIsSaid) {
         }
         // Of an unsymmetric curve: two parabolas that meet at the point's station.
         double const rise = before * after / (2 * (before + after)) * 0.06;
-        for (double station = 1; station < 600; station += 1) {
+        for (int metre = 1; metre < 600; ++metre) {
+            double const station = metre;
             double const side = station - 300;
             double expected = 41 + std::fabs(side) * 0.03;
             if (side < 0 && side > -before) {
@@ -256,8 +258,7 @@ TEST(LandXmlTest, ParabolasBecomeCircularCurvesAndTheDifferenceIsSaid) {
         EXPECT_NE(made.notes[0].find("the largest difference in height is 0.000"),
                   std::string::npos)
             << made.notes[0];
-        ExpectRefused([&] { Made(WithProfile(points), {}, {.exact = true}); },
-                      "a road file has no parabolas");
+        ExpectRefused([&] { Made(text, {}, {.exact = true}); }, "a road file has no parabolas");
     }
 }
 
@@ -355,7 +356,7 @@ TEST(LandXmlTest, WhatCannotBeTakenOverIsNamed) {
          "its radius makes it"},
     };
     for (auto const& [text, why] : cases) {
-        ExpectRefused([&] { Made(text); }, why);
+        ExpectRefused([&text = text] { Made(text); }, why);
     }
 }
 

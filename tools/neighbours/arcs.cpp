@@ -96,7 +96,7 @@ class Divider {
     // matter.
     bool TryWithShortRest() {
         double const chord = kvarn::Length(m_curve.At(1) - m_curve.At(0));
-        for (double rest = 20; rest >= 1.25; rest /= 2) { // metres
+        for (double const rest : {20.0, 10.0, 5.0, 2.5, 1.25}) { // metres
             double const turn = m_curve.Heading(1 - rest / chord) - m_begin;
             double const part =
                 chord > 2 * rest ? PartWith(4 * std::atan(AsInFile(BulgeOf(turn)))) : 0;
