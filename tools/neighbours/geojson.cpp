@@ -32,7 +32,7 @@ std::string UrnOf(std::string const& crs) {
         crs.starts_with(authority) ? crs.substr(authority.size()) : std::string();
     if (number.empty() || number.size() > mostDigits ||
         number.find_first_not_of("0123456789") != std::string::npos) {
-        throw NotTaken("the coordinate system \"" + Shown(crs) +
+        throw NotTaken("the coordinate system \"" + OnOneLine(crs) +
                        "\" is not named as EPSG and a number: EPSG:3006");
     }
     return "urn:ogc:def:crs:EPSG::" + number;
