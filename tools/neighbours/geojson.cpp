@@ -104,7 +104,7 @@ class Collection {
                                Metres(segment.Radius()));
             }
         }
-        for (double part = 1; part < parts; ++part) {
+        for (int part = 1; part < static_cast<int>(parts); ++part) {
             m_text += ',';
             AddPoint(segment.At(part / parts));
         }
