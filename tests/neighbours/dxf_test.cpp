@@ -223,8 +223,9 @@ TEST(DxfTest, ChainIsPutInOrder) {
     std::string const arc = Arc(10, 10, 10, 270, 360);
     std::string const last = Line(20, 10, 20, 30);
     std::string const lastBackwards = Line(20, 30, 20, 10);
-    for (std::string const& entities : {first + arc + last, arc + last + first, last + arc + first,
-                                        first + lastBackwards + arc}) {
+    std::string const orders[] = {first + arc + last, arc + last + first, last + arc + first,
+                                  first + lastBackwards + arc};
+    for (std::string const& entities : orders) {
         Alignment const alignment = ReadDxf(Drawing(entities));
         ASSERT_EQ(alignment.plan.size(), 3U);
         ExpectElement(alignment.plan[0], {0, 0, 0, 10, 0});

@@ -27,7 +27,7 @@ template <class T> bool ReadWhole(std::string_view text, T& number, int base = 1
 }
 
 [[noreturn]] void ThrowUnfit(std::size_t line, char const* wanted, std::string_view got) {
-    throw NotTaken(LineText(line) + ": wanted " + wanted + ", got \"" + ShownText(AsUtf8(got)) +
+    throw NotTaken(LineText(line) + ": wanted " + wanted + ", got \"" + OnOneLine(AsUtf8(got)) +
                    '"');
 }
 

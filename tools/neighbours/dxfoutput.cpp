@@ -1,7 +1,5 @@
 #include "dxfoutput.h"
 
-#include <charconv>
-
 #include <text/format.h>
 
 #include "alignment.h"
@@ -43,13 +41,13 @@ Output& Output::Bulge(int code, double bulge) {
 }
 
 Output& Output::HandleOf(int code, Handle handle) {
-    constexpr int hexadecimal = 16;
-    char digits[2 * sizeof handle];
-    auto const end = std::to_chars(digits, digits + sizeof digits, handle, hexadecimal);
-    for (char* c = digits; c != end.ptr; ++c) {
-        *c = static_cast<char>(*c >= 'a' ? *c - 'a' + 'A' : *c);
-    }
-    return Text(code, {digits, static_cast<std::size_t>(end.ptr - digits)});
+    constexpr unsigned base = 16;
+    std::string digits;
+    do {
+        digits.insert(digits.begin(), "0123456789ABCDEF"[handle % base]);
+        handle /= base;
+    } while (handle > 0);
+    return Text(code, digits);
 }
 
 Output& Output::Point(int which, RoadPoint p) {

@@ -76,7 +76,7 @@ std::string ChainText(Candidate const& candidate) {
 
 DxfCandidate Told(Candidate const& candidate) {
     Polyline const* const polyline = candidate.polyline;
-    return {ShownText(candidate.layer->name),
+    return {OnOneLine(candidate.layer->name),
             polyline != nullptr ? std::string(polyline->type) + " of " +
                                       std::to_string(polyline->vertices.size()) + " vertices"
                                 : ChainText(candidate),
@@ -95,7 +95,7 @@ void FindOn(Layer const& layer, double tolerance, Found& found) {
         found.candidates.push_back({&layer, nullptr, std::move(chain), chains.points.size()});
     }
     if (chains.branch) {
-        found.branches.push_back({ShownText(layer.name),
+        found.branches.push_back({OnOneLine(layer.name),
                                   std::to_string(layer.edges.size()) + " LINE and ARC that branch",
                                   "more than two ends meet at " + *chains.branch});
     }
@@ -115,10 +115,10 @@ std::vector<Layer const*> LayersToSearch(Drawing const& drawing, std::string con
         std::string names;
         for (Layer const* const layer : all) {
             if (HasLines(*layer)) {
-                names += (names.empty() ? "" : ", ") + ShownText(layer->name);
+                names += (names.empty() ? "" : ", ") + OnOneLine(layer->name);
             }
         }
-        throw NotTaken("nothing is on a layer \"" + ShownText(chosen) + "\"; " +
+        throw NotTaken("nothing is on a layer \"" + OnOneLine(chosen) + "\"; " +
                        (names.empty() ? "no layer has lines" : "layers with lines: " + names));
     }
     return all;
@@ -166,7 +166,7 @@ void Scale(Drawing& drawing, double metres) {
             text += " and more";
             break;
         }
-        text += (text.empty() ? "" : ", ") + std::to_string(count) + ' ' + ShownText(AsUtf8(type));
+        text += (text.empty() ? "" : ", ") + std::to_string(count) + ' ' + OnOneLine(AsUtf8(type));
     }
     throw NotTaken("there is no LWPOLYLINE, POLYLINE, LINE or ARC that could be an alignment" +
                    (text.empty() ? "" : "; there is " + text));

@@ -32,7 +32,7 @@ std::string UrnOf(std::string const& crs) {
         crs.starts_with(authority) ? crs.substr(authority.size()) : std::string();
     if (number.empty() || number.size() > mostDigits ||
         number.find_first_not_of("0123456789") != std::string::npos) {
-        throw NotTaken("the coordinate system \"" + ShownText(crs) +
+        throw NotTaken("the coordinate system \"" + OnOneLine(crs) +
                        "\" is not named as EPSG and a number: EPSG:3006");
     }
     return "urn:ogc:def:crs:EPSG::" + number;
@@ -104,7 +104,7 @@ class Collection {
                                Metres(segment.Radius()));
             }
         }
-        for (double part = 1; part < parts; ++part) {
+        for (int part = 1; part < static_cast<int>(parts); ++part) {
             m_text += ',';
             AddPoint(segment.At(part / parts));
         }

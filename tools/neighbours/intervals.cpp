@@ -127,8 +127,9 @@ std::vector<StationPlace> StationsAlong(std::span<kovltype const> plan, double i
     stations.push_back(places.At(first));
     double const isEnd = std::min(sameStation, interval / 4);
     double const from = direction > 0 ? std::floor(first / interval) : std::ceil(first / interval);
-    for (double i = 0; i <= count + 2; ++i) {
-        double const station = (from + direction * i) * interval;
+    auto const steps = static_cast<std::size_t>(count) + 2;
+    for (std::size_t i = 0; i <= steps; ++i) {
+        double const station = (from + direction * static_cast<double>(i)) * interval;
         if (direction * (station - first) > isEnd && direction * (last - station) > isEnd) {
             stations.push_back(places.At(station));
         }

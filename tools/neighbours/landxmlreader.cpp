@@ -47,7 +47,7 @@ xml_node Child(xml_node node, std::string_view name) {
 }
 
 std::string Quoted(std::string const& text) {
-    return '"' + ShownText(text) + '"';
+    return '"' + OnOneLine(text) + '"';
 }
 
 std::string Listed(std::vector<std::string> const& names) {

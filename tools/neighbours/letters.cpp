@@ -85,7 +85,7 @@ std::string HexOf(char16_t letter) {
     return text;
 }
 
-std::string ShownText(std::string_view utf8) {
+std::string OnOneLine(std::string_view utf8) {
     constexpr std::size_t most = 80;
     constexpr char16_t firstShown = 0x20;
     constexpr char16_t firstHigh = 0x7F; // the control characters of the upper half begin

@@ -19,6 +19,6 @@ std::string AsUtf8(std::string_view text);
 std::string HexOf(char16_t letter);
 
 // On one line, for messages.
-std::string ShownText(std::string_view utf8);
+std::string OnOneLine(std::string_view utf8);
 
 } // namespace kvarnio

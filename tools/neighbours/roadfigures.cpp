@@ -95,9 +95,9 @@ std::vector<kokotype> OutlineOf(std::vector<AreaPart> const& parts) {
         add(part.minSide.From(), part.minSide.Bulge());
         add(part.minSide.To(), 0);
     }
-    for (auto part = parts.rbegin(); part != parts.rend(); ++part) {
-        add(part->maxSide.To(), -part->maxSide.Bulge());
-        add(part->maxSide.From(), 0);
+    for (std::size_t i = parts.size(); i-- > 0;) {
+        add(parts[i].maxSide.To(), -parts[i].maxSide.Bulge());
+        add(parts[i].maxSide.From(), 0);
     }
     return outline;
 }
