@@ -12,10 +12,6 @@ namespace {
 using kvarn::Format;
 using pugi::xml_node;
 
-// Metres between a segment's length and that of its stations: more is a jump, which would need a
-// station equation.
-constexpr double stationRounding = 0.01;
-
 void Set(xml_node node, char const* attribute, std::string const& value) {
     node.append_attribute(attribute).set_value(value.c_str());
 }

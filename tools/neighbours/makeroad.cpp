@@ -14,10 +14,6 @@ namespace {
 
 using kvarn::Format;
 
-// Metres between a segment's length and that of its stations, beyond which they jump: old files
-// have them rounded.
-constexpr double stationRounding = 0.01;
-
 double Distance(RoadPoint a, RoadPoint b) {
     return kvarn::Length(b - a);
 }

@@ -15,6 +15,10 @@ namespace kvarnio {
 
 using RoadPoint = kvarn::Point;
 
+// Metres by which a segment's length and that of its stations may differ: old files have stations
+// rounded. More is a jump.
+inline constexpr double stationRounding = 0.01;
+
 // The smallest upright rectangle around points; points that are not finite are passed over.
 struct Extent {
     double minX = std::numeric_limits<double>::infinity();

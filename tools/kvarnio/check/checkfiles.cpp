@@ -78,7 +78,7 @@ std::vector<Known> KnownNames() {
 // Programs give these any name with the extension.
 constexpr Known knownExtensions[] = {
     {".STP", [](Path const&, Text t) { return kvarn::CheckPoints(t); }},
-    {".VL", [](Path const&, Text t) { return CheckRoad(t, stationTolerance); }},
+    {".VL", [](Path const&, Text t) { return CheckRoad(t, stationRounding); }},
     {".INI", [](Path const&, Text t) { return kvarn::CheckIni(t); }},
     {".REG", CheckRegistry},
 };

@@ -88,7 +88,7 @@ double TypedStation(std::string const& typed) {
 }
 
 std::vector<Finding> Findings(std::string_view content) {
-    return CheckRoad(content, stationTolerance);
+    return CheckRoad(content, stationRounding);
 }
 
 // Returns where the old file is kept, in UTF-8.

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include <CLI/CLI.hpp>
+#include <neighbours/roadgeometry.h>
 
 #include "../commands.h"
 #include "../shared/arguments.h"
@@ -23,7 +24,7 @@ struct CheckArguments {
 
 ExitStatus Check(Context& context, CheckArguments const& arguments) {
     double const tolerance =
-        arguments.tolerance.empty() ? stationTolerance : Number("METRES", arguments.tolerance);
+        arguments.tolerance.empty() ? stationRounding : Number("METRES", arguments.tolerance);
     ExitStatus status = done;
     Json json = Json::array();
     std::vector<std::string> paths; // all of them before anything is told

@@ -8,8 +8,6 @@
 
 namespace kvarnio {
 
-inline constexpr double stationTolerance = 0.01; // metres, where the user gives none
-
 // Of the file's content, in the order of its lines. The tolerance is the difference in metres that
 // is allowed between a segment's length and that of its stations.
 std::vector<Finding> CheckRoad(std::string_view content, double tolerance);
