@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include <neighbours/dxf.h>
+#include <neighbours/dxf/dxf.h>
 
 #include "check.h"
 

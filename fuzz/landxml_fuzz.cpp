@@ -4,8 +4,8 @@
 #include <string_view>
 
 #include <formats/checks/checkvagfil.h>
-#include <neighbours/landxml.h>
-#include <neighbours/makeroad.h>
+#include <neighbours/landxml/landxml.h>
+#include <neighbours/road/makeroad.h>
 
 using namespace kvarnio;
 

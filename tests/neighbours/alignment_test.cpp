@@ -1,4 +1,4 @@
-#include <neighbours/alignment.h>
+#include <neighbours/road/alignment.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include <neighbours/dxf.h>
+#include <neighbours/dxf/dxf.h>
 
 #include <cmath>
 #include <map>

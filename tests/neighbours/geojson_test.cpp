@@ -1,4 +1,4 @@
-#include <neighbours/geojson.h>
+#include <neighbours/lists/geojson.h>
 
 #include <cmath>
 

@@ -3,8 +3,8 @@
 #include <random>
 
 #include <gtest/gtest.h>
-#include <neighbours/landxml.h>
-#include <neighbours/makeroad.h>
+#include <neighbours/landxml/landxml.h>
+#include <neighbours/road/makeroad.h>
 
 #include "refused.h"
 

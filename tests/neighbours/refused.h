@@ -3,7 +3,7 @@
 #include <string>
 
 #include <gtest/gtest.h>
-#include <neighbours/alignment.h>
+#include <neighbours/road/alignment.h>
 
 // Runs what is to throw NotTaken, with a part of its text.
 template <class Run> void ExpectRefused(Run run, std::string const& why) {

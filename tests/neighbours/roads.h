@@ -1,7 +1,7 @@
 // Roads that tests of several formats write.
 #pragma once
 
-#include <neighbours/alignment.h>
+#include <neighbours/road/alignment.h>
 
 // North along y = 240; arcs of the radius 50 from (70, 240) to (130, 240) round (100, 200), to the
 // left, and from (190, 240) to (250, 240) round (220, 280), to the right. An arc is

@@ -1,4 +1,4 @@
-#include <neighbours/stationtable.h>
+#include <neighbours/lists/stationtable.h>
 
 #include <cmath>
 #include <sstream>

@@ -10,6 +10,7 @@
 #include <formats/omradesfil.h>
 #include <geodata/materialtable.h>
 #include <kvarnfiles/defaults.h>
+#include <neighbours/road/roadgeometry.h>
 #include <text/text.h>
 
 #include "../shared/copies.h"

@@ -6,10 +6,10 @@
 
 #include <CLI/CLI.hpp>
 #include <files/filerewrite.h>
-#include <neighbours/dxf.h>
-#include <neighbours/geojson.h>
-#include <neighbours/landxml.h>
-#include <neighbours/stationtable.h>
+#include <neighbours/dxf/dxf.h>
+#include <neighbours/landxml/landxml.h>
+#include <neighbours/lists/geojson.h>
+#include <neighbours/lists/stationtable.h>
 #include <text/codepage.h>
 
 #include "../commands.h"

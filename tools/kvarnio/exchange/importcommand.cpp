@@ -4,10 +4,10 @@
 
 #include <CLI/CLI.hpp>
 #include <files/filerewrite.h>
-#include <neighbours/dxf.h>
-#include <neighbours/landxml.h>
-#include <neighbours/makeroad.h>
-#include <neighbours/station.h>
+#include <neighbours/dxf/dxf.h>
+#include <neighbours/landxml/landxml.h>
+#include <neighbours/road/makeroad.h>
+#include <neighbours/road/station.h>
 #include <text/format.h>
 
 #include "../commands.h"

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numbers>
 
-#include <neighbours/upright.h>
+#include <neighbours/road/upright.h>
 
 namespace kvarnio {
 namespace {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "plotlayout.h"
-#include <neighbours/roadfigures.h>
+#include <neighbours/road/roadfigures.h>
 
 namespace kvarnio {
 

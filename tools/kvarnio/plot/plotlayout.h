@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "svg.h"
-#include <neighbours/intervals.h>
-#include <neighbours/roadgeometry.h>
-#include <neighbours/station.h>
+#include <neighbours/road/intervals.h>
+#include <neighbours/road/roadgeometry.h>
+#include <neighbours/road/station.h>
 
 namespace kvarnio {
 

@@ -7,7 +7,7 @@
 #include "../shared/platform.h"
 #include "../shared/progress.h"
 
-#include <neighbours/station.h>
+#include <neighbours/road/station.h>
 
 namespace kvarnio {
 namespace {

@@ -1,7 +1,7 @@
 #include "otherroads.h"
 
-#include <neighbours/dxf.h>
-#include <neighbours/landxml.h>
+#include <neighbours/dxf/dxf.h>
+#include <neighbours/landxml/landxml.h>
 
 #include "../shared/backup.h"
 #include "../shared/failure.h"

@@ -13,7 +13,7 @@
 #include "../shared/progress.h"
 #include "csvfields.h"
 
-#include <neighbours/station.h>
+#include <neighbours/road/station.h>
 
 namespace kvarnio {
 namespace {

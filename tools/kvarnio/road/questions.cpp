@@ -5,7 +5,7 @@
 #include <text/codepage.h>
 #include <text/format.h>
 
-#include <neighbours/station.h>
+#include <neighbours/road/station.h>
 
 namespace kvarnio {
 namespace {

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include <CLI/CLI.hpp>
-#include <neighbours/roadgeometry.h>
+#include <neighbours/road/roadgeometry.h>
 
 #include "../commands.h"
 #include "../shared/arguments.h"

@@ -11,7 +11,7 @@
 #include "../shared/road/roadfile.h"
 #include "otherroads.h"
 #include "roadelements.h"
-#include <neighbours/roadgeometry.h>
+#include <neighbours/road/roadgeometry.h>
 
 namespace kvarnio {
 namespace {

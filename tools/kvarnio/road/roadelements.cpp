@@ -2,7 +2,7 @@
 
 #include <text/format.h>
 
-#include <neighbours/roadgeometry.h>
+#include <neighbours/road/roadgeometry.h>
 
 namespace kvarnio {
 namespace {

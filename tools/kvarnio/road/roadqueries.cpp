@@ -10,7 +10,7 @@
 #include "answers.h"
 #include "pointtable.h"
 
-#include <neighbours/station.h>
+#include <neighbours/road/station.h>
 
 namespace kvarnio {
 namespace {

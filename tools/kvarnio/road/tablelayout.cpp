@@ -11,7 +11,7 @@
 #include "../shared/output.h"
 #include "csvfields.h"
 
-#include <neighbours/station.h>
+#include <neighbours/road/station.h>
 
 namespace kvarnio {
 namespace {

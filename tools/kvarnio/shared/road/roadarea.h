@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include <neighbours/roadfigures.h>
+#include <neighbours/road/roadfigures.h>
 
 #include "../context.h"
 #include "roadfile.h"

@@ -8,7 +8,7 @@
 #include <kvarnprog.h>
 #include <text/format.h>
 
-#include <neighbours/roadgeometry.h>
+#include <neighbours/road/roadgeometry.h>
 
 namespace kvarnio {
 namespace {

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "../road/roadgeometry.h"
 #include "landxmldocument.h"
-#include "roadgeometry.h"
 
 namespace kvarnio {
 

@@ -5,9 +5,9 @@
 #include <limits>
 #include <map>
 
+#include "../road/letters.h"
 #include "dxfgroups.h"
 #include "dxflayers.h"
-#include "letters.h"
 
 namespace kvarnio::dxf {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <text/format.h>
 
-#include "alignment.h"
-#include "letters.h"
+#include "../road/alignment.h"
+#include "../road/letters.h"
 
 namespace kvarnio::dxf {
 

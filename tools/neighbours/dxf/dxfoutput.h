@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "roadgeometry.h"
+#include "../road/roadgeometry.h"
 
 namespace kvarnio::dxf {
 

@@ -6,8 +6,8 @@
 #include <geodata/roadsegment.h>
 #include <text/format.h>
 
-#include "intervals.h"
-#include "roadheights.h"
+#include "../road/intervals.h"
+#include "../road/roadheights.h"
 
 namespace kvarnio {
 namespace {

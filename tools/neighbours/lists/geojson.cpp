@@ -4,10 +4,10 @@
 
 #include <text/shown.h>
 
-#include "intervals.h"
-#include "letters.h"
-#include "roadheights.h"
-#include "station.h"
+#include "../road/intervals.h"
+#include "../road/letters.h"
+#include "../road/roadheights.h"
+#include "../road/station.h"
 
 namespace kvarnio {
 namespace {

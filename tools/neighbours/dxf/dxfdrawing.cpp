@@ -7,7 +7,7 @@
 
 #include <text/codepage.h>
 
-#include "alignment.h"
+#include "../road/alignment.h"
 #include "dxfentity.h"
 #include "dxflayers.h"
 

@@ -5,8 +5,8 @@
 
 #include <text/format.h>
 
-#include "alignment.h"
-#include "station.h"
+#include "../road/alignment.h"
+#include "../road/station.h"
 
 namespace kvarnio {
 namespace {

@@ -1,13 +1,13 @@
 #include <cmath>
 #include <numbers>
 
+#include "../road/intervals.h"
+#include "../road/letters.h"
+#include "../road/station.h"
+#include "../road/upright.h"
 #include "dxf.h"
 #include "dxflayers.h"
 #include "dxfoutput.h"
-#include "intervals.h"
-#include "letters.h"
-#include "station.h"
-#include "upright.h"
 
 namespace kvarnio {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "alignment.h"
+#include "../road/alignment.h"
 #include "dxfgroups.h"
 
 namespace kvarnio::dxf {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "roadgeometry.h"
+#include "../road/roadgeometry.h"
 
 namespace kvarnio::dxf {
 

@@ -3,9 +3,9 @@
 #include <charconv>
 #include <cmath>
 
-#include "alignment.h"
-#include "letters.h"
-#include "station.h"
+#include "../road/alignment.h"
+#include "../road/letters.h"
+#include "../road/station.h"
 
 namespace kvarnio::dxf {
 namespace {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "alignment.h"
+#include "../road/alignment.h"
 
 namespace kvarnio {
 

@@ -5,8 +5,8 @@
 
 #include <text/shown.h>
 
-#include "alignment.h"
-#include "letters.h"
+#include "../road/alignment.h"
+#include "../road/letters.h"
 
 namespace kvarnio::dxf {
 namespace {

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "alignment.h"
-#include "roadfigures.h"
+#include "../road/alignment.h"
+#include "../road/roadfigures.h"
 
 namespace kvarnio {
 

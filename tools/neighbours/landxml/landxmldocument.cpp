@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "alignment.h"
-#include "letters.h"
+#include "../road/alignment.h"
+#include "../road/letters.h"
 
 namespace kvarnio {
 namespace {

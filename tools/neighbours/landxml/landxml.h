@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "alignment.h"
+#include "../road/alignment.h"
 
 namespace kvarnio {
 
