@@ -21,6 +21,9 @@ set(CPACK_NSIS_DISPLAY_NAME "KvarnProg ${PROJECT_VERSION}")
 set(CPACK_NSIS_ENABLE_UNINSTALL_BEFORE_INSTALL ON)
 set(CPACK_NSIS_COMPRESSOR "/SOLID lzma")
 set(CPACK_NSIS_DEFINES "SetDateSave off") # the same bytes whenever it is made
+if(CMAKE_CROSSCOMPILING) # Debian's NSIS can make it a 64-bit program, as the library is
+    string(APPEND CPACK_NSIS_DEFINES "\nTarget amd64-unicode")
+endif()
 set(CPACK_RESOURCE_FILE_LICENSE "${kvarnprog_notice}")
 
 # The run-time libraries go with their licences.

@@ -1,89 +1,55 @@
-// Settings of a project, each with the file or default that it comes from, and where points lie
-// along a road: consoleclient PROJECT ROAD [X Y]...
-//
-// The main folder is the environment variable KVARNBOK. The exit status is 0 when all was answered,
-// 1 when not, and 2 for wrong usage.
+// Settings of a project, each with the file or default that it comes from, and a point's station on
+// its road: consoleclient PROJECT X Y. Ends with 1 without that station, with 2 for wrong usage.
 #include <cstdio>
 #include <cstdlib>
 
 #include <kvarnprog.h>
 
-namespace {
-
-// The library's texts are in code page 1252. The terminal's are UTF-8, and on Linux the arguments.
-void Print(char const* format, CString const& text) {
-    std::printf(format, TextToUtf8(text).GetString());
+// The library's texts are in code page 1252, and the terminal's in UTF-8.
+static void Print(std::FILE* to, CString const& text) {
+    std::fprintf(to, "%s\n", TextToUtf8(text).GetString());
 }
 
-CString Argument(char const* word) {
-    CString text(word);
-#ifndef _WIN32
-    TextFromUtf8(word, text); // stays as it is where the code page lacks a letter
-#endif
-    return text;
-}
-
-// Without windows there are no boxes, and what they ask is answered by no.
-int PrintMessage(MessageBoxRequest const& message) {
-    std::fprintf(stderr, "%s\n", TextToUtf8(message.text).GetString());
-    return (message.style & MB_TYPEMASK) == MB_YESNO ? IDNO : IDOK;
-}
-
-void PrintSettings(CAutoIni& ini, CProjPath& project) {
+static void PrintSettings(CAutoIni& ini, CProjPath& project) {
     CKvarnInst settings; // answers with the default where the file has no value
     settings.Init(&ini, &project);
-    CKvarnPAR file(&ini, &project); // that file: the project's, or the one that is shared
+    CKvarnPAR par(&ini, &project); // that file: the project's, or the one that is shared
     for (char const* key : {"HSKALA", "MTRLKOD", "VIMSKALA"}) {
-        Print("%s=", key);
-        Print("%s ", settings.ReadKey(CProjPath::KvarnParNamn, key));
-        Print("(%s)\n", file.ReadKey(key).IsEmpty() ? CString("default") : file.GetParFilNamn());
+        CString const value = settings.ReadKey(CProjPath::KvarnParNamn, key);
+        CString const path = par.ReadKey(key).IsEmpty() ? CString("default") : par.GetParFilNamn();
+        Print(stdout, CString(key) + "=" + value + " (" + path + ")");
     }
 }
-
-bool PrintStation(CVaglinje& plan, double x, double y) {
-    double station = 0, offset = 0;
-    bool const found = plan.Vagstv(x, y, &station, &offset, 0) == 0;
-    std::printf(found ? "%.3f %.3f\n" : "not beside the road\n", station, offset);
-    return found;
-}
-
-// From the first vertex to the last.
-bool PrintStations(CVaglinje& plan) {
-    if (plan.Home() != 0) {
-        std::printf("no plan\n");
-        return false;
-    }
-    double const first = plan.Get_aktel()->sektion;
-    plan.End();
-    std::printf("%.3f to %.3f\n", first, plan.Get_aktel()->sektion);
-    return true;
-}
-
-} // namespace
 
 int main(int count, char** words) {
-    if (count < 3 || count % 2 == 0) {
-        std::fprintf(stderr, "usage: consoleclient PROJECT ROAD [X Y]...\n");
+    if (count != 4) {
+        std::fprintf(stderr, "usage: consoleclient PROJECT X Y\n");
         return 2;
     }
+    CString folder(words[1]); // Windows gives it in the code page
 #ifdef _WIN32
     SetConsoleOutputCP(CP_UTF8);
+#else
+    TextFromUtf8(words[1], folder);
 #endif
-    SetMessageBoxHandler(PrintMessage);
+    // There are no windows: messages go to standard error, and what they ask is not agreed to.
+    SetMessageBoxHandler([](MessageBoxRequest const& message) {
+        Print(stderr, message.text);
+        return int{IDOK};
+    });
     CAutoIni ini;
-    ini.Init(1);
+    ini.Init(1); // the main folder is the environment variable KVARNBOK
     CProjPath project;
-    project.SetPath(Argument(words[1]));
+    project.SetPath(folder);
     PrintSettings(ini, project);
 
     CVag2 road;
-    if (road.Init(Argument(words[2])) != 0) { // PrintMessage has told why
+    double station = 0, offset = 0, x = std::atof(words[2]), y = std::atof(words[3]);
+    if (road.ReadOmr(&project) != 0 || road.plan.Vagstv(x, y, &station, &offset, 0) != 0) {
+        Print(stderr, "No station: the project has no road beside which the point lies.");
         return 1;
     }
-    Print("%s\n", road.namn);
-    bool answered = PrintStations(road.plan);
-    for (int i = 3; i < count; i += 2) {
-        answered &= PrintStation(road.plan, std::atof(words[i]), std::atof(words[i + 1]));
-    }
-    return answered ? 0 : 1;
+    Print(stdout, road.namn);
+    std::printf("%.3f to %.3f\n", road.plan.omrSekFran, road.plan.omrSekTill);
+    std::printf("the point: %.3f, offset %.3f\n", station, offset);
 }
