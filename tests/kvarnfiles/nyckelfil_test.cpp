@@ -212,7 +212,8 @@ TEST_F(KvarnParTest, TheFirstOfThreePlacesIsReadAndWritten) {
             content.append(place).append("\r\n");
             m_folder.Write(file, content);
             auto const par = open();
-            EXPECT_EQ(par->GetParFilNamn(), m_folder.Api(file).c_str());
+            EXPECT_EQ(par->GetParFilNamn(),
+                      m_folder.Api(std::string(place).append("\\").append(name)).c_str());
             EXPECT_EQ(par->ReadKey("plats"), place.c_str());
             EXPECT_EQ(par->WriteKey("NY", "1"), 0);
             EXPECT_EQ(m_folder.Read(file), content.append("NY=1\r\n"));
