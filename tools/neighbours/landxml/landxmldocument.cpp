@@ -60,13 +60,13 @@ xml_node Child(xml_node node, std::string_view name) {
 }
 
 std::string Quoted(std::string_view text) {
-    return '"' + OnOneLine(text) + '"';
+    return std::string("\"").append(OnOneLine(text)).append("\"");
 }
 
 std::string Listed(std::vector<std::string> const& names) {
     std::string list;
     for (std::string const& name : names) {
-        list += (list.empty() ? "" : ", ") + Quoted(name);
+        list.append(list.empty() ? "" : ", ").append(Quoted(name));
     }
     return list;
 }
@@ -107,7 +107,7 @@ std::string LandXmlDocument::Where(xml_node node) const {
     std::string where = "line " + std::to_string(m_lines.Of(node.offset_debug())) + ", " +
                         std::string(LocalName(node));
     if (char const* const name = node.attribute("name").value(); *name != '\0') {
-        where += " " + Quoted(name);
+        where.append(" ").append(Quoted(name));
     }
     return where;
 }
