@@ -59,6 +59,17 @@ TEST_F(ExchangeTest, WhatIsApproximatedIsToldWithItsLine) {
     EXPECT_FALSE(IsThere("none.vl"));
 }
 
+TEST_F(ExchangeTest, WhatWillSurpriseThoseWhoAskTheRoadIsSaidAtOnce) {
+    // From straight east of its centre, through the bulge 0.5.
+    m_folder.Write("arc.dxf",
+                   "0\nSECTION\n2\nENTITIES\n0\nARC\n8\nA\n10\n0\n20\n0\n40\n100\n50\n0\n51\n"
+                   "106.260204708311957\n0\nENDSEC\n0\nEOF\n");
+    Result const result = Import("arc.dxf", "arc.vl");
+    EXPECT_EQ(result.status, 0);
+    ExpectPart(result.err, "arc.vl:1: the arc starts straight north, east, south or west");
+    ExpectPart(m_folder.Read("arc.vl"), "0.0000 100.0000 0.5000 0.0000 1 $\r\n96.0000 -28.0000 ");
+}
+
 TEST_F(ExchangeTest, NothingIsWrittenOfWhatCannotBeTakenOver) {
     m_folder.Write("cut.xml", m_folder.Read("linje.xml").substr(0, 1500));
     m_folder.Write("other.txt", "hej");
