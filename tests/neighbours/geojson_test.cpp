@@ -12,7 +12,6 @@ namespace {
 
 using Json = nlohmann::json;
 using kvarnio::GeoJsonOptions;
-using kvarnio::NotTaken;
 using kvarnio::Road;
 using kvarnio::ToGeoJson;
 
@@ -27,7 +26,7 @@ Json Line(Json const& collection) {
 std::string Refusal(Road const& road, GeoJsonOptions const& options) {
     try {
         ToGeoJson(road, options);
-    } catch (NotTaken const& error) {
+    } catch (std::runtime_error const& error) {
         return error.what();
     }
     return "written";

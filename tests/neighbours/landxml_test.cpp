@@ -323,12 +323,17 @@ TEST(LandXmlTest, WhatCannotBeTakenOverIsNamed) {
         {"<html/>", "this is no LandXML: its root element is \"html\""},
         {File("").substr(0, 150), "line 5: this is no XML, or the file is not whole"},
         {"<!DOCTYPE x [<!ENTITY a \"b\">]>\n<LandXML/>", "line 1: a document type"},
+        {"<!-- <LandXML> -->\n<!DOCTYPE x>\n<LandXML/>", "line 2: a document type"},
         {deep, "elements are nested more than 64 deep"},
         {File(""), "the file holds no alignment"},
         {WithPlan(line + "<Line><Start>100 0.0123</Start><End>200 0</End></Line>"),
          "line 6, Line: begins 0.0123 m from the end of the element before it, line 5, Line \"L\""},
-        {WithPlan("<Line><Start>0 x</Start><End>1 1</End></Line>"), "wanted two numbers, got"},
-        {WithPlan("<Line><Start>0 1e999</Start><End>1 1</End></Line>"), "wanted two numbers, got"},
+        {WithPlan("<Line><Start>0 x</Start><End>1 1</End></Line>"),
+         "wanted two or three numbers, got"},
+        {WithPlan("<Line><Start>0 1e999</Start><End>1 1</End></Line>"),
+         "wanted two or three numbers, got"},
+        {WithPlan("<Line><Start>0 0 0 x</Start><End>1 1</End></Line>"), "two or three numbers"},
+        {WithPlan("<Line><Start>0 2e11</Start><End>1 1</End></Line>"), "two or three numbers"},
         {WithPlan("<Line><Start>0 0</Start></Line>"), "line 5, Line: has no End"},
         {WithPlan("<Line><Start pntRef=\"7\"/><End>1 1</End></Line>"), "there is no point \"7\""},
         {WithPlan("<Chain>0 0 1 1</Chain>"), "line 5, Chain: a road file has lines and curves"},
@@ -358,6 +363,102 @@ TEST(LandXmlTest, WhatCannotBeTakenOverIsNamed) {
     for (auto const& [text, why] : cases) {
         ExpectRefused([&text = text] { Made(text); }, why);
     }
+}
+
+TEST(LandXmlTest, SpiralsGoOnInTheirNeighboursDirectionsAtAnyTolerance) {
+    struct Case {
+        double length;
+        double radius; // of the end; the start is straight
+        double tolerance;
+    };
+    for (Case const& c : {Case{7, 160, 0.001},
+                          {12, 15, 0.1},
+                          {80, 300, 0.1},
+                          {436, 2071, 0.001},
+                          {400, 20000, 0.001}}) {
+        OnSpiral const end = Integrated(c.length, 1 / c.radius, c.length, EvenShape);
+        std::string const text = WithPlan(
+            "<Spiral spiType=\"clothoid\" rot=\"ccw\" radiusStart=\"INF\" radiusEnd=\"" +
+            Metres(c.radius) + "\" length=\"" + Metres(c.length) + "\"><Start>0 0</Start><End>" +
+            Metres(end.at.x) + ' ' + Metres(end.at.y) + "</End></Spiral>");
+        std::vector<kovltype> const plan = Made(text, {}, {.tolerance = c.tolerance}).road.plan;
+        double heading = 0;
+        for (std::size_t i = 1; i < plan.size(); ++i) {
+            kovltype const& from = plan[i - 1];
+            double const half = 2 * std::atan(from.bulge);
+            double const chord = std::atan2(from.y - plan[i].y, plan[i].x - from.x);
+            double const length = std::hypot(plan[i].x - from.x, plan[i].y - from.y);
+            EXPECT_NEAR(chord - half, heading, 4e-4 + 2e-4 / length) << c.length << ' ' << i;
+            EXPECT_GT(length, c.length / 200) << i;
+            heading = chord + half;
+        }
+        EXPECT_NEAR(heading, end.heading, 5e-4);
+    }
+}
+
+TEST(LandXmlTest, ASpiralOfMoreThanAHalfCircleIsDivided) {
+    // Nearly an arc of the radius 30, 150 m long.
+    double const turn = 5;
+    RoadPoint const end = {30 * std::sin(turn), -30 * (1 - std::cos(turn))};
+    MadeRoad const made = Made(WithPlan(
+        "<Spiral spiType=\"clothoid\" rot=\"ccw\" radiusStart=\"30\" radiusEnd=\"30.00001\" "
+        "length=\"150\"><Start>0 0</Start><End>" +
+        Metres(end.x) + ' ' + Metres(end.y) + "</End></Spiral>"));
+    for (kovltype const& vertex : made.road.plan) {
+        EXPECT_LT(vertex.bulge, 1);
+    }
+}
+
+TEST(LandXmlTest, CurvesThatTurnLessThanADecimalTellsAreTakenOver) {
+    EXPECT_LE(Made(WithProfile("<ParaCurve length=\"200\">300 49.98</ParaCurve>")).heightDifference,
+              0.001);
+    double const length = 3000;
+    MadeRoad const made =
+        Made(WithPlan("<Curve rot=\"cw\"><Start>0 0</Start><Center>0 1000000</Center>"
+                      "<End>" +
+                      Metres(1e6 * std::sin(length / 1e6)) + ' ' +
+                      Metres(1e6 * (1 - std::cos(length / 1e6))) + "</End></Curve>"));
+    EXPECT_LE(made.deviation, 0.001);
+    EXPECT_NEAR(made.road.plan.back().sektion, 100 + length, 1e-4);
+}
+
+TEST(LandXmlTest, StationsBeginWhereTheFileSays) {
+    std::string const line = "<Line staStart=\"1000\"><Start>0 0</Start><End>100 0</End></Line>";
+    std::string const own =
+        File("<Alignment name=\"A\"><CoordGeom>" + line + "</CoordGeom></Alignment>");
+    EXPECT_EQ(ReadLandXml(own, {}).firstStation, 1000);
+    EXPECT_EQ(Made(own).road.plan.back().sektion, 1100);
+    ExpectRefused([&] { Made(WithPlan(line)); },
+                  "its station is 1000.0000, that of the alignment's start 100.0000");
+}
+
+TEST(LandXmlTest, JointsThatDoNotFitAreTold) {
+    // A gap that the tolerance closes, and a curve to the wrong side.
+    MadeRoad const made = Made(
+        WithPlan(
+            "<Line><Start>0 0</Start><End>100 0</End></Line>"
+            "<Line><Start>100.5 0</Start><End>200 0</End></Line>\n"
+            "<Curve rot=\"cw\"><Start>200 0</Start><Center>200 -100</Center><End>300 -100</End>"
+            "</Curve>"),
+        {}, {.tolerance = 1});
+    std::string notes;
+    for (std::string const& note : made.notes) {
+        notes += note + '\n';
+    }
+    EXPECT_NE(notes.find("elements that meet are up to 0.5000 m apart\n"), std::string::npos);
+    EXPECT_NE(notes.find("1 bend between an arc or a spiral and what is beside it, the largest of "
+                         "200.000 gon at line 6, Curve"),
+              std::string::npos)
+        << notes;
+}
+
+TEST(LandXmlTest, LettersAreReadInTheEncodingThatTheFileStates) {
+    std::string text = WithPlan("<Line><Start>0 0</Start><End>100 0</End></Line>");
+    text.replace(text.find("\"A\""), 3, "\"V\xE4g \x80\"");
+    text.replace(0, text.find('\n'), "<?xml version=\"1.0\" encoding='Windows-1252'?>");
+    EXPECT_EQ(ReadLandXml(text, {}).name, "V\xC3\xA4g \xE2\x82\xAC");
+    text.replace(text.find("Windows-1252"), 12, "ISO-8859-5");
+    ExpectRefused([&] { Made(text); }, "line 1: the encoding \"ISO-8859-5\" is not known");
 }
 
 TEST(LandXmlTest, StationsThatJumpDoNotGoOut) {

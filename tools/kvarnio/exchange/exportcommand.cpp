@@ -1,5 +1,6 @@
 // kvarnio road export.
 #include <chrono>
+#include <cmath>
 #include <ctime>
 #include <iostream>
 #include <memory>
@@ -57,6 +58,19 @@ std::optional<double> Interval(ExportArguments const& arguments) {
     return Number("METRES", arguments.interval);
 }
 
+// Stations that do not follow from the segments' lengths are drawn, but not taken back.
+std::optional<std::string> NoteOfJump(std::vector<kovltype> const& plan) {
+    for (std::size_t i = 1; i < plan.size(); ++i) {
+        double const length = Segment(plan[i - 1], plan[i]).Length();
+        double const step = std::fabs(plan[i].sektion - plan[i - 1].sektion);
+        if (!(std::fabs(length - step) <= stationRounding)) {
+            return "the stations jump at vertex " + std::to_string(i + 1) +
+                   ": road import would not take the drawing back";
+        }
+    }
+    return std::nullopt;
+}
+
 Exported ToFormat(Context& context, RoadFile& file, ExchangeFormat format,
                   ExportArguments const& arguments) {
     Road const road = {kvarn::ToUtf8(file.Road().namn), file.Plan(), file.Profile()};
@@ -64,6 +78,9 @@ Exported ToFormat(Context& context, RoadFile& file, ExchangeFormat format,
     std::vector<std::string> notes;
     if (format == ExchangeFormat::dxf && !road.profile.empty()) {
         notes.emplace_back("the profile is not part of a drawing");
+    }
+    if (auto const jump = NoteOfJump(road.plan); format == ExchangeFormat::dxf && jump) {
+        notes.push_back(*jump);
     }
     switch (format) {
     case ExchangeFormat::landXml:
@@ -107,12 +124,22 @@ void RequireFitting(ExchangeFormat format, ExportArguments const& arguments) {
     }
 }
 
+// An export is made anew at any time, and replaces the last one without a copy; a road file is not.
+void RefuseRoadFile(std::string const& output) {
+    constexpr std::string_view ending = ".VL";
+    if (output.size() > ending.size() &&
+        kvarn::CompareNoCase1252(output.substr(output.size() - ending.size()), ending) == 0) {
+        throw UsageError(Shown(output) + " is a road file's name; give the export another ending");
+    }
+}
+
 ExitStatus Export(Context& context, ExportArguments const& arguments) {
     ExchangeFormat const format = FormatToWrite(arguments.format, arguments.output);
     RequireFitting(format, arguments);
     RoadFile file(arguments.file);
     file.WarnOfSkippedLines();
     std::string const output = LibraryPath(arguments.output);
+    RefuseRoadFile(output);
     std::error_code notThere;
     if (std::filesystem::equivalent(HostPath(output), HostPath(file.Path()), notThere)) {
         throw UsageError("the export would take the place of the road file");
@@ -137,6 +164,8 @@ ExitStatus Export(Context& context, ExportArguments const& arguments) {
         }
     } catch (NotTaken const& refusal) {
         throw Failure(Shown(file.Path()) + ": " + refusal.what());
+    } catch (BadChoice const& refusal) {
+        throw UsageError(refusal.what());
     }
     return done;
 }
@@ -150,7 +179,6 @@ void AddRoadExport(CommandLine& line, CLI::App& road) {
         "LandXML has the plan and the profile, DXF the plan with stations and the area, GeoJSON "
         "the line\nand stations in the road's own coordinates, and a table has a line for each "
         "station. In DXF and\nGeoJSON the first coordinate is the easting.\n"
-        "Example: kvarnio road export VAG27.VL -o vag27.dxf\n"
         "Example: kvarnio road export VAG27.VL -o vag27.csv --interval 20");
     AddRoadFile(out, arguments->file);
     auto const add = [&](char const* name, std::string& value, char const* type, char const* what) {

@@ -109,7 +109,8 @@ std::string Summary(MadeRoad const& made) {
     auto const add = [&](std::vector<kovltype> const& part, char const* name, double off) {
         if (!part.empty()) {
             text += (text.empty() ? "" : ", ") + std::string(name) + " of " +
-                    std::to_string(part.size()) + " vertices within " +
+                    std::to_string(part.size()) +
+                    (part.size() == 1 ? " vertex within " : " vertices within ") +
                     kvarn::Format("%.4lf m", off);
         }
     };
@@ -183,6 +184,8 @@ ExitStatus Import(Context& context, ImportArguments const& arguments) {
         }
     } catch (NotTaken const& refusal) {
         throw Failure(Shown(input) + ": " + refusal.what());
+    } catch (BadChoice const& refusal) {
+        throw UsageError(refusal.what());
     }
     return done;
 }

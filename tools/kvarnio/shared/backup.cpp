@@ -21,6 +21,11 @@ std::string WhyNotWritten(std::filesystem::path const& path) {
     if (std::filesystem::is_directory(path, error)) {
         return "it is a folder";
     }
+    if (!std::filesystem::exists(path, error) &&
+        std::filesystem::is_directory(std::filesystem::absolute(path, error).parent_path(),
+                                      error)) {
+        return "no file can be made in its folder";
+    }
     errno = 0;
     std::fstream const file(path, std::ios::binary | std::ios::in | std::ios::out);
     return !file.is_open() && errno != 0 ? std::generic_category().message(errno)

@@ -36,12 +36,13 @@ std::string ChainText(Candidate const& candidate) {
 void FindOn(Layer const& layer, double tolerance, Found& found) {
     for (Polyline const& polyline : layer.polylines) {
         if (IsLine(polyline)) {
-            found.candidates.push_back({&layer, &polyline, {}, 0});
+            found.candidates.push_back({&layer, &polyline, {}, 0, 0});
         }
     }
     Chains chains = ChainsOf(layer.edges, tolerance);
     for (Chain& chain : chains.chains) {
-        found.candidates.push_back({&layer, nullptr, std::move(chain), chains.points.size()});
+        found.candidates.push_back(
+            {&layer, nullptr, std::move(chain), chains.points.size(), chains.doubles});
     }
     if (chains.branch) {
         found.branches.push_back({OnOneLine(layer.name),

@@ -16,7 +16,8 @@ struct Candidate {
     Layer const* layer;
     Polyline const* polyline; // or null
     Chain chain;
-    std::size_t points; // edges of the layer that are too short for a chain
+    std::size_t points;  // edges of the layer that are too short for a chain
+    std::size_t doubles; // and those that are another one drawn again
 
     std::span<Edge const> Edges() const { return layer->edges; }
     std::size_t Line() const {

@@ -1,6 +1,7 @@
 #include "dxfchain.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "../road/alignment.h"
@@ -95,8 +96,8 @@ void Turn(std::vector<Link>& links) {
 
 class Walker {
   public:
-    Walker(std::span<Edge const> edges, Ends const& ends, std::vector<std::size_t> const& partners)
-        : m_edges(edges), m_ends(ends), m_partners(partners), m_isTaken(edges.size()) {}
+    Walker(std::span<Edge const> edges, std::vector<std::size_t> const& partners)
+        : m_edges(edges), m_partners(partners), m_isTaken(edges.size()) {}
 
     bool IsTaken(std::size_t edge) const { return m_isTaken[edge]; }
 
@@ -126,8 +127,6 @@ class Walker {
             if (in == none) {
                 return;
             }
-            chain.largestGap =
-                std::max(chain.largestGap, kvarn::Length(m_ends.Place(out) - m_ends.Place(in)));
             link = {in / 2, in % 2 == 1};
             if (link.edge == first) {
                 chain.isClosed = true;
@@ -154,10 +153,35 @@ class Walker {
     }
 
     std::span<Edge const> m_edges;
-    Ends const& m_ends;
     std::vector<std::size_t> const& m_partners;
     std::vector<bool> m_isTaken;
 };
+
+// An edge in the direction in which it begins further south, or west.
+std::array<double, 5> Drawn(Edge const& edge) {
+    bool const isTurned =
+        edge.to.x < edge.from.x || (edge.to.x == edge.from.x && edge.to.y < edge.from.y);
+    RoadPoint const from = isTurned ? edge.to : edge.from;
+    RoadPoint const to = isTurned ? edge.from : edge.to;
+    return {from.x, from.y, to.x, to.y, isTurned ? -edge.bulge : edge.bulge};
+}
+
+void LeaveOutDoubles(std::span<Edge const> edges, std::vector<bool>& isLeftOut,
+                     std::size_t& doubles) {
+    std::vector<std::pair<std::array<double, 5>, std::size_t>> sorted;
+    for (std::size_t i = 0; i < edges.size(); ++i) {
+        if (!isLeftOut[i]) {
+            sorted.emplace_back(Drawn(edges[i]), i);
+        }
+    }
+    std::sort(sorted.begin(), sorted.end());
+    for (std::size_t i = 1; i < sorted.size(); ++i) {
+        if (sorted[i].first == sorted[i - 1].first) {
+            isLeftOut[sorted[i].second] = true;
+            ++doubles;
+        }
+    }
+}
 
 } // namespace
 
@@ -170,12 +194,13 @@ Chains ChainsOf(std::span<Edge const> edges, double tolerance) {
             result.points.push_back(i);
         }
     }
+    LeaveOutDoubles(edges, isLeftOut, result.doubles);
     Ends const ends(edges, isLeftOut, tolerance);
     std::vector<std::size_t> const partners = ends.Partners(result.branch);
     if (result.branch) {
         return result;
     }
-    Walker walker(edges, ends, partners);
+    Walker walker(edges, partners);
     for (std::size_t i = 0; i < edges.size(); ++i) {
         if (!isLeftOut[i] && !walker.IsTaken(i)) {
             result.chains.push_back(walker.ChainOf(i));

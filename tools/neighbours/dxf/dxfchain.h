@@ -19,12 +19,12 @@ struct Link {
 struct Chain {
     std::vector<Link> links;
     bool isClosed = false;
-    double largestGap = 0; // between ends that meet
 };
 
 struct Chains {
     std::vector<Chain> chains;         // in the order of their first edges
     std::vector<std::size_t> points;   // edges whose own ends meet: in no chain
+    std::size_t doubles = 0;           // edges that are another one drawn again: in no chain
     std::optional<std::string> branch; // where more than two ends meet: then there are no chains
 };
 

@@ -46,9 +46,8 @@ double NumberIn(Group const& group) {
 }
 
 double CoordinateIn(Group const& group) {
-    constexpr double largest = 1e11; // twice round the earth, in millimetres
     double const number = NumberIn(group);
-    if (std::fabs(number) > largest) {
+    if (std::fabs(number) > farthest) {
         ThrowUnfit(group.line, "a coordinate or a length on the earth", group.value);
     }
     return number;

@@ -111,7 +111,13 @@ class AlignmentMaker {
         if (!polyline.isClosed && Fits(record->second, polyline.vertices)) {
             return &record->second;
         }
-        Note("the line was edited after its stations were stored: they are not taken over");
+        if (!record->second.stations.empty()) {
+            std::vector<double> const& stations = record->second.stations;
+            m_alignment.firstStation = stations.front();
+            m_alignment.stationsDecrease = stations.back() < stations.front();
+        }
+        Note("the line was edited after its stations were stored: they are computed anew from "
+             "the first one");
         return nullptr;
     }
 
@@ -149,21 +155,21 @@ class AlignmentMaker {
             m_alignment.plan.push_back(std::move(element));
             heights = heights == nullptr && edge.hasHeights ? &edge : heights;
         }
-        NoteGaps(candidate);
+        NoteChain(candidate);
         if (heights != nullptr) {
             Note(LineText(heights->line) + ", " + heights->Type() +
                  ": heights are not taken over, neither this one nor others");
         }
     }
 
-    void NoteGaps(Candidate const& candidate) {
-        constexpr double worthTelling = 0.00005; // metres
+    void NoteChain(Candidate const& candidate) {
         Chain const& chain = candidate.chain;
         if (chain.isClosed) {
             Note("the chain is closed, and goes back to where it begins");
         }
-        if (chain.largestGap > worthTelling) {
-            Note("ends that meet are up to " + Metres(chain.largestGap) + " m apart");
+        if (candidate.doubles > 0) {
+            Note("passed over, for they are drawn twice: " + std::to_string(candidate.doubles) +
+                 " LINE or ARC");
         }
         if (candidate.points > 0) {
             Note("passed over, for both ends are in one point: " +

@@ -47,7 +47,7 @@ Unit const& UnitNamed(std::string_view sign) {
     for (Unit const& u : units) {
         signs += (signs.empty() ? "" : ", ") + std::string(u.sign);
     }
-    throw NotTaken("the unit \"" + OnOneLine(sign) + "\" is none of " + signs);
+    throw BadChoice("the unit \"" + OnOneLine(sign) + "\" is none of " + signs);
 }
 
 } // namespace

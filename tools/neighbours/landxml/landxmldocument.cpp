@@ -1,6 +1,9 @@
 #include "landxmldocument.h"
 
 #include <algorithm>
+#include <optional>
+
+#include <text/codepage.h>
 
 #include "../road/alignment.h"
 #include "../road/letters.h"
@@ -12,23 +15,58 @@ using pugi::xml_node;
 
 constexpr int deepest = 64; // levels of elements; files of road programs have about twenty
 
-// What stands before the root element. A document type could define entities.
-void RequireNoDoctype(std::string_view text) {
-    std::size_t const at = text.find("<!DOCTYPE");
-    std::size_t const root = text.find("<LandXML");
-    if (at != std::string_view::npos && at < root) {
-        throw NotTaken(
-            "line " +
-            std::to_string(LineNumbers(text.substr(0, at)).Of(static_cast<std::ptrdiff_t>(at))) +
-            ": a document type (DOCTYPE), which LandXML has none of");
+// The text between the first quotation marks after a name.
+std::string_view QuotedAfter(std::string_view text, std::string_view name) {
+    std::size_t const at = text.find(name);
+    std::size_t const begin = at == std::string_view::npos ? at : text.find_first_of("\"'", at);
+    if (begin == std::string_view::npos) {
+        return {};
     }
+    text.remove_prefix(begin + 1);
+    return text.substr(0, text.find_first_of("\"'"));
 }
 
-pugi::xml_encoding EncodingOf(std::string_view text) {
-    std::string_view const declaration = text.substr(0, text.find("?>"));
-    return declaration.starts_with("<?xml") && declaration.find("8859-1") != std::string_view::npos
-               ? pugi::encoding_latin1
-               : pugi::encoding_utf8;
+// In UTF-8, from the encoding that the file states; nothing where it is UTF-8 already. Code page
+// 1252 has the letters of ISO 8859-1 in the same places.
+std::optional<std::string> Converted(std::string_view text) {
+    std::string_view const declaration =
+        text.starts_with("<?xml") ? text.substr(0, text.find("?>")) : std::string_view();
+    std::string_view const encoding = QuotedAfter(declaration, "encoding");
+    auto const is = [&](std::string_view name) {
+        return kvarn::CompareNoCase1252(encoding, name) == 0;
+    };
+    if (encoding.empty() || is("UTF-8") || is("US-ASCII")) {
+        return std::nullopt;
+    }
+    if (is("ISO-8859-1") || is("windows-1252")) {
+        return kvarn::ToUtf8(text);
+    }
+    throw NotTaken("line 1: the encoding " + Quoted(encoding) +
+                   " is not known: save the file as UTF-8");
+}
+
+// A document type, which may stand before the root element, could define entities.
+void RequireNoDoctype(std::string_view text) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    std::size_t at = text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+    while (true) {
+        at = text.find_first_not_of(" \t\r\n", at);
+        std::string_view const rest = at < text.size() ? text.substr(at) : std::string_view();
+        std::string_view const end = rest.starts_with("<?")     ? "?>"
+                                     : rest.starts_with("<!--") ? "-->"
+                                                                : "";
+        std::size_t const ends = end.empty() ? std::string_view::npos : rest.find(end);
+        if (ends == std::string_view::npos) {
+            if (rest.starts_with("<!")) {
+                throw NotTaken(
+                    "line " +
+                    std::to_string(LineNumbers(text).Of(static_cast<std::ptrdiff_t>(at))) +
+                    ": a document type (DOCTYPE), which LandXML has none of");
+            }
+            return;
+        }
+        at += ends + end.size();
+    }
 }
 
 } // namespace
@@ -84,14 +122,17 @@ std::size_t LineNumbers::Of(std::ptrdiff_t position) const {
     return 1 + static_cast<std::size_t>(end - m_ends.begin());
 }
 
-LandXmlDocument::LandXmlDocument(std::string_view text) : m_lines(text) {
+LandXmlDocument::LandXmlDocument(std::string_view text) {
     RequirePlainText(text);
+    std::optional<std::string> const converted = Converted(text);
+    text = converted ? std::string_view(*converted) : text;
     RequireNoDoctype(text);
+    m_lines = LineNumbers(text);
     pugi::xml_parse_result const result = m_document.load_buffer(
         text.data(), text.size(),
         pugi::parse_cdata | pugi::parse_escapes | pugi::parse_wconv_attribute | pugi::parse_eol |
             pugi::parse_embed_pcdata,
-        EncodingOf(text));
+        pugi::encoding_utf8);
     if (!result) {
         throw NotTaken("line " + std::to_string(m_lines.Of(result.offset)) +
                        ": this is no XML, or the file is not whole: " + result.description());

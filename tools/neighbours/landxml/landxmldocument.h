@@ -26,6 +26,7 @@ std::string Listed(std::vector<std::string> const& names);
 // The text's lines, by the positions that the parser tells.
 class LineNumbers {
   public:
+    LineNumbers() = default;
     explicit LineNumbers(std::string_view text);
     std::size_t Of(std::ptrdiff_t position) const;
 

@@ -26,8 +26,8 @@ class Reader {
         if (!m_values.Note().empty()) {
             read.notes.push_back(m_values.Note());
         }
-        read.firstStation =
-            alignment.attribute("staStart") ? m_values.Length(alignment, "staStart") : 0;
+        read.firstStation = FirstStation(alignment);
+        NoteOthers(alignment, {"CoordGeom", "Profile", "StaEquation", "AlignPIs", "Feature"}, read);
         ReadDirection(alignment, read);
         ReadPlan(alignment, read);
         if (!m_choice.planAlone) {
@@ -37,6 +37,25 @@ class Reader {
     }
 
   private:
+    // That of the alignment or, where it states none, of its first element.
+    double FirstStation(xml_node alignment) const {
+        xml_node const first = Child(alignment, "CoordGeom").first_child();
+        xml_node const stating = alignment.attribute("staStart") ? alignment : first;
+        return stating.attribute("staStart") ? m_values.Length(stating, "staStart") : 0;
+    }
+
+    void NoteOthers(xml_node parent, std::initializer_list<std::string_view> known,
+                    Alignment& read) const {
+        for (xml_node const child : parent.children()) {
+            bool const isKnown =
+                std::find(known.begin(), known.end(), LocalName(child)) != known.end();
+            if (child.type() == pugi::node_element && !isKnown) {
+                read.notes.push_back(m_values.Where(child) +
+                                     ": has no place in a road file and is left out");
+            }
+        }
+    }
+
     // 1 for a curve to the left.
     double Side(xml_node element) const {
         std::string_view const rot = element.attribute("rot").value();
@@ -116,11 +135,8 @@ class Reader {
         if (from.x == to.x && from.y == to.y) {
             m_values.Refuse(node, "ends where it begins");
         }
-        std::optional<RoadPoint> const centre = m_values.PointIn(node, "Center");
-        return {.from = from,
-                .to = to,
-                .bulge = side * (centre ? BulgeRound(node, *centre, from, to, side)
-                                        : BulgeByRadius(node, from, to))};
+        RoadPoint const centre = m_values.Point(node, "Center");
+        return {.from = from, .to = to, .bulge = side * BulgeRound(node, centre, from, to, side)};
     }
 
     double BulgeRound(xml_node node, RoadPoint centre, RoadPoint from, RoadPoint to,
@@ -145,19 +161,6 @@ class Reader {
                                    "%.4lf; --tolerance decides",
                                    what, a, other, b, std::fabs(a - b)));
         }
-    }
-
-    // Of the shorter of the two arcs.
-    double BulgeByRadius(xml_node node, RoadPoint from, RoadPoint to) const {
-        double const radius = m_values.Length(node, "radius");
-        double const half = kvarn::Length(to - from) / 2;
-        if (!(radius >= half - m_choice.tolerance) || !(radius > 0)) {
-            m_values.Refuse(
-                node, Format("its radius, %.4lf m, is less than half the distance of its ends, "
-                             "%.4lf",
-                             radius, half));
-        }
-        return std::tan(std::asin(std::min(half / radius, 1.0)) / 2);
     }
 
     PlanElement SpiralOf(xml_node node) {
@@ -202,6 +205,7 @@ class Reader {
         std::vector<xml_node> profiles;
         std::vector<std::string> names;
         for (xml_node const profile : Children(alignment, "Profile")) {
+            NoteOthers(profile, {"ProfAlign", "Feature"}, read);
             for (xml_node const align : Children(profile, "ProfAlign")) {
                 std::string const name = align.attribute("name").value();
                 if (m_choice.profile.empty() || name == m_choice.profile) {

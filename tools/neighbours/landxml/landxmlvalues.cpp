@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include <text/format.h>
 
@@ -28,10 +29,18 @@ constexpr std::array<KnownUnit, 8> knownUnits = {{
     {"mile", 1609.344},
 }};
 
+constexpr std::string_view blanks = " \t\r\n";
+
+bool IsBlank(std::string_view text) {
+    return text.find_first_not_of(blanks) == std::string_view::npos;
+}
+
 } // namespace
 
 LandXmlValues::LandXmlValues(LandXmlDocument const& document) : m_document(document) {
-    xml_node const system = Child(document.Root(), "Units").first_child();
+    xml_node const units = Child(document.Root(), "Units");
+    xml_node const metric = Child(units, "Metric");
+    xml_node const system = metric ? metric : Child(units, "Imperial");
     if (!system) {
         m_note = "the file states no unit: its numbers were taken as metres";
         return;
@@ -56,28 +65,31 @@ void LandXmlValues::Refuse(xml_node node, std::string const& why) const {
 
 double LandXmlValues::Length(xml_node node, char const* attribute) const {
     std::string_view const text = node.attribute(attribute).value();
-    std::optional<double> const number = ReadNumber(text);
-    if (!number) {
+    std::string_view rest = text;
+    std::optional<double> const length = TakeLength(rest);
+    if (!length || !IsBlank(rest)) {
         Refuse(node, std::string("wanted a number as its ") + attribute + ", got " + Quoted(text));
     }
-    return *number * m_metres;
+    return *length;
+}
+
+std::optional<double> LandXmlValues::TakeLength(std::string_view& text) const {
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    std::string_view const word = text.substr(0, text.find_first_of(blanks));
+    std::optional<double> const number = ReadNumber(word);
+    text.remove_prefix(word.size());
+    bool const isNear = number && std::fabs(*number * m_metres) <= farthest;
+    return isNear ? std::optional(*number * m_metres) : std::nullopt;
 }
 
 RoadPoint LandXmlValues::Pair(xml_node node) const {
-    constexpr std::string_view blanks = " \t\r\n";
-    std::array<double, 2> numbers{};
     std::string_view text = node.child_value();
-    for (double& number : numbers) {
-        text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-        std::string_view const word = text.substr(0, text.find_first_of(blanks));
-        std::optional<double> const read = ReadNumber(word);
-        if (!read) {
-            Refuse(node, "wanted two numbers, got " + Quoted(node.child_value()));
-        }
-        number = *read * m_metres;
-        text.remove_prefix(word.size());
+    std::optional<double> const first = TakeLength(text);
+    std::optional<double> const second = TakeLength(text);
+    if (!first || !second || (!IsBlank(text) && (!TakeLength(text) || !IsBlank(text)))) {
+        Refuse(node, "wanted two or three numbers, got " + Quoted(node.child_value()));
     }
-    return {numbers[0], numbers[1]};
+    return {*first, *second};
 }
 
 std::optional<RoadPoint> LandXmlValues::PointIn(xml_node element, char const* name) {
@@ -92,13 +104,16 @@ std::optional<RoadPoint> LandXmlValues::PointIn(xml_node element, char const* na
     if (m_points.empty()) {
         for (xml_node const points : Children(m_document.Root(), "CgPoints")) {
             for (xml_node const point : Children(points, "CgPoint")) {
-                m_points.emplace(point.attribute("name").value(), point);
+                auto const [place, isNew] =
+                    m_points.emplace(point.attribute("name").value(), point);
+                place->second = isNew ? point : xml_node();
             }
         }
     }
     auto const found = m_points.find(reference.value());
-    if (found == m_points.end()) {
-        Refuse(child, "there is no point " + Quoted(reference.value()));
+    if (found == m_points.end() || !found->second) {
+        Refuse(child, (found == m_points.end() ? "there is no point " : "there are more points ") +
+                          Quoted(reference.value()));
     }
     return Pair(found->second);
 }

@@ -21,7 +21,7 @@ class LandXmlValues {
     std::string const& Note() const { return m_note; }
 
     double Length(pugi::xml_node node, char const* attribute) const;
-    // Two numbers or more between blanks: northing and easting, or station and height.
+    // Two numbers or three between blanks: northing and easting, or station and height.
     RoadPoint Pair(pugi::xml_node node) const;
     // The point that stands in a child of that name, or that this refers to.
     std::optional<RoadPoint> PointIn(pugi::xml_node element, char const* name);
@@ -31,10 +31,13 @@ class LandXmlValues {
     std::string Where(pugi::xml_node node) const { return m_document.Where(node); }
 
   private:
+    // The first number of a text, taken off it; nothing for what is none, or no place on the earth.
+    std::optional<double> TakeLength(std::string_view& text) const;
+
     LandXmlDocument const& m_document;
     double m_metres = 1; // in the file's unit
     std::string m_note;
-    std::map<std::string, pugi::xml_node> m_points; // by their names
+    std::map<std::string, pugi::xml_node> m_points; // by their names; none for one of several
 };
 
 } // namespace kvarnio

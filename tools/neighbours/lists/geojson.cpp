@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include <text/codepage.h>
 #include <text/shown.h>
 
 #include "../road/intervals.h"
@@ -28,12 +29,12 @@ std::string Quoted(std::string_view utf8) {
 std::string UrnOf(std::string const& crs) {
     constexpr std::string_view authority = "EPSG:";
     constexpr std::size_t mostDigits = 9;
-    std::string const number =
-        crs.starts_with(authority) ? crs.substr(authority.size()) : std::string();
+    bool const isKnown = kvarn::CompareNoCase1252(crs.substr(0, authority.size()), authority) == 0;
+    std::string const number = isKnown ? crs.substr(authority.size()) : std::string();
     if (number.empty() || number.size() > mostDigits ||
         number.find_first_not_of("0123456789") != std::string::npos) {
-        throw NotTaken("the coordinate system \"" + OnOneLine(crs) +
-                       "\" is not named as EPSG and a number: EPSG:3006");
+        throw BadChoice("the coordinate system \"" + OnOneLine(crs) +
+                        "\" is not named as EPSG and a number: EPSG:3006");
     }
     return "urn:ogc:def:crs:EPSG::" + number;
 }
@@ -42,7 +43,7 @@ class Collection {
   public:
     Collection(Road const& road, GeoJsonOptions const& options) : m_road(road), m_options(options) {
         if (!std::isfinite(options.deviation) || options.deviation <= 0) {
-            throw NotTaken("the largest deviation is a number of metres above 0");
+            throw BadChoice("the largest deviation is a number of metres above 0");
         }
     }
 

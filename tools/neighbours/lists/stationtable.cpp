@@ -19,7 +19,7 @@ class Rows {
   public:
     Rows(Road const& road, StationTable const& table) : m_road(road), m_table(table) {
         if (table.decimalComma && table.separator == ',') {
-            throw NotTaken("a comma cannot separate both columns and decimals");
+            throw BadChoice("a comma cannot separate both columns and decimals");
         }
     }
 

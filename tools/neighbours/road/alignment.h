@@ -66,6 +66,15 @@ class NotTaken : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+// What the user chose cannot be, whatever the file holds.
+class BadChoice : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+// Metres beyond which a number is no place on the earth: it is refused.
+inline constexpr double farthest = 1e11;
+
 // Throws NotTaken where the bytes are no text in an 8-bit encoding: UTF-16, or a NUL among them.
 void RequirePlainText(std::string_view content);
 

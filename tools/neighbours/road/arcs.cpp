@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include <formats/vagfil.h>
 
@@ -30,7 +31,7 @@ class Divider {
         }
         constexpr int most = 4000;
         for (int pieces = 1; pieces <= most; pieces += 1 + pieces / 8) {
-            if (Try(BiarcParts(pieces))) {
+            if (Try(BiarcParts(pieces)) || Try(EvenParts(pieces))) {
                 return m_arcs;
             }
         }
@@ -54,11 +55,15 @@ class Divider {
     }
 
     bool IsNearEnough() {
+        double heading = m_begin; // where the arc before ends
         for (std::size_t i = 0; i < m_arcs.starts.size(); ++i) {
             ArcStart const& start = m_arcs.starts[i];
             bool const isLast = i + 1 == m_arcs.starts.size();
             double const end = isLast ? 1 : m_arcs.starts[i + 1].part;
             RoadPoint const to = isLast ? Rounded(m_curve.At(1)) : m_arcs.starts[i + 1].at;
+            if (!GoesOn(start, to, heading)) {
+                return false;
+            }
             double const off =
                 m_curve.Deviation({start.at.x, start.at.y, start.bulge, StationIn(start.at)},
                                   {to.x, to.y, 0, StationIn(to)}, start.part, end);
@@ -69,6 +74,26 @@ class Divider {
         }
         return true;
     }
+
+    // Whether an arc begins in a heading, which then becomes that of its end; the last one has to
+    // end in the curve's. They may differ by what the decimals of bulges and coordinates explain.
+    // Programs follow an arc of a half circle or more the other way round.
+    bool GoesOn(ArcStart const& start, RoadPoint to, double& heading) const {
+        RoadPoint const chord = to - start.at;
+        double const length = kvarn::Length(chord);
+        double const allowed = 4 / decimals + 2 / (decimals * length); // radians
+        auto const isSame = [&](double a, double b) {
+            return std::fabs(std::remainder(a - b, 2 * std::numbers::pi)) <= allowed;
+        };
+        double const middle = std::atan2(-chord.y, chord.x);
+        double const half = 2 * std::atan(start.bulge);
+        bool const isLast = &start == &m_arcs.starts.back();
+        bool const begins = isSame(middle - half, heading);
+        heading = middle + half;
+        return std::fabs(start.bulge) < 1 && length > 0 && begins &&
+               (!isLast || isSame(heading, m_begin + m_turn));
+    }
+
     // Of a profile; a plan's figures do not look at it.
     static double StationIn(RoadPoint p) { return p.y; }
 
@@ -110,6 +135,7 @@ class Divider {
     // Two arcs with a common tangent between each two of evenly spaced places, where they have the
     // curve's tangent; nothing where these have none.
     std::vector<ArcStart> BiarcParts(int pieces) const {
+        double const shortest = 0.25 / pieces;
         std::vector<ArcStart> starts;
         double from = 0;
         for (int i = 1; i <= pieces; ++i) {
@@ -117,13 +143,22 @@ class Divider {
             if (i < pieces) {
                 to = PartWith(quantum * Quanta(static_cast<double>(i) / pieces));
             }
-            if (to <= from) {
+            if (to - from < shortest || (i < pieces && 1 - to < shortest)) {
                 continue; // it turns less than the file can tell
             }
             AppendBiarc(starts, from, to);
             from = to;
         }
         return starts;
+    }
+
+    // Arcs between evenly spaced places, for a curve that turns too little for other divisions.
+    static std::vector<double> EvenParts(int pieces) {
+        std::vector<double> parts;
+        for (int i = 0; i <= pieces; ++i) {
+            parts.push_back(static_cast<double>(i) / pieces);
+        }
+        return parts;
     }
 
     // The directions of the two chords follow from the angles that they turn; their lengths are

@@ -28,7 +28,7 @@ double DirectionOf(std::span<kovltype const> plan) {
 
 void RequireInterval(double interval) {
     if (!std::isfinite(interval) || interval <= 0) {
-        throw NotTaken("an interval between stations is a number of metres above 0");
+        throw BadChoice("an interval between stations is a number of metres above 0");
     }
 }
 

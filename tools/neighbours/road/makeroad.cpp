@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
+#include <utility>
 
 #include <formats/vagfil.h>
 #include <text/codepage.h>
@@ -37,9 +39,13 @@ class PlanMaker {
         double station = m_alignment.firstStation;
         for (std::size_t i = 0; i < plan.size(); ++i) {
             RequireMeeting(i);
+            if (i == 0) {
+                RequireFirstStation(plan[i]);
+            }
             station = plan[i].station.value_or(station);
             double const begin = station;
             double const length = AddPieces(plan[i]);
+            LookAtJoint(i);
             station = EndStation(i, begin, length);
             SetStations(begin, station);
         }
@@ -47,6 +53,7 @@ class PlanMaker {
             RoadPoint const end = plan.back().to;
             m_made.road.plan.push_back({AsInFile(end.x), AsInFile(end.y), 0, AsInFile(station)});
         }
+        NoteJoints();
     }
 
   private:
@@ -66,6 +73,59 @@ class PlanMaker {
         }
     }
 
+    void RequireFirstStation(PlanElement const& first) const {
+        double const jump =
+            first.station.value_or(m_alignment.firstStation) - m_alignment.firstStation;
+        if (!(std::fabs(jump) <= std::max(stationRounding, m_how.tolerance))) {
+            throw NotTaken(first.where + Format(": its station is %.4lf, that of the alignment's "
+                                                "start %.4lf",
+                                                *first.station, m_alignment.firstStation));
+        }
+    }
+
+    // How far it lies from the end of the element before it, and whether it goes on in its
+    // direction. Corners between straights are a line's own.
+    void LookAtJoint(std::size_t i) {
+        PlanElement const& element = m_alignment.plan[i];
+        double const before = std::exchange(m_headingAtEnd, m_headings.second);
+        if (i == 0) {
+            return;
+        }
+        PlanElement const& last = m_alignment.plan[i - 1];
+        m_largestGap = std::max(m_largestGap, Distance(last.to, element.from));
+        auto const isStraight = [](PlanElement const& one) {
+            return !one.spiral && !kvarn::IsArc(one.bulge);
+        };
+        if (isStraight(last) && isStraight(element)) {
+            return;
+        }
+        constexpr double worthTelling =
+            0.001; // radians, and metres: of coordinates that are rounded
+        double const shorter =
+            std::min(Distance(last.from, last.to), Distance(element.from, element.to));
+        double const angle =
+            std::fabs(std::remainder(m_headings.first - before, 2 * std::numbers::pi));
+        if (angle > worthTelling + worthTelling / shorter) {
+            ++m_bends;
+            m_bendAt = angle > m_largestBend ? element.where : m_bendAt;
+            m_largestBend = std::max(m_largestBend, angle);
+        }
+    }
+
+    void NoteJoints() {
+        constexpr double worthTelling = 0.00005; // metres
+        if (m_largestGap > worthTelling) {
+            m_made.notes.push_back(
+                Format("elements that meet are up to %.4lf m apart", m_largestGap));
+        }
+        if (m_bends > 0) {
+            constexpr double gon = 200 / std::numbers::pi;
+            m_made.notes.push_back(
+                Count(m_bends, "bend") + " between an arc or a spiral and what is beside it" +
+                Format(", the largest of %.3lf gon at ", m_largestBend * gon) + m_bendAt);
+        }
+    }
+
     // Returns the length in metres.
     double AddPieces(PlanElement const& element) {
         m_begin = m_made.road.plan.size();
@@ -74,6 +134,10 @@ class PlanMaker {
             return AddSpiral(element);
         }
         Segment const segment(element.from, element.to, element.bulge);
+        double const chord =
+            std::atan2(element.from.y - element.to.y, element.to.x - element.from.x);
+        double const half = segment.IsArc() ? 2 * std::atan(element.bulge) : 0;
+        m_headings = {chord - half, chord + half};
         if (!segment.IsArc()) {
             AddVertex(0, element.from, 0);
             return segment.Length();
@@ -93,6 +157,7 @@ class PlanMaker {
                                   "further apart than they are",
                                   curve.Misfit()));
         }
+        m_headings = {curve.Heading(0), curve.Heading(1)};
         Arcs const arcs = AddArcs(element, curve, 0, 1);
         m_made.notes.push_back(element.where + ": the spiral became " +
                                Count(arcs.starts.size(), "arc") +
@@ -109,12 +174,6 @@ class PlanMaker {
         std::size_t const parts = AsInFile(std::tan(quarterTurn)) < 1       ? 1
                                   : AsInFile(std::tan(quarterTurn / 2)) < 1 ? 2
                                                                             : 3;
-        if (parts > 1) {
-            m_made.notes.push_back(element.where + ": the arc was divided into " +
-                                   std::to_string(parts) +
-                                   ": programs follow one of a half circle or more the other way "
-                                   "round");
-        }
         std::size_t count = 0;
         for (std::size_t i = 0; i < parts; ++i) {
             double const from = static_cast<double>(i) / static_cast<double>(parts);
@@ -123,10 +182,11 @@ class PlanMaker {
             ArcCurve const curve(part.From(), part.To(), part.Bulge());
             count += AddArcs(element, curve, from, to).starts.size();
         }
-        if (count > parts) {
-            m_made.notes.push_back(element.where + ": the arc was divided into " +
-                                   std::to_string(count) +
-                                   ": the four decimals of one bulge would move it further");
+        if (count > 1) {
+            m_made.notes.push_back(
+                element.where + ": the arc was divided into " + std::to_string(count) +
+                (parts > 1 ? ": programs follow one of a half circle or more the other way round"
+                           : ": the four decimals of one bulge would move it further"));
         }
     }
 
@@ -179,8 +239,14 @@ class PlanMaker {
     MakingRoad const& m_how;
     MadeRoad& m_made;
     double m_direction;
-    std::size_t m_begin = 0;     // of the element's vertices
-    std::vector<double> m_parts; // where they are on it
+    std::size_t m_begin = 0;              // of the element's vertices
+    std::vector<double> m_parts;          // where they are on it
+    std::pair<double, double> m_headings; // of the element's ends
+    double m_headingAtEnd = 0;            // of the one before it
+    double m_largestGap = 0;
+    std::size_t m_bends = 0;
+    double m_largestBend = 0;
+    std::string m_bendAt;
 };
 
 class ProfileMaker {
@@ -232,6 +298,7 @@ class ProfileMaker {
     void AddCurve(std::size_t i) {
         ProfilePoint const& point = m_points[i];
         m_difference = 0;
+        m_count = 0;
         double const in = Gradient(i - 1);
         double const out = Gradient(i);
         double before = point.lengthBefore;
@@ -272,10 +339,9 @@ class ProfileMaker {
             AddArcs(point, ParabolaCurve(meet, middle, out, after));
         }
         AddVertex(end, 0);
-        m_made.notes.push_back(point.where +
-                               Format(": the parabola became a circular curve, the largest "
-                                      "difference in height is %.4lf m",
-                                      m_difference));
+        m_made.notes.push_back(
+            point.where + ": the parabola became " + Count(m_count, "circular curve") +
+            Format(", the largest difference in height is %.4lf m", m_difference));
     }
 
     // The end of a curve on its tangent; the point that is already there, where one is.
@@ -304,6 +370,7 @@ class ProfileMaker {
                                   m_how.tolerance));
         }
         RoadPoint const end = curve.At(1);
+        m_count += arcs.starts.size();
         for (std::size_t i = 0; i < arcs.starts.size(); ++i) {
             ArcStart const& start = arcs.starts[i];
             AddVertex(start.at, start.bulge);
@@ -334,6 +401,7 @@ class ProfileMaker {
     MadeRoad& m_made;
     RoadPoint m_end = {0, -1e300}; // of what has been made
     double m_difference = 0;       // of this point's curve
+    std::size_t m_count = 0;       // of the curves that it became
 };
 
 // The name in the file's code page; a question mark for a letter that it lacks, and for a dollar

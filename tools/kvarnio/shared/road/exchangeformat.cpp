@@ -62,8 +62,8 @@ ExchangeFormat FormatOf(std::string const& given, std::string const& file, bool 
         return format->format;
     }
     if (format != nullptr) {
-        throw UsageError(std::string("a road comes out as ") + format->name +
-                         " and not in again; --format takes " + Names(isRead));
+        throw UsageError(std::string(format->name) +
+                         " is a format to write, not to read; --format takes " + Names(isRead));
     }
     throw UsageError((given.empty() ? "the ending of " + file + " tells no format"
                                     : "there is no format \"" + given + '"') +

@@ -9,6 +9,7 @@
 #include "../messages.h"
 #include "../output.h"
 #include "../platform.h"
+#include "exchangeformat.h"
 
 namespace kvarnio {
 namespace {
@@ -24,6 +25,10 @@ void RequireSegment(std::string const& path, std::vector<kovltype> const& vertic
 } // namespace
 
 RoadFile::RoadFile(std::string const& typed) : m_path(LibraryPath(typed)) {
+    if (IsExchangeFile(typed)) {
+        throw UsageError(typed + " is another program's file: kvarnio road import makes a road "
+                                 "file of it");
+    }
     int const result = m_road.Init(m_path.c_str());
     if (MessageWasShown() || result != 0) {
         ThrowNotRead(m_path);
