@@ -87,14 +87,10 @@ class Reader {
         double station = read.firstStation;
         for (xml_node const geometry : Children(alignment, "CoordGeom")) {
             for (xml_node const child : geometry.children()) {
-                std::string_view const name = LocalName(child);
-                if (name == "Feature" || child.type() != pugi::node_element) {
+                if (LocalName(child) == "Feature" || child.type() != pugi::node_element) {
                     continue;
                 }
-                PlanElement element = name == "Line"     ? Line(child)
-                                      : name == "Curve"  ? Curve(child)
-                                      : name == "Spiral" ? SpiralOf(child)
-                                                         : NoElement(child);
+                PlanElement element = Element(child);
                 element.where = m_values.Where(child);
                 element.station =
                     child.attribute("staStart") ? m_values.Length(child, "staStart") : station;
@@ -112,8 +108,18 @@ class Reader {
         }
     }
 
-    [[noreturn]] PlanElement NoElement(xml_node node) const {
-        m_values.Refuse(node, "a road file has lines and curves alone");
+    PlanElement Element(xml_node node) {
+        std::string_view const name = LocalName(node);
+        if (name == "Line") {
+            return Line(node);
+        }
+        if (name == "Spiral") {
+            return SpiralOf(node);
+        }
+        if (name != "Curve") {
+            m_values.Refuse(node, "a road file has lines and curves alone");
+        }
+        return Curve(node);
     }
 
     double LengthOf(xml_node node, PlanElement const& element) const {

@@ -111,11 +111,13 @@ std::optional<RoadPoint> LandXmlValues::PointIn(xml_node element, char const* na
         }
     }
     auto const found = m_points.find(reference.value());
-    if (found == m_points.end() || !found->second) {
-        Refuse(child, (found == m_points.end() ? "there is no point " : "there are more points ") +
+    bool const isKnown = found != m_points.end();
+    xml_node const point = isKnown ? found->second : xml_node();
+    if (!point) {
+        Refuse(child, (isKnown ? "there are more points " : "there is no point ") +
                           Quoted(reference.value()));
     }
-    return Pair(found->second);
+    return Pair(point);
 }
 
 RoadPoint LandXmlValues::Point(xml_node element, char const* name) {

@@ -114,7 +114,7 @@ RoadPoint SpiralCurve::Step(double from, double to) const {
     double const half = (to - from) / 2;
     RoadPoint sum = {0, 0};
     for (auto const& [at, weight] : rule) {
-        sum = sum + Towards(Heading(from + half + at * half), weight);
+        sum = sum + Towards(m_heading + Turned(from + half + at * half), weight);
     }
     return {sum.x * half * m_spiral.length, sum.y * half * m_spiral.length};
 }
