@@ -385,7 +385,7 @@ TEST(DxfTest, BadDrawingsAreRefusedWithTheLine) {
         return text.replace(text.find(part), part.size(), other);
     };
     std::pair<std::string, char const*> const cases[] = {
-        {"", "before its EOF"},
+        {"", "the drawing is empty"},
         {good.substr(0, good.find("0.41421") + 4), "line 22: the drawing ends in the middle"},
         {good.substr(0, 40), "line 9: the drawing ends in the middle"},
         {without("0\nENDSEC\n"), "line 32: the section before it has no ENDSEC"},

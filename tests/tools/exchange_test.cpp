@@ -124,6 +124,11 @@ TEST_F(ExchangeTest, InfoListsWhatAnotherProgramsFileHolds) {
     ASSERT_EQ(Export("vag27.vl", "vag27.dxf").status, 0);
     Json const json = Json::parse(RunBare("road info --json " + Quoted("vag27.dxf")).out);
     EXPECT_EQ(json["alignments"][0]["layer"], "VAGLINJE");
+    // The ticks are lines too, and would bury the one that is looked for.
+    std::string const table = RunBare("road info " + Quoted("vag27.dxf")).out;
+    EXPECT_EQ(std::count(table.begin(), table.end(), '\n'), 9) << table;
+    ExpectPart(table, "and " + std::to_string(json["alignments"].size() - 7) +
+                          " more                --json lists all");
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "otherroads.h"
 
+#include <map>
+
 #include <neighbours/dxf/dxf.h>
 #include <neighbours/landxml/landxml.h>
 
@@ -36,10 +38,20 @@ Listing OfLandXml(std::string const& text) {
 }
 
 Listing OfDxf(std::string const& text) {
+    constexpr std::size_t most = 5; // of a layer: ticks along a road are lines too
     Listing listing{{{"LAYER", "HOLDS", "WHERE"}}};
+    std::map<std::string, std::size_t> counts;
     for (DxfCandidate const& one : ListDxf(text)) {
-        listing.rows.push_back({one.layer, one.what, one.where});
+        if (++counts[one.layer] <= most) {
+            listing.rows.push_back({one.layer, one.what, one.where});
+        }
         listing.json.push_back({{"layer", one.layer}, {"holds", one.what}, {"where", one.where}});
+    }
+    for (auto const& [layer, count] : counts) {
+        if (count > most) {
+            listing.rows.push_back(
+                {layer, "and " + std::to_string(count - most) + " more", "--json lists all"});
+        }
     }
     return listing;
 }

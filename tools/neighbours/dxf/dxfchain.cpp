@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 
+#include <text/format.h>
+
 #include "../road/alignment.h"
 #include "dxfgroups.h"
 
@@ -218,7 +220,7 @@ RoadPoint EndOf(std::span<Edge const> edges, Link link) {
 }
 
 std::string PlaceText(RoadPoint p) {
-    return "N " + Metres(p.x) + " E " + Metres(p.y);
+    return kvarn::Format("N %.4lf E %.4lf", p.x, p.y);
 }
 
 } // namespace kvarnio::dxf

@@ -103,7 +103,9 @@ Groups::Groups(std::string_view text) : m_rest(text) {
 
 std::string_view Groups::TakeLine() {
     if (m_rest.empty()) {
-        throw NotTaken(LineText(m_line) + ": the drawing ends in the middle, before its EOF");
+        throw NotTaken(m_line == 0
+                           ? "the drawing is empty"
+                           : LineText(m_line) + ": the drawing ends in the middle, before its EOF");
     }
     ++m_line;
     std::size_t const end = std::min(m_rest.find('\n'), m_rest.size());

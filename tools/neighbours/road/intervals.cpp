@@ -118,8 +118,8 @@ std::vector<StationPlace> StationsAlong(std::span<kovltype const> plan, double i
     double const last = plan.back().sektion;
     double const count = std::fabs(last - first) / interval;
     if (!(count < static_cast<double>(most) - 2)) {
-        throw NotTaken("at every " + Metres(interval) + " m the line has more than " +
-                       std::to_string(most) + " stations");
+        throw NotTaken("at so short an interval the line has more than " + std::to_string(most) +
+                       " stations");
     }
     std::vector<StationPlace> stations;
     stations.reserve(static_cast<std::size_t>(count) + 3);
