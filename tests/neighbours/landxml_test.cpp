@@ -305,6 +305,10 @@ TEST(LandXmlTest, AlignmentsAndProfilesAreChosenByName) {
     ExpectRefused([&] { Made(two, {.name = "A"}); }, "there are 2 profiles: \"now\", \"then\"");
     EXPECT_EQ(Made(two, {.name = "A", .profile = "then"}).road.profile.size(), 2U);
     EXPECT_EQ(Made(two, {.name = "A", .planAlone = true}).road.profile.size(), 0U);
+    std::string onePoint = two;
+    onePoint.erase(onePoint.find("<PVI>9 2</PVI>"), 14);
+    ExpectRefused([&] { Made(onePoint, {.name = "A", .profile = "then"}); },
+                  "PVI: a profile of one point gives no heights; --no-profile leaves it out");
     ExpectRefused([&] { Made(two, {.name = "B"}); }, "neither a plan nor a profile");
 }
 

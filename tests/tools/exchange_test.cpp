@@ -59,7 +59,7 @@ TEST_F(ExchangeTest, WhatIsApproximatedIsToldWithItsLine) {
     EXPECT_FALSE(IsThere("none.vl"));
 }
 
-TEST_F(ExchangeTest, WhatWillSurpriseThoseWhoAskTheRoadIsSaidAtOnce) {
+TEST_F(ExchangeTest, WhatWillSurpriseThoseWhoAskTheRoadOrItsExportIsSaidAtOnce) {
     // From straight east of its centre, through the bulge 0.5.
     m_folder.Write("arc.dxf",
                    "0\nSECTION\n2\nENTITIES\n0\nARC\n8\nA\n10\n0\n20\n0\n40\n100\n50\n0\n51\n"
@@ -68,6 +68,11 @@ TEST_F(ExchangeTest, WhatWillSurpriseThoseWhoAskTheRoadIsSaidAtOnce) {
     EXPECT_EQ(result.status, 0);
     ExpectPart(result.err, "arc.vl:1: the arc starts straight north, east, south or west");
     ExpectPart(m_folder.Read("arc.vl"), "0.0000 100.0000 0.5000 0.0000 1 $\r\n96.0000 -28.0000 ");
+
+    m_folder.Write("one.vl", "0 0 0 0 1 $\r\n100 0 0 100\r\n*\r\nProfil\r\n*\r\n5 50 0\r\n");
+    for (char const* const name : {"one.xml", "one.csv", "one.geojson"}) {
+        ExpectPart(Export("one.vl", name).err, "the profile has one vertex alone: it is left out");
+    }
 }
 
 TEST_F(ExchangeTest, NothingIsWrittenOfWhatCannotBeTakenOver) {

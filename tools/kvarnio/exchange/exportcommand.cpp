@@ -76,8 +76,13 @@ Exported ToFormat(Context& context, RoadFile& file, ExchangeFormat format,
     Road const road = {kvarn::ToUtf8(file.Road().namn), file.Plan(), file.Profile()};
     std::optional<double> const interval = Interval(arguments);
     std::vector<std::string> notes;
+    if (road.plan.size() == 1) {
+        notes.emplace_back("the plan has one vertex alone: it is left out");
+    }
     if (format == ExchangeFormat::dxf && !road.profile.empty()) {
         notes.emplace_back("the profile is not part of a drawing");
+    } else if (road.profile.size() == 1) {
+        notes.emplace_back("the profile has one vertex alone: it is left out");
     }
     if (auto const jump = NoteOfJump(road.plan); format == ExchangeFormat::dxf && jump) {
         notes.push_back(*jump);

@@ -57,7 +57,7 @@ class Writer {
         AddUnits();
         xml_node alignment = m_root.append_child("Alignments").append_child("Alignment");
         std::vector<kovltype> const& plan = m_road.plan;
-        std::vector<kovltype> const& first = plan.empty() ? m_road.profile : plan;
+        std::vector<kovltype> const& first = plan.size() < 2 ? m_road.profile : plan;
         bool const decreases = plan.size() > 1 && plan[1].sektion < plan[0].sektion;
         Set(alignment, "name", InXml(m_road.name));
         Set(alignment, "length", Metres(std::fabs(first.back().sektion - first.front().sektion)));

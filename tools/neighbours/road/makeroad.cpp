@@ -268,6 +268,10 @@ class ProfileMaker {
                                "beyond it");
             }
         }
+        if (m_made.road.profile.size() == 1) {
+            throw NotTaken(m_points.front().where +
+                           ": a profile of one point gives no heights; --no-profile leaves it out");
+        }
     }
 
   private:
