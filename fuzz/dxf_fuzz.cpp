@@ -2,27 +2,17 @@
 // alone, and comes back from its own drawing.
 #include <algorithm>
 #include <cmath>
-#include <optional>
 #include <string>
 
 #include <neighbours/dxf/dxf.h>
 
-#include "check.h"
+#include "taken.h"
 
 namespace {
 
 using kvarnio::Alignment;
 using kvarnio::PlanElement;
 using kvarnio::Road;
-
-template <class Action> auto Taken(Action action) -> std::optional<decltype(action())> {
-    try {
-        return action();
-    } catch (kvarnio::NotTaken const& error) {
-        Check(*error.what() != '\0', "a refusal has a reason");
-        return std::nullopt;
-    }
-}
 
 bool IsPlace(kvarnio::RoadPoint p) {
     return std::isfinite(p.x) && std::isfinite(p.y);

@@ -1,38 +1,34 @@
 // LandXML of anybody: what is taken over is a road file that reads back as it is, and comes back
 // through LandXML the same.
-#include <cstdlib>
-#include <string_view>
-
 #include <formats/checks/checkvagfil.h>
 #include <neighbours/landxml/landxml.h>
 #include <neighbours/road/makeroad.h>
 
-using namespace kvarnio;
+#include "taken.h"
 
 namespace {
 
-void Require(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
+kvarnio::Road RoadOf(std::string_view text) {
+    return kvarnio::MakeRoad(kvarnio::ReadLandXml(text, {}), {.tolerance = 0.01}).road;
 }
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t size) {
-    std::string_view const text(reinterpret_cast<char const*>(data), size);
-    try {
-        MadeRoad const made = MakeRoad(ReadLandXml(text, {}), {.tolerance = 0.01});
-        std::string const road = RoadText(made.road);
-        kvarn::VagfilContent const content = kvarn::ReadVagfil(road);
-        Require(content.skipped == 0);
-        Require(content.plan.vertices.size() == made.road.plan.size());
-        Require(content.profile.vertices.size() == made.road.profile.size());
-        std::string const out = ToLandXml(made.road, {"2026-01-01", "00:00:00"});
-        MadeRoad const back = MakeRoad(ReadLandXml(out, {}), {.tolerance = 0.01});
-        Require(RoadText(back.road) == road);
-    } catch (NotTaken const&) {
+    std::string const text(data, data + size);
+    auto const road = Taken([&] { return RoadOf(text); });
+    if (!road) {
         return 0;
+    }
+    std::string const written = kvarnio::RoadText(*road);
+    kvarn::VagfilContent const content = kvarn::ReadVagfil(written);
+    Check(content.skipped == 0 && content.plan.vertices.size() == road->plan.size() &&
+              content.profile.vertices.size() == road->profile.size(),
+          "programs read each vertex");
+    auto const out = Taken([&] { return kvarnio::ToLandXml(*road, {"2026-01-01", "00:00:00"}); });
+    if (out) {
+        auto const back = Taken([&] { return RoadOf(*out); });
+        Check(back && kvarnio::RoadText(*back) == written, "what goes out comes back");
     }
     return 0;
 }
