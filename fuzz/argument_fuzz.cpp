@@ -5,22 +5,17 @@
 #include <cstdlib>
 #include <optional>
 
-#include "check.h"
 #include "codes/codearguments.h"
 #include "input.h"
 #include "shared/arguments.h"
 #include "shared/failure.h"
+#include "taken.h"
 #include "text/codepage.h"
 
 namespace {
 
-template <class Action> auto Taken(Action action) -> std::optional<decltype(action())> {
-    try {
-        return action();
-    } catch (kvarnio::UsageError const& error) {
-        Check(*error.what() != '\0', "a refusal has a reason");
-        return std::nullopt;
-    }
+template <class Action> auto Taken(Action action) {
+    return TakenUnless<kvarnio::UsageError>(action);
 }
 
 bool IsPlain(std::string const& utf8) {

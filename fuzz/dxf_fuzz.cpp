@@ -10,6 +10,10 @@
 
 namespace {
 
+template <class Action> auto Taken(Action action) {
+    return TakenUnless<kvarnio::NotTaken>(action);
+}
+
 using kvarnio::Alignment;
 using kvarnio::PlanElement;
 using kvarnio::Road;

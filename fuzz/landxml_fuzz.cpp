@@ -8,6 +8,10 @@
 
 namespace {
 
+template <class Action> auto Taken(Action action) {
+    return TakenUnless<kvarnio::NotTaken>(action);
+}
+
 kvarnio::Road RoadOf(std::string_view text) {
     return kvarnio::MakeRoad(kvarnio::ReadLandXml(text, {}), {.tolerance = 0.01}).road;
 }

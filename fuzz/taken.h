@@ -1,17 +1,16 @@
-// Files of other programs are taken over or refused with a reason, and nothing else.
+// What comes from outside is taken or refused with a reason, and nothing else.
 #pragma once
 
 #include <optional>
 
-#include <neighbours/road/alignment.h>
-
 #include "check.h"
 
-// What an action makes; nothing when it refuses.
-template <class Action> auto Taken(Action action) -> std::optional<decltype(action())> {
+// What an action makes; nothing when it throws a refusal.
+template <class Refusal, class Action>
+auto TakenUnless(Action action) -> std::optional<decltype(action())> {
     try {
         return action();
-    } catch (kvarnio::NotTaken const& refusal) {
+    } catch (Refusal const& refusal) {
         Check(*refusal.what() != '\0', "a refusal has a reason");
         return std::nullopt;
     }

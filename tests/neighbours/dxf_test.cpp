@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "refused.h"
 #include "roads.h"
 
 namespace {
@@ -50,12 +51,7 @@ std::string const polyline = "0\nLWPOLYLINE\n8\nA\n90\n4\n70\n0\n10\n0\n20\n0\n1
                              "42\n0.41421356237\n10\n20\n20\n10\n10\n20\n20\n30\n";
 
 std::string Refusal(std::string const& text, DxfChoice const& choice = {}) {
-    try {
-        ReadDxf(text, choice);
-    } catch (std::runtime_error const& error) {
-        return error.what();
-    }
-    return "taken";
+    return RefusalOf([&] { ReadDxf(text, choice); });
 }
 
 std::string Notes(Alignment const& alignment) {
@@ -426,12 +422,7 @@ TEST(DxfTest, BadDrawingsAreRefusedWithTheLine) {
 
 TEST(DxfTest, RoadsThatAreNoLineAreNotWritten) {
     auto const refusal = [](Road const& road, double interval = 20) -> std::string {
-        try {
-            ToDxf(road, {interval, {}});
-        } catch (std::runtime_error const& error) {
-            return error.what();
-        }
-        return "written";
+        return RefusalOf([&] { ToDxf(road, {interval, {}}); });
     };
     auto const with = [](std::size_t vertex, double kovltype::*member, double value) {
         Road road = Arcs();

@@ -6,6 +6,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "refused.h"
 #include "roads.h"
 
 namespace {
@@ -24,12 +25,7 @@ Json Line(Json const& collection) {
 }
 
 std::string Refusal(Road const& road, GeoJsonOptions const& options) {
-    try {
-        ToGeoJson(road, options);
-    } catch (std::runtime_error const& error) {
-        return error.what();
-    }
-    return "written";
+    return RefusalOf([&] { ToGeoJson(road, options); });
 }
 
 TEST(GeoJsonTest, EastIsFirst) {

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "refused.h"
 #include "roads.h"
 
 namespace {
@@ -25,12 +26,7 @@ std::vector<std::string> Lines(std::string const& text) {
 }
 
 std::string Refusal(Road const& road, StationTable const& table) {
-    try {
-        ToCsv(road, table);
-    } catch (std::runtime_error const& error) {
-        return error.what();
-    }
-    return "written";
+    return RefusalOf([&] { ToCsv(road, table); });
 }
 
 TEST(StationTableTest, RowsAreOfKnownPoints) {

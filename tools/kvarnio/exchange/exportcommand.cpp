@@ -16,6 +16,7 @@
 #include "../commands.h"
 #include "../shared/arguments.h"
 #include "../shared/backup.h"
+#include "../shared/folder.h"
 #include "../shared/output.h"
 #include "../shared/platform.h"
 #include "../shared/road/exchangeformat.h"
@@ -59,16 +60,19 @@ std::optional<double> Interval(ExportArguments const& arguments) {
 }
 
 // Stations that do not follow from the segments' lengths are drawn, but not taken back.
-std::optional<std::string> NoteOfJump(std::vector<kovltype> const& plan) {
+void AppendNotesOfDrawing(Road const& road, std::vector<std::string>& notes) {
+    if (!road.profile.empty()) {
+        notes.emplace_back("the profile is not part of a drawing");
+    }
+    std::vector<kovltype> const& plan = road.plan;
     for (std::size_t i = 1; i < plan.size(); ++i) {
-        double const length = Segment(plan[i - 1], plan[i]).Length();
         double const step = std::fabs(plan[i].sektion - plan[i - 1].sektion);
-        if (!(std::fabs(length - step) <= stationRounding)) {
-            return "the stations jump at vertex " + std::to_string(i + 1) +
-                   ": road import would not take the drawing back";
+        if (!IsAsLongAs(Segment(plan[i - 1], plan[i]), step)) {
+            notes.push_back("the stations jump at vertex " + std::to_string(i + 1) +
+                            ": road import would not take the drawing back");
+            return;
         }
     }
-    return std::nullopt;
 }
 
 Exported ToFormat(Context& context, RoadFile& file, ExchangeFormat format,
@@ -79,13 +83,10 @@ Exported ToFormat(Context& context, RoadFile& file, ExchangeFormat format,
     if (road.plan.size() == 1) {
         notes.emplace_back("the plan has one vertex alone: it is left out");
     }
-    if (format == ExchangeFormat::dxf && !road.profile.empty()) {
-        notes.emplace_back("the profile is not part of a drawing");
+    if (format == ExchangeFormat::dxf) {
+        AppendNotesOfDrawing(road, notes);
     } else if (road.profile.size() == 1) {
         notes.emplace_back("the profile has one vertex alone: it is left out");
-    }
-    if (auto const jump = NoteOfJump(road.plan); format == ExchangeFormat::dxf && jump) {
-        notes.push_back(*jump);
     }
     switch (format) {
     case ExchangeFormat::landXml:
@@ -131,9 +132,7 @@ void RequireFitting(ExchangeFormat format, ExportArguments const& arguments) {
 
 // An export is made anew at any time, and replaces the last one without a copy; a road file is not.
 void RefuseRoadFile(std::string const& output) {
-    constexpr std::string_view ending = ".VL";
-    if (output.size() > ending.size() &&
-        kvarn::CompareNoCase1252(output.substr(output.size() - ending.size()), ending) == 0) {
+    if (HasExtension(output, ".VL")) {
         throw UsageError(Shown(output) + " is a road file's name; give the export another ending");
     }
 }

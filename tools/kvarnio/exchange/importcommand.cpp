@@ -109,8 +109,7 @@ std::string Summary(MadeRoad const& made) {
     auto const add = [&](std::vector<kovltype> const& part, char const* name, double off) {
         if (!part.empty()) {
             text += (text.empty() ? "" : ", ") + std::string(name) + " of " +
-                    std::to_string(part.size()) +
-                    (part.size() == 1 ? " vertex within " : " vertices within ") +
+                    std::to_string(part.size()) + " vertices within " +
                     kvarn::Format("%.4lf m", off);
         }
     };

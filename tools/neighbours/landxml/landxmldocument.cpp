@@ -46,7 +46,7 @@ std::optional<std::string> Converted(std::string_view text) {
 }
 
 // A document type, which may stand before the root element, could define entities.
-void RequireNoDoctype(std::string_view text) {
+void RequireNoDoctype(std::string_view text, LineNumbers const& lines) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     std::size_t at = text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
     while (true) {
@@ -58,10 +58,8 @@ void RequireNoDoctype(std::string_view text) {
         std::size_t const ends = end.empty() ? std::string_view::npos : rest.find(end);
         if (ends == std::string_view::npos) {
             if (rest.starts_with("<!")) {
-                throw NotTaken(
-                    "line " +
-                    std::to_string(LineNumbers(text).Of(static_cast<std::ptrdiff_t>(at))) +
-                    ": a document type (DOCTYPE), which LandXML has none of");
+                throw NotTaken("line " + std::to_string(lines.Of(static_cast<std::ptrdiff_t>(at))) +
+                               ": a document type (DOCTYPE), which LandXML has none of");
             }
             return;
         }
@@ -126,8 +124,8 @@ LandXmlDocument::LandXmlDocument(std::string_view text) {
     RequirePlainText(text);
     std::optional<std::string> const converted = Converted(text);
     text = converted ? std::string_view(*converted) : text;
-    RequireNoDoctype(text);
     m_lines = LineNumbers(text);
+    RequireNoDoctype(text, m_lines);
     pugi::xml_parse_result const result = m_document.load_buffer(
         text.data(), text.size(),
         pugi::parse_cdata | pugi::parse_escapes | pugi::parse_wconv_attribute | pugi::parse_eol |

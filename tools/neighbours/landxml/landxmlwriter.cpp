@@ -106,7 +106,7 @@ class Writer {
         kovltype const& from = m_road.plan[i - 1];
         kovltype const& to = m_road.plan[i];
         Segment const segment(from, to);
-        if (!(std::fabs(length - segment.Length()) <= stationRounding)) {
+        if (!IsAsLongAs(segment, length)) {
             throw NotTaken("vertex " + std::to_string(i + 1) + " of the plan: its station " +
                            Format("%.4lf", to.sektion) +
                            Format(" differs by %.4lf m from that by the segment's length; LandXML "

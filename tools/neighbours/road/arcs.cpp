@@ -85,7 +85,7 @@ class Divider {
         auto const isSame = [&](double a, double b) {
             return std::fabs(std::remainder(a - b, 2 * std::numbers::pi)) <= allowed;
         };
-        double const middle = std::atan2(-chord.y, chord.x);
+        double const middle = HeadingOf(chord);
         double const half = 2 * std::atan(start.bulge);
         bool const isLast = &start == &m_arcs.starts.back();
         bool const begins = isSame(middle - half, heading);

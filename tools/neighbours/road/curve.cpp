@@ -18,10 +18,6 @@ RoadPoint Towards(double heading, double metres) {
     return {metres * std::cos(heading), -metres * std::sin(heading)};
 }
 
-double HeadingOf(RoadPoint vector) {
-    return std::atan2(-vector.y, vector.x);
-}
-
 RoadPoint operator+(RoadPoint a, RoadPoint b) {
     return {a.x + b.x, a.y + b.y};
 }
@@ -50,6 +46,10 @@ double Distance(RoadPoint a, RoadPoint b) {
 }
 
 } // namespace
+
+double HeadingOf(RoadPoint vector) {
+    return std::atan2(-vector.y, vector.x);
+}
 
 double Curve::Deviation(kovltype const& from, kovltype const& to, double begin, double end) const {
     Segment const segment(from, to);

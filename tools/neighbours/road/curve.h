@@ -9,6 +9,8 @@
 
 namespace kvarnio {
 
+double HeadingOf(RoadPoint vector);
+
 class Curve {
   public:
     Curve() = default;

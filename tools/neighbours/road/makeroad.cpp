@@ -134,8 +134,7 @@ class PlanMaker {
             return AddSpiral(element);
         }
         Segment const segment(element.from, element.to, element.bulge);
-        double const chord =
-            std::atan2(element.from.y - element.to.y, element.to.x - element.from.x);
+        double const chord = HeadingOf(element.to - element.from);
         double const half = segment.IsArc() ? 2 * std::atan(element.bulge) : 0;
         m_headings = {chord - half, chord + half};
         if (!segment.IsArc()) {

@@ -86,6 +86,10 @@ void Segment::AddTo(Extent& extent) const {
     }
 }
 
+bool IsAsLongAs(Segment const& segment, double stations) {
+    return std::fabs(stations - segment.Length()) <= stationRounding;
+}
+
 std::optional<double> BearingAt(Segment const& segment, double fraction) {
     constexpr double fullTurn = 400; // gon
     RoadPoint const right = segment.Across(fraction);

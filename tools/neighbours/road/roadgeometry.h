@@ -68,6 +68,9 @@ class Segment {
     double m_sweep = 0;   // to the end
 };
 
+// Whether the stations of its ends may differ by so many metres, without a jump.
+bool IsAsLongAs(Segment const& segment, double stations);
+
 // The bearing of travel at a fraction of the segment's length, in gon, clockwise from north;
 // nothing where it has no direction.
 std::optional<double> BearingAt(Segment const& segment, double fraction);

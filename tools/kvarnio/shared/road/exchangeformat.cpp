@@ -8,6 +8,7 @@
 #include <text/codepage.h>
 
 #include "../failure.h"
+#include "../folder.h"
 
 namespace kvarnio {
 namespace {
@@ -26,11 +27,6 @@ constexpr std::array<Known, 4> known = {{
     {ExchangeFormat::csv, "csv", {".csv", ".txt"}, false},
 }};
 
-bool EndsIn(std::string_view file, std::string_view ending) {
-    return !ending.empty() && file.size() > ending.size() &&
-           kvarn::CompareNoCase1252(file.substr(file.size() - ending.size()), ending) == 0;
-}
-
 std::string Names(bool areRead) {
     std::string names;
     for (Known const& format : known) {
@@ -43,8 +39,9 @@ std::string Names(bool areRead) {
 
 Known const* ByEnding(std::string const& file) {
     auto const* const found = std::find_if(known.begin(), known.end(), [&](Known const& format) {
-        return std::any_of(format.endings.begin(), format.endings.end(),
-                           [&](std::string_view ending) { return EndsIn(file, ending); });
+        return std::any_of(
+            format.endings.begin(), format.endings.end(),
+            [&](std::string_view ending) { return !ending.empty() && HasExtension(file, ending); });
     });
     return found == known.end() ? nullptr : found;
 }
